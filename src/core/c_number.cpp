@@ -1,0 +1,93 @@
+#include "core/c_number.h"
+
+#include <locale.h>
+
+#include <cctype>
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+namespace tormel {
+
+namespace {
+
+locale_t CLocale() {
+    static locale_t c = newlocale(LC_ALL_MASK, "C", static_cast<locale_t>(0));
+    return c;
+}
+
+// Switches the calling thread to the C locale for its lifetime.
+class CLocaleScope {
+public:
+    CLocaleScope() : previous_(uselocale(CLocale())) {}
+    ~CLocaleScope() { uselocale(previous_); }
+    CLocaleScope(const CLocaleScope&) = delete;
+    CLocaleScope& operator=(const CLocaleScope&) = delete;
+
+private:
+    locale_t previous_;
+};
+
+}  // namespace
+
+std::string FormatC(const char* format, ...) {
+    CLocaleScope scope;
+    char small[128];
+    va_list args;
+    va_start(args, format);
+    va_list copy;
+    va_copy(copy, args);
+    int n = std::vsnprintf(small, sizeof small, format, args);
+    va_end(args);
+    std::string out;
+    if (n < 0) {
+        va_end(copy);
+        return out;
+    }
+    if (static_cast<size_t>(n) < sizeof small) {
+        out.assign(small, static_cast<size_t>(n));
+    } else {
+        std::vector<char> big(static_cast<size_t>(n) + 1);
+        std::vsnprintf(big.data(), big.size(), format, copy);
+        out.assign(big.data(), static_cast<size_t>(n));
+    }
+    va_end(copy);
+    return out;
+}
+
+double StrToDoubleC(std::string_view text, size_t* consumed) {
+    std::string s(text);
+    char* end = nullptr;
+    double v = strtod_l(s.c_str(), &end, CLocale());
+    if (consumed) *consumed = static_cast<size_t>(end - s.c_str());
+    return v;
+}
+
+std::optional<double> ParseDoubleC(std::string_view text) {
+    size_t b = 0, e = text.size();
+    while (b < e && std::isspace(static_cast<unsigned char>(text[b]))) ++b;
+    while (e > b && std::isspace(static_cast<unsigned char>(text[e - 1]))) --e;
+    if (b == e) return std::nullopt;
+    size_t used = 0;
+    double v = StrToDoubleC(text.substr(b, e - b), &used);
+    if (used != e - b) return std::nullopt;
+    return v;
+}
+
+int StrToIntPlatform(std::string_view text) {
+    size_t i = 0;
+    while (i < text.size() && (text[i] == ' ' || text[i] == '\t')) ++i;
+    bool negative = false;
+    if (i < text.size() && (text[i] == '-' || text[i] == '+')) negative = text[i++] == '-';
+    long long v = 0;
+    while (i < text.size() && text[i] >= '0' && text[i] <= '9') {
+        v = v * 10 + (text[i++] - '0');
+        if (v > 2147483648LL) v = 2147483648LL;
+    }
+    if (negative) v = -v;
+    if (v > 2147483647LL) v = 2147483647LL;
+    return static_cast<int>(v);
+}
+
+}  // namespace tormel

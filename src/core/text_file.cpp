@@ -1,0 +1,103 @@
+#include "core/text_file.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include "core/utf16.h"
+
+namespace tormel {
+
+namespace fs = std::filesystem;
+
+std::optional<std::string> ReadBinaryFile(const std::string& path) {
+    std::error_code ec;
+    if (fs::is_directory(path, ec)) return std::nullopt;
+    std::ifstream in(path, std::ios::binary);
+    if (!in) return std::nullopt;
+    std::ostringstream buffer;
+    buffer << in.rdbuf();
+    if (in.bad()) return std::nullopt;
+    return std::move(buffer).str();
+}
+
+bool FileExists(const std::string& path) {
+    std::error_code ec;
+    return fs::is_regular_file(path, ec);
+}
+
+std::optional<std::u16string> ReadUtf16File(const std::string& path, FileError* error) {
+    auto bytes = ReadBinaryFile(path);
+    if (!bytes) {
+        if (error) *error = {path, std::string("cannot open the file: ") + std::strerror(errno ? errno : ENOENT)};
+        return std::nullopt;
+    }
+    const std::string& b = *bytes;
+    size_t start = 0;
+    if (b.size() >= 2 && static_cast<unsigned char>(b[0]) == 0xFF && static_cast<unsigned char>(b[1]) == 0xFE) start = 2;
+    std::u16string text;
+    text.reserve((b.size() - start) / 2);
+    for (size_t i = start; i + 1 < b.size(); i += 2) {
+        char16_t c = static_cast<char16_t>(static_cast<unsigned char>(b[i]) | (static_cast<unsigned char>(b[i + 1]) << 8));
+        if (c == u'\n' && !text.empty() && text.back() == u'\r') {
+            text.back() = u'\n';
+        } else {
+            text += c;
+        }
+    }
+    return text;
+}
+
+bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileError* error) {
+    fs::path target(path);
+    fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    std::random_device rd;
+    std::string tmpName = "." + target.filename().string() + ".tmp" + std::to_string(rd() % 1000000);
+    fs::path tmp = folder / tmpName;
+    auto fail = [&](const std::string& what) {
+        if (error) *error = {path, what + ": " + std::strerror(errno ? errno : EIO)};
+        std::error_code ec;
+        fs::remove(tmp, ec);
+        return false;
+    };
+    errno = 0;
+    FILE* f = std::fopen(tmp.c_str(), "wb");
+    if (!f) return fail("cannot create the file");
+    bool ok = std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size();
+    ok = (std::fflush(f) == 0) && ok;
+    ok = (std::fclose(f) == 0) && ok;
+    if (!ok) return fail("cannot write the file");
+    std::error_code ec;
+    fs::rename(tmp, target, ec);
+    if (ec) {
+        errno = ec.value();
+        return fail("cannot replace the file");
+    }
+    return true;
+}
+
+bool WriteUtf16File(const std::string& path, std::u16string_view text, FileError* error) {
+    std::string bytes;
+    bytes.reserve(2 + text.size() * 2 + text.size() / 16);
+    bytes += static_cast<char>(0xFF);
+    bytes += static_cast<char>(0xFE);
+    auto put = [&](char16_t c) {
+        bytes += static_cast<char>(c & 0xFF);
+        bytes += static_cast<char>(c >> 8);
+    };
+    for (char16_t c : text) {
+        if (c == u'\n') put(u'\r');
+        put(c);
+    }
+    return WriteFileAtomically(path, bytes, error);
+}
+
+bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileError* error) {
+    return WriteUtf16File(path, std::u16string_view(Utf8ToUtf16(utf8Text)), error);
+}
+
+}  // namespace tormel

@@ -1,0 +1,114 @@
+#include "core/token_reader.h"
+
+#include <climits>
+#include <cstdlib>
+#include <cwctype>
+
+#include "core/c_number.h"
+#include "core/utf16.h"
+
+namespace tormel {
+
+namespace {
+
+bool IsSpace(char16_t c) { return c == u' ' || c == u'\t' || c == u'\n' || c == u'\v' || c == u'\f' || c == u'\r'; }
+
+}  // namespace
+
+TokenReader::TokenReader(std::u16string text) : text_(std::move(text)) {}
+
+void TokenReader::Advance(size_t n) {
+    for (size_t k = 0; k < n && pos_ < text_.size(); ++k) {
+        if (text_[pos_++] == u'\n') ++line_;
+    }
+}
+
+void TokenReader::SkipSpace() {
+    while (pos_ < text_.size() && IsSpace(text_[pos_])) Advance(1);
+}
+
+bool TokenReader::ReadLine(std::u16string& line, size_t maxChars) {
+    line.clear();
+    if (pos_ >= text_.size()) return false;
+    while (pos_ < text_.size() && line.size() < maxChars) {
+        char16_t c = text_[pos_];
+        Advance(1);
+        line += c;
+        if (c == u'\n') break;
+    }
+    return true;
+}
+
+bool TokenReader::ReadLineUtf8(std::string& line, size_t maxChars) {
+    std::u16string wide;
+    bool ok = ReadLine(wide, maxChars);
+    line = Utf16ToUtf8(wide);
+    return ok;
+}
+
+bool TokenReader::ReadQuotedName(std::string& name, size_t maxChars) {
+    name.clear();
+    while (pos_ < text_.size() && text_[pos_] != u'"') Advance(1);
+    if (pos_ >= text_.size()) return false;
+    Advance(1);  // opening quote
+    std::u16string wide;
+    while (pos_ < text_.size() && text_[pos_] != u'"') {
+        if (wide.size() < maxChars) wide += text_[pos_];
+        Advance(1);
+    }
+    name = Utf16ToUtf8(wide);
+    if (pos_ >= text_.size()) return false;
+    Advance(1);  // closing quote
+    return true;
+}
+
+// Copies the ASCII characters from the current position (at most `limit`)
+// into a narrow buffer for the C library's conversions.
+static std::string AsciiPrefix(const std::u16string& text, size_t pos, size_t limit) {
+    std::string out;
+    for (size_t i = pos; i < text.size() && out.size() < limit; ++i) {
+        char16_t c = text[i];
+        if (c == 0 || c >= 0x80) break;
+        out += static_cast<char>(c);
+    }
+    return out;
+}
+
+bool TokenReader::ReadInt(int32_t& value) {
+    SkipSpace();
+    if (pos_ >= text_.size()) return false;
+    std::string s = AsciiPrefix(text_, pos_, 64);
+    if (s.empty()) return false;
+    char* end = nullptr;
+    long long v = std::strtoll(s.c_str(), &end, 0);
+    size_t used = static_cast<size_t>(end - s.c_str());
+    if (used == 0) return false;
+    if (v > INT32_MAX) v = INT32_MAX;
+    if (v < INT32_MIN) v = INT32_MIN;
+    value = static_cast<int32_t>(v);
+    Advance(used);
+    return true;
+}
+
+bool TokenReader::ReadDouble(double& value) {
+    SkipSpace();
+    if (pos_ >= text_.size()) return false;
+    std::string s = AsciiPrefix(text_, pos_, 512);
+    if (s.empty()) return false;
+    size_t used = 0;
+    double v = StrToDoubleC(s, &used);
+    if (used == 0) return false;
+    value = v;
+    Advance(used);
+    return true;
+}
+
+void TokenReader::SkipLine() {
+    while (pos_ < text_.size()) {
+        char16_t c = text_[pos_];
+        Advance(1);
+        if (c == u'\n') break;
+    }
+}
+
+}  // namespace tormel

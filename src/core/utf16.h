@@ -1,0 +1,16 @@
+#pragma once
+// Conversion between the UTF-8 strings the program holds and the UTF-16 text
+// of its files. Invalid sequences become U+FFFD, never an error.
+#include <string>
+#include <string_view>
+
+namespace tormel {
+
+std::u16string Utf8ToUtf16(std::string_view utf8);
+std::string Utf16ToUtf8(std::u16string_view utf16);
+
+// Number of UTF-16 code units the UTF-8 text needs (the unit in which the
+// file formats count characters).
+size_t Utf16Length(std::string_view utf8);
+
+}  // namespace tormel

@@ -1,0 +1,35 @@
+#pragma once
+// The current input problem: global options of the calculation. The per
+// component input (value and type) lives in the component records of the
+// chemical system.
+#include <cstdint>
+#include <string>
+
+#include "core/chemical_types.h"
+
+namespace tormel {
+
+struct InputProblem {
+    std::string description;
+    bool ionicStrengthFixed = false;
+    double fixedIonicStrength = 0;  // mol/L; kept by a reset
+    int32_t ionicStrengthModel = 2;  // 1 Davies, 2 MSA
+    double convergenceCriterion = 1.0001;
+    double temperature = 25;  // degrees C
+    int32_t temperatureCorrection = 0;  // 0 none, 1 when all enthalpies known, 2 always
+    bool forceNeutral = false;
+    int32_t neutraliseCation = 0;  // component index; kept by a reset
+    int32_t neutraliseAnion = 0;   // component index; kept by a reset
+    bool precipitation = false;
+    bool redox = false;
+    bool adsorption = false;
+    bool organicComplexation = false;
+    int32_t organicModel = Model7;
+    double docConcentration = 0;  // mg/L of carbon
+    double fulvicFraction = 0.5;
+
+    std::string currentInputFile;
+    bool modified = false;
+};
+
+}  // namespace tormel
