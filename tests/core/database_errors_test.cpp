@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include "core/database_files.h"
+#include "support/recording_ui.h"
+#include "support/synthetic_database.h"
+#include "support/temp_folder.h"
+
+namespace tormel {
+namespace {
+
+using test::TempFolder;
+using test::Utf16Bytes;
+using test::WriteBytes;
+
+const char* kHeader = "Contents: test\nVersion: 1\nNumber of records: ";
+
+// Replaces one working copy of a valid synthetic set with crafted text.
+struct CraftedDatabase {
+    TempFolder dir;
+    test::RecordingUi ui;
+    ChemicalSystem chem;
+    CraftedDatabase() { test::WriteSyntheticWorkingCopies(test::SyntheticDatabase(), dir.Path()); }
+    std::optional<DatabaseError> LoadWith(int position, const std::string& text) {
+        WriteBytes(WorkingCopyPath(dir.Path(), position), Utf16Bytes(text));
+        return LoadDatabase(chem, dir.Path(), ui.services);
+    }
+};
+
+TEST(CoreDatabaseErrors, MissingWorkingCopyNamesTheFile) {
+    CraftedDatabase db;
+    std::remove(WorkingCopyPath(db.dir.Path(), DbLiterature).c_str());
+    auto error = LoadDatabase(db.chem, db.dir.Path(), db.ui.services);
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->path, WorkingCopyPath(db.dir.Path(), DbLiterature));
+    EXPECT_NE(error->Describe().find("LIT_REF.D64"), std::string::npos);
+    EXPECT_EQ(db.chem.ComponentCount(), 0) << "a failed load leaves no half database";
+}
+
+TEST(CoreDatabaseErrors, CountLargerThanTheRecordsPresent) {
+    CraftedDatabase db;
+    auto error = db.LoadWith(DbComponents, std::string(kHeader) + "3\n\"H\" 1 1 1.008 0\n\"OH\" 3 -1 17 0\n");
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->record, "component 3");
+    EXPECT_NE(error->message.find("ends before"), std::string::npos);
+}
+
+TEST(CoreDatabaseErrors, TruncatedRecordNamesTheRecordAndField) {
+    CraftedDatabase db;
+    auto error = db.LoadWith(DbComponents, std::string(kHeader) + "2\n\"H\" 1 1 1.008 0\n\"Ca\" 1 2");
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->record, "component 2 (\"Ca\")");
+    EXPECT_NE(error->message.find("molar mass"), std::string::npos);
+    EXPECT_EQ(error->line, 5);
+}
+
+TEST(CoreDatabaseErrors, UnclosedQuote) {
+    CraftedDatabase db;
+    auto error = db.LoadWith(DbComponents, std::string(kHeader) + "2\n\"H\" 1 1 1.008 0\n\"Ca 1 2 40 0\n");
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->message.find("closing quote"), std::string::npos);
+}
+
+TEST(CoreDatabaseErrors, HugeCountIsRefusedBeforeAllocating) {
+    CraftedDatabase db;
+    auto error = db.LoadWith(DbEquilibria, std::string(kHeader) + "2000000000\n\"H2O\" 1 0 14 0 0 -2 0 0 2 1 1 1 2\n");
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->line, 3);
+    EXPECT_NE(error->message.find("larger than the file"), std::string::npos);
+}
+
+TEST(CoreDatabaseErrors, ComponentNumberOutsideTheTable) {
+    CraftedDatabase db;
+    auto error = db.LoadWith(DbEquilibria, std::string(kHeader) + "1\n\"H2O\" 1 0 14 0 0 -2 0 1 2 1 1 1 99\n");
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->message.find("component number 99"), std::string::npos);
+}
+
+TEST(CoreDatabaseErrors, LiteratureNumberOutsideTheTable) {
+    CraftedDatabase db;
+    auto error = db.LoadWith(DbEquilibria, std::string(kHeader) + "1\n\"H2O\" 1 0 14 0 0 -2 0 77 2 1 1 1 2\n");
+    ASSERT_TRUE(error);
+    EXPECT_NE(error->message.find("literature reference 77"), std::string::npos);
+}
+
+TEST(CoreDatabaseErrors, TruncatedLiteratureAndModelFiles) {
+    CraftedDatabase db;
+    auto error = db.LoadWith(DbLiterature, std::string(kHeader) + "9\nfirst\nsecond\n");
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->record, "reference 3");
+    CraftedDatabase model;
+    error = model.LoadWith(DbModel6, "a\nb\nc\n1.5 nA\n2.5 nB\n");
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->record, "fulvic parameter 3");
+}
+
+TEST(CoreDatabaseErrors, GarbageBytesGiveAnErrorNotACrash) {
+    CraftedDatabase db;
+    std::string garbage;
+    for (int i = 0; i < 4096; ++i) garbage += static_cast<char>((i * 7919) % 256);
+    WriteBytes(WorkingCopyPath(db.dir.Path(), DbEquilibria), garbage);
+    EXPECT_TRUE(LoadDatabase(db.chem, db.dir.Path(), db.ui.services));
+}
+
+TEST(CoreDatabaseFormats, TypeSpecificFieldsAreOnlyPresentWhereTheyBelong) {
+    CraftedDatabase db;
+    // gas and redox-solid components carry no charge; an organic one its model code
+    auto error = db.LoadWith(DbComponents, std::string(kHeader) +
+                                               "5\n\"H\" 1 1 1.008 9E-10\n\"OH\" 3 -1 17.007 3.5E-10\n"
+                                               "\"MnO2(s)\" 5 86.94\n\"CO2(g)\" 6\n\"HA7\" 7 0 4\n");
+    ASSERT_TRUE(error);  // the equilibria of the synthetic set refer to more components
+    ChemicalSystem chem;
+    TempFolder dir;
+    WriteBytes(dir.File("c.D64"), Utf16Bytes(std::string(kHeader) +
+                                             "5\n\"H\" 1 1 1.008 9E-10\n\"OH\" 3 -1 17.007 3.5E-10\n"
+                                             "\"MnO2(s)\" 5 86.94\n\"CO2(g)\" 6\n\"HA7\" 7 0 4\n"));
+    ASSERT_FALSE(ReadComponentFile(chem, dir.File("c.D64")));
+    EXPECT_EQ(chem.components[2].charge, 0);
+    EXPECT_EQ(chem.components[2].molarMass, 86.94);
+    EXPECT_EQ(chem.components[3].charge, 0);
+    EXPECT_EQ(chem.components[3].type, Gas);
+    EXPECT_EQ(chem.components[4].organicModel, Model7);
+    EXPECT_EQ(chem.components[4].ionDiameter, 0);
+    // enthalpy flag 0: no enthalpy field; flag 1: one real follows
+    WriteBytes(dir.File("e.D64"), Utf16Bytes(std::string(kHeader) +
+                                             "2\n\"H2O\" 1 0 -14 0 0 -2 0 0 2 1 1 1 2\n"
+                                             "\"OH2\" 2 -1 3.5 0 0 0 1 -5000.5 4E-10 0 1 1 2\n"));
+    ASSERT_FALSE(ReadEquilibriumFile(chem, dir.File("e.D64")));
+    EXPECT_FALSE(chem.equilibria[0].hasEnthalpy);
+    EXPECT_TRUE(chem.equilibria[1].hasEnthalpy);
+    EXPECT_EQ(chem.equilibria[1].enthalpy, -5000.5);
+    EXPECT_EQ(chem.equilibria[1].complexDiameter, 4e-10);
+    EXPECT_EQ(chem.equilibria[1].literatureRef, -1);
+    EXPECT_EQ(chem.Coefficient(1, 1), 1);
+}
+
+}  // namespace
+}  // namespace tormel

@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+
+#include "core/database_files.h"
+#include "support/recording_ui.h"
+#include "support/synthetic_database.h"
+#include "support/temp_folder.h"
+
+namespace tormel {
+namespace {
+
+using test::RecordingUi;
+using test::SyntheticDatabase;
+using test::TempFolder;
+
+ChemicalSystem LoadSynthetic(const ChemicalSystem& source, RecordingUi& ui) {
+    TempFolder dir;
+    test::WriteSyntheticWorkingCopies(source, dir.Path());
+    ChemicalSystem chem;
+    auto error = LoadDatabase(chem, dir.Path(), ui.services);
+    EXPECT_FALSE(error) << (error ? error->Describe() : "");
+    return chem;
+}
+
+TEST(CoreDatabaseLoad, RecordsAndStoichiometryRoundTripThroughTheFiles) {
+    RecordingUi ui;
+    ChemicalSystem source = SyntheticDatabase();
+    ChemicalSystem chem = LoadSynthetic(source, ui);
+    ASSERT_EQ(chem.ComponentCount(), source.ComponentCount());
+    ASSERT_EQ(chem.EquilibriumCount(), source.EquilibriumCount());
+    for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
+        const Component& a = chem.components[c];
+        const Component& b = source.components[c];
+        EXPECT_EQ(a.name, b.name);
+        EXPECT_EQ(a.type, b.type);
+        EXPECT_EQ(a.charge, b.charge);
+        EXPECT_EQ(a.molarMass, b.molarMass);
+        EXPECT_EQ(a.ionDiameter, b.ionDiameter);
+        EXPECT_EQ(a.organicModel, b.organicModel);
+        for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) EXPECT_EQ(chem.Coefficient(c, e), source.Coefficient(c, e));
+    }
+    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
+        const Equilibrium& a = chem.equilibria[e];
+        const Equilibrium& b = source.equilibria[e];
+        EXPECT_EQ(a.name, b.name);
+        EXPECT_EQ(a.type, b.type);
+        EXPECT_EQ(a.charge, b.charge);
+        EXPECT_EQ(a.logK, b.logK);
+        EXPECT_EQ(a.deltaZ2, b.deltaZ2);
+        EXPECT_EQ(a.hasEnthalpy, b.hasEnthalpy);
+        EXPECT_EQ(a.enthalpy, b.enthalpy);
+        EXPECT_EQ(a.complexDiameter, b.complexDiameter);
+        EXPECT_EQ(a.literatureRef, b.literatureRef);
+        EXPECT_EQ(a.componentCount, b.componentCount);
+        EXPECT_EQ(a.linkedComponent, b.linkedComponent);
+        EXPECT_EQ(a.organicModel, b.organicModel);
+        EXPECT_EQ(a.organicReal2, b.organicReal2);
+    }
+    EXPECT_EQ(chem.literature, source.literature);
+    for (int32_t model = Model5; model <= Model7; ++model)
+        EXPECT_EQ(chem.Organic(model).values, source.Organic(model).values);
+    // a second write of what was read is identical to the first
+    EXPECT_EQ(FormatEquilibriumFile(chem, {"x", "1"}), FormatEquilibriumFile(source, {"x", "1"}));
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST(CoreDatabaseLoad, TypeRangesNeverStartAtIndexZero) {
+    RecordingUi ui;
+    ChemicalSystem chem = LoadSynthetic(SyntheticDatabase(), ui);
+    // H+ is component 0: the cation range starts at the first cation after it
+    EXPECT_EQ(chem.componentRange[Cation].first, 5);
+    EXPECT_EQ(chem.componentRange[Cation].last, 10);
+    EXPECT_EQ(chem.componentRange[Ligand].first, 1);
+    EXPECT_EQ(chem.componentRange[Ligand].last, 4);
+    EXPECT_EQ(chem.componentRange[Ads].first, 8);
+    EXPECT_EQ(chem.componentRange[RedSol].first, 9);
+    EXPECT_EQ(chem.componentRange[Gas].first, 11);
+    EXPECT_EQ(chem.electronIndex, 2);
+    EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].first, 12);
+    EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].last, 13);
+    EXPECT_TRUE(chem.organicComponentRange[Model6 - Model5].empty());
+    EXPECT_EQ(chem.organicComponentRange[Model7 - Model5].last, 15);
+    // the water equilibrium is 0 and never starts a range
+    EXPECT_EQ(chem.waterEquilibriumIndex, 0);
+    EXPECT_EQ(chem.equilibriumRange[EqComplex].first, 1);
+    EXPECT_EQ(chem.equilibriumRange[EqComplex].last, 9);
+    EXPECT_EQ(chem.equilibriumRange[EqAdsorption].first, 4);
+    EXPECT_EQ(chem.equilibriumRange[EqRedox].first, 5);
+    EXPECT_EQ(chem.equilibriumRange[EqRedox].last, 6);
+    EXPECT_EQ(chem.equilibriumRange[EqSolid].first, 8);
+    EXPECT_EQ(chem.maxComponentsPerEquilibrium, 4);
+}
+
+TEST(CoreDatabaseLoad, WaterPartnersAndOrganicLiteratureAreRecorded) {
+    RecordingUi ui;
+    ChemicalSystem chem = LoadSynthetic(SyntheticDatabase(), ui);
+    EXPECT_EQ(chem.hydrogenIndex, 0);
+    EXPECT_EQ(chem.hydroxideIndex, 1);
+    EXPECT_EQ(chem.components[0].waterPartnerOfH, 1);
+    EXPECT_EQ(chem.components[1].waterPartnerOfOH, 0);  // H+ is index 0
+    EXPECT_EQ(chem.equilibria[6].literatureRef, 0);     // 1-based 1 in the file
+    EXPECT_EQ(chem.equilibria[4].literatureRef, -1);    // 0 in the file: none
+    // Model 5's only equilibrium has no reference; Model 7's has reference 4 (index 3)
+    EXPECT_EQ(chem.Organic(Model5).literatureRef, 0);
+    EXPECT_EQ(chem.Organic(Model7).literatureRef, 3);
+}
+
+TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
+    RecordingUi ui;
+    ChemicalSystem chem = LoadSynthetic(SyntheticDatabase(), ui);
+    const int32_t co3 = chem.FindComponent("CO3"), gas = chem.FindComponent("CO2(g)");
+    EXPECT_EQ(chem.components[co3].gasPartner, gas);
+    EXPECT_EQ(chem.components[gas].linkedLigand, co3);
+    // Fe(II)/Fe(III) form one group, Mn(II)/MnO2(s) another; members chained in
+    // index order whichever way the equilibrium is written
+    const int32_t fe2 = chem.FindComponent("Fe(II)"), fe3 = chem.FindComponent("Fe(III)");
+    EXPECT_EQ(chem.components[fe2].redoxPrev, 0);
+    EXPECT_EQ(chem.components[fe2].redoxNext, fe3);
+    EXPECT_EQ(chem.components[fe3].redoxPrev, fe2);
+    EXPECT_EQ(chem.components[fe3].redoxNext, 0);
+    const int32_t mno2 = chem.FindComponent("MnO2(s)"), mn = chem.FindComponent("Mn(II)");
+    EXPECT_EQ(chem.components[mno2].redoxNext, mn);
+    EXPECT_EQ(chem.components[mn].redoxPrev, mno2);
+    EXPECT_EQ(chem.components[chem.FindComponent("Ca")].redoxNext, 0);
+}
+
+TEST(CoreDatabaseLoad, RedoxChainJoinsThreeStatesInOneGroup) {
+    ChemicalSystem chem = SyntheticDatabase();
+    // a third iron state linked to Fe(III) only joins the Fe(II)/Fe(III) group
+    Component fe6;
+    fe6.type = Cation;
+    fe6.name = "Fe(VI)";
+    fe6.charge = 6;
+    chem.components.push_back(fe6);
+    chem.stoichiometry.resize(chem.components.size() * chem.equilibria.size(), 0);
+    Equilibrium q;
+    q.type = EqRedox;
+    q.name = "Fe(VI)/Fe(III)";
+    q.linkedComponent = chem.ComponentCount() - 1;
+    q.linkedCoefficient = 1;
+    q.componentCount = 2;
+    ChemicalSystem grown = chem;
+    grown.equilibria.push_back(q);
+    const int32_t n = grown.EquilibriumCount();
+    grown.stoichiometry.assign(grown.components.size() * n, 0);
+    for (int32_t c = 0; c < chem.ComponentCount(); ++c)
+        for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) grown.Coefficient(c, e) = chem.Coefficient(c, e);
+    grown.Coefficient(grown.FindComponent("Fe(III)"), n - 1) = 1;
+    grown.Coefficient(grown.FindComponent("e"), n - 1) = -3;
+    RecordingUi ui;
+    ChemicalSystem loaded = LoadSynthetic(grown, ui);
+    const int32_t fe2 = loaded.FindComponent("Fe(II)"), fe3 = loaded.FindComponent("Fe(III)"),
+                  fe6i = loaded.FindComponent("Fe(VI)");
+    EXPECT_EQ(loaded.components[fe2].redoxNext, fe3);
+    EXPECT_EQ(loaded.components[fe3].redoxNext, fe6i);
+    EXPECT_EQ(loaded.components[fe6i].redoxPrev, fe3);
+}
+
+TEST(CoreDatabaseLoad, MoreThanFourComponentsWarnsOnceAndKeepsLoading) {
+    ChemicalSystem chem = SyntheticDatabase();
+    const int32_t e = chem.FindEquilibrium("FeCl(CO3)OH");
+    chem.Coefficient(chem.FindComponent("Ca"), e) = 1;
+    chem.Coefficient(chem.FindComponent("Hfo_wOH"), e) = 1;  // six components now
+    RecordingUi ui;
+    ChemicalSystem loaded = LoadSynthetic(chem, ui);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].lines.at(0), "More than 4 BB; will throw errors.");
+    EXPECT_EQ(ui.messages[0].caption, "Please inform author");
+    EXPECT_EQ(loaded.maxComponentsPerEquilibrium, 6);
+    EXPECT_EQ(loaded.EquilibriumCount(), chem.EquilibriumCount());
+}
+
+TEST(CoreDatabaseLoad, ASecondLoadReplacesTheFirst) {
+    TempFolder dir;
+    ChemicalSystem source = SyntheticDatabase();
+    test::WriteSyntheticWorkingCopies(source, dir.Path());
+    RecordingUi ui;
+    ChemicalSystem chem;
+    ASSERT_FALSE(LoadDatabase(chem, dir.Path(), ui.services));
+    chem.components[3].inputValue = 5;
+    ASSERT_FALSE(LoadDatabase(chem, dir.Path(), ui.services));
+    EXPECT_EQ(chem.ComponentCount(), source.ComponentCount());
+    EXPECT_EQ(chem.components[3].inputValue, 0);
+    EXPECT_EQ(chem.literature.size(), source.literature.size());
+}
+
+}  // namespace
+}  // namespace tormel

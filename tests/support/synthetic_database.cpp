@@ -1,0 +1,135 @@
+#include "support/synthetic_database.h"
+
+#include <filesystem>
+#include <stdexcept>
+
+namespace tormel::test {
+
+namespace {
+
+int32_t AddComponent(ChemicalSystem& chem, int32_t type, const std::string& name, int32_t charge, double mass = 0,
+                     double diameter = 0, int32_t model = 0) {
+    Component c;
+    c.type = type;
+    c.name = name;
+    c.charge = (type == RedSol || type == Gas) ? 0 : charge;
+    c.molarMass = mass;
+    c.ionDiameter = diameter;
+    c.organicModel = model;
+    chem.components.push_back(c);
+    return static_cast<int32_t>(chem.components.size() - 1);
+}
+
+struct Term {
+    int32_t coefficient;
+    int32_t component;
+};
+
+void AddEquilibrium(ChemicalSystem& chem, Equilibrium q, std::initializer_list<Term> terms) {
+    chem.equilibria.push_back(q);
+    const size_t eqCount = chem.equilibria.size();
+    std::vector<int32_t> matrix(chem.components.size() * eqCount, 0);
+    for (size_t c = 0; c < chem.components.size(); ++c)
+        for (size_t e = 0; e + 1 < eqCount; ++e) matrix[c * eqCount + e] = chem.stoichiometry[c * (eqCount - 1) + e];
+    for (const Term& t : terms) matrix[static_cast<size_t>(t.component) * eqCount + eqCount - 1] = t.coefficient;
+    chem.stoichiometry = std::move(matrix);
+    chem.equilibria.back().componentCount = static_cast<int32_t>(terms.size());
+}
+
+Equilibrium Eq(int32_t type, const std::string& name, int32_t charge, double logK, int32_t deltaZ2, int32_t literature) {
+    Equilibrium q;
+    q.type = type;
+    q.name = name;
+    q.charge = charge;
+    q.logK = logK;
+    q.deltaZ2 = deltaZ2;
+    q.literatureRef = literature;
+    return q;
+}
+
+}  // namespace
+
+ChemicalSystem SyntheticDatabase() {
+    ChemicalSystem chem;
+    const int32_t h = AddComponent(chem, Cation, "H", 1, 1.008, 9e-10);
+    const int32_t oh = AddComponent(chem, Ligand, "OH", -1, 17.007, 3.5e-10);
+    const int32_t e = AddComponent(chem, Electron, "e", -1);
+    const int32_t co3 = AddComponent(chem, Ligand, "CO3", -2, 60.009, 4.5e-10);
+    const int32_t cl = AddComponent(chem, Ligand, "Cl", -1, 35.453, 3e-10);
+    const int32_t ca = AddComponent(chem, Cation, "Ca", 2, 40.078, 6e-10);  // first cation after H+: index 5
+    const int32_t fe2 = AddComponent(chem, Cation, "Fe(II)", 2, 55.845, 6e-10);
+    const int32_t fe3 = AddComponent(chem, Cation, "Fe(III)", 3, 55.845, 9e-10);
+    const int32_t hfo = AddComponent(chem, Ads, "Hfo_wOH", 0);
+    const int32_t mno2 = AddComponent(chem, RedSol, "MnO2(s)", 99, 86.94);
+    const int32_t mn = AddComponent(chem, Cation, "Mn(II)", 2, 54.938, 6e-10);
+    const int32_t co2g = AddComponent(chem, Gas, "CO2(g)", 99);
+    const int32_t fa5 = AddComponent(chem, Organic, "FA5", 0, 0, 0, Model5);
+    const int32_t ha5 = AddComponent(chem, Organic, "HA5", 0, 0, 0, Model5);
+    const int32_t fa7 = AddComponent(chem, Organic, "FA7", 0, 0, 0, Model7);
+    const int32_t ha7 = AddComponent(chem, Organic, "HA7", 0, 0, 0, Model7);
+    (void)fa5, (void)ha5, (void)ha7;
+
+    chem.literature = {"Reference one", "Nordstrom et al. (1990)", "Smith and Martell (2004) NIST 46",
+                       "Tipping (1998) Humic ion-binding model VI"};
+
+    // water: H2O = H+ + OH-, written as the formation of water
+    AddEquilibrium(chem, Eq(EqWater, "H2O", 0, 14.0, -2, 1), {{1, h}, {1, oh}});
+    AddEquilibrium(chem, Eq(EqComplex, "HCO3", -1, 10.329, -4, 2), {{1, h}, {1, co3}});
+    chem.equilibria.back().hasEnthalpy = true;
+    chem.equilibria.back().enthalpy = -14900;
+    chem.equilibria.back().complexDiameter = 4e-10;
+    AddEquilibrium(chem, Eq(EqComplex, "CaCO3", 0, 3.22, -8, 2), {{1, ca}, {1, co3}});
+    AddEquilibrium(chem, Eq(EqComplex, "CaHCO3", 1, 11.43, -6, 2), {{1, ca}, {1, h}, {1, co3}});
+    AddEquilibrium(chem, Eq(EqAdsorption, "Hfo_wOCa", 1, 5.0, 3, -1), {{1, hfo}, {1, ca}, {-1, h}});
+    // Redox and gas equilibria hold their linked component in the link, not in
+    // the stoichiometry: Fe(II) - e = Fe(III), Mn(II) - 4 H - 2 e = MnO2(s),
+    // CO3 + 2 H = CO2(g).
+    Equilibrium fe = Eq(EqRedox, "Fe(III)/Fe(II)", 0, -13.02, 0, 1);
+    fe.linkedComponent = fe3;
+    fe.linkedCoefficient = 1;
+    AddEquilibrium(chem, fe, {{1, fe2}, {-1, e}});
+    Equilibrium mnq = Eq(EqRedox, "Mn(II)/MnO2(s)", 0, 41.38, 0, 0);
+    mnq.linkedComponent = mno2;
+    mnq.linkedCoefficient = 1;
+    AddEquilibrium(chem, mnq, {{1, mn}, {-4, h}, {-2, e}});
+    Equilibrium gas = Eq(EqGas, "CO2(g)", 0, -18.147, 0, 3);
+    gas.linkedComponent = co2g;
+    gas.linkedCoefficient = 1;
+    AddEquilibrium(chem, gas, {{1, co3}, {2, h}});
+    AddEquilibrium(chem, Eq(EqSolid, "Calcite", 0, 8.48, -8, 2), {{1, ca}, {1, co3}});
+    AddEquilibrium(chem, Eq(EqComplex, "FeCl(CO3)OH", -2, 4.0, 0, 0), {{1, fe3}, {1, cl}, {1, co3}, {1, oh}});
+    Equilibrium org5 = Eq(EqOrganic, "FA5-Ca", 2, -3.2, 0, 0);
+    org5.organicModel = Model5;
+    AddEquilibrium(chem, org5, {{1, ca}, {1, fa5}});
+    Equilibrium org7 = Eq(EqOrganic, "FA7-Ca", 2, -2.5, 0, 3);
+    org7.organicModel = Model7;
+    org7.organicReal2 = 1.7;
+    AddEquilibrium(chem, org7, {{1, ca}, {1, fa7}});
+
+    for (int32_t model = Model5; model <= Model7; ++model) {
+        OrganicModelParameters& p = chem.Organic(model);
+        p.values.resize(static_cast<size_t>(OrganicParameterCount(model)));
+        for (size_t k = 0; k < p.values.size(); ++k) p.values[k] = {0.5 + static_cast<double>(k), -1.25 * model};
+    }
+    return chem;
+}
+
+std::array<DatabaseFileHeader, 6> SyntheticHeaders(const std::string& version) {
+    return {DatabaseFileHeader{"Synthetic components", version}, {"Synthetic equilibria", version},
+            {"Synthetic literature", version},                   {"Synthetic Model 5", version},
+            {"Synthetic Model 6", version},                      {"Synthetic Model 7", version}};
+}
+
+void WriteSyntheticWorkingCopies(const ChemicalSystem& chem, const std::string& dataFolder, const std::string& version) {
+    std::filesystem::create_directories(dataFolder);
+    if (!WriteDatabaseFiles(chem, dataFolder, "D64", SyntheticHeaders(version), {}))
+        throw std::runtime_error("cannot write the synthetic database");
+}
+
+void WriteSyntheticRawData(const ChemicalSystem& chem, const std::string& programFolder, const std::string& version) {
+    std::filesystem::create_directories(programFolder + "RawData");
+    if (!WriteDatabaseFiles(chem, programFolder + "RawData/", "RW64", SyntheticHeaders(version), {}))
+        throw std::runtime_error("cannot write the synthetic raw data");
+}
+
+}  // namespace tormel::test

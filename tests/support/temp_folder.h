@@ -1,0 +1,26 @@
+#pragma once
+// A fresh folder under /tmp for one test, removed with everything in it.
+#include <string>
+
+namespace tormel::test {
+
+class TempFolder {
+public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+    // The folder path, ending with "/".
+    const std::string& Path() const { return path_; }
+    std::string File(const std::string& name) const { return path_ + name; }
+
+private:
+    std::string path_;
+};
+
+// Writes raw bytes to a file (for crafted, possibly malformed files).
+void WriteBytes(const std::string& path, const std::string& bytes);
+// UTF-16LE bytes with BOM for ASCII/UTF-8 text with "\n" line ends turned to CR LF.
+std::string Utf16Bytes(const std::string& utf8, bool bom = true);
+
+}  // namespace tormel::test
