@@ -2,6 +2,7 @@
 // The folders the program works in, resolved once at start-up. Folder paths
 // end with "/".
 #include <string>
+#include <string_view>
 
 namespace tormel {
 
@@ -15,7 +16,7 @@ struct AppFolders {
     std::string programFolder;    // folder of the running executable (or where its data were installed)
     std::string executableName;
     std::string helpFile;         // programFolder + "TORMEL64.CHM"
-    std::string documentsFolder;  // $XDG_DATA_HOME/TORMEL64/Documents/ (shared documents)
+    std::string documentsFolder;  // workingFolder + "Documents/" (downloaded documents)
 };
 
 // Fills the folders from the environment and the executable's location.
@@ -25,5 +26,15 @@ AppFolders ResolveFolders(const char* argv0 = nullptr);
 // Creates the working, data, input and output folders when missing; failures
 // are left for later file operations to report.
 void CreateWorkingFolders(const AppFolders& folders);
+
+// `path` with a "/" appended when it lacks one (an empty path stays empty), but only while it is shorter
+// than 259 characters (a path holds at most 260 characters).
+std::string WithFolderSeparator(std::string path);
+
+// Where the raw data ("RawData/") and languages ("Languages/") of the program
+// in `executableFolder` are: beside it, or, for an installed program whose
+// folder has no "RawData", in `executableFolder`/../`installDataDir`/ when
+// that holds one. Ends with "/".
+std::string ProgramFolderFor(const std::string& executableFolder, std::string_view installDataDir);
 
 }  // namespace tormel

@@ -4,6 +4,13 @@
 // file; before the first write a missing file is created holding only the
 // byte-order mark, and every write replaces the file atomically (temporary
 // file and rename), so a crash never leaves a torn file.
+//
+// Reading follows the platform's profile rules: blanks around names and
+// values are dropped, a value enclosed in matching double (or single) quotes
+// loses them, lines before the first section header and lines starting with
+// ";" are never found. Writes keep every other line as it was.
+#include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,7 +20,7 @@ namespace tormel {
 
 class IniFile {
 public:
-    explicit IniFile(std::string path) : path_(std::move(path)) {}
+    explicit IniFile(std::string path);
 
     const std::string& Path() const { return path_; }
     bool Exists() const;
@@ -32,7 +39,24 @@ public:
     std::vector<std::string> Keys(std::string_view section) const;
 
 private:
+    // The parsed file, reused while the file's identity, size and times stay
+    // the same; shared by copies of this object (they name the same file).
+    struct Cache;
+
+    // Creates a missing file (byte-order mark only), lets `edit` change the
+    // lines and writes them back when it reports a change.
+    bool Rewrite(const std::function<bool(std::vector<std::string>&)>& edit);
+
     std::string path_;
+    std::shared_ptr<Cache> cache_;
 };
+
+// Letter case folded the way profile names and stored paths are compared
+// (Unicode simple lower case; ASCII when no UTF-8 locale is available).
+std::string FoldCase(std::string_view text);
+bool EqualIgnoringCase(std::string_view a, std::string_view b);
+
+// `text` cut to at most maxChars UTF-16 code units, never inside a character.
+std::string CutToUtf16Units(std::string_view text, size_t maxChars);
 
 }  // namespace tormel

@@ -1,0 +1,339 @@
+#include "shell/ini_file.h"
+
+#include <locale.h>
+#include <sys/stat.h>
+#include <wctype.h>
+
+#include <algorithm>
+#include <mutex>
+#include <unordered_map>
+
+#include "core/text_file.h"
+#include "core/utf16.h"
+
+namespace tormel {
+
+namespace {
+
+// The blanks the profile functions drop around names and values.
+constexpr std::string_view kBlanks = " \t\r\n\v\f\x1a";
+
+std::string_view Trim(std::string_view s) {
+    const size_t first = s.find_first_not_of(kBlanks);
+    if (first == std::string_view::npos) return {};
+    const size_t last = s.find_last_not_of(kBlanks);
+    return s.substr(first, last - first + 1);
+}
+
+// What one line of a profile file is.
+struct ProfileLine {
+    enum Kind { Other, Section, Key } kind = Other;
+    std::string_view name;   // section or key name, trimmed
+    std::string_view value;  // key value, trimmed, quotes kept
+};
+
+ProfileLine ParseLine(std::string_view raw) {
+    const std::string_view line = Trim(raw);
+    ProfileLine parsed;
+    if (line.empty() || line.front() == ';') return parsed;
+    if (line.front() == '[') {
+        const size_t close = line.find(']');
+        if (close != std::string_view::npos) {
+            parsed.kind = ProfileLine::Section;
+            parsed.name = Trim(line.substr(1, close - 1));
+        }
+        return parsed;
+    }
+    const size_t equals = line.find('=');
+    parsed.name = Trim(line.substr(0, equals));
+    if (parsed.name.empty()) return parsed;
+    parsed.kind = ProfileLine::Key;
+    if (equals != std::string_view::npos) parsed.value = Trim(line.substr(equals + 1));
+    return parsed;
+}
+
+std::string_view StripQuotes(std::string_view value) {
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+        value.back() == value.front())
+        return value.substr(1, value.size() - 2);
+    return value;
+}
+
+bool IsSectionNamed(const ProfileLine& line, std::string_view folded) {
+    return line.kind == ProfileLine::Section && FoldCase(line.name) == folded;
+}
+
+// Index of the line that ends the section whose header is at `header`: the
+// next section header or the end.
+size_t SectionEnd(const std::vector<std::string>& lines, size_t header) {
+    size_t i = header + 1;
+    while (i < lines.size() && ParseLine(lines[i]).kind != ProfileLine::Section) ++i;
+    return i;
+}
+
+std::vector<std::string> SplitLines(std::string_view text) {
+    std::vector<std::string> lines;
+    size_t start = 0;
+    while (start < text.size()) {
+        size_t end = text.find('\n', start);
+        if (end == std::string_view::npos) end = text.size();
+        lines.emplace_back(text.substr(start, end - start));
+        start = end + 1;
+    }
+    return lines;
+}
+
+std::optional<std::vector<std::string>> LoadLines(const std::string& path) {
+    std::optional<std::u16string> text = ReadUtf16File(path);
+    if (!text) return std::nullopt;
+    return SplitLines(Utf16ToUtf8(*text));
+}
+
+std::string JoinLines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line;
+        text += '\n';
+    }
+    return text;
+}
+
+// A value is one line: line breaks would start new lines in the file.
+std::string SingleLine(std::string_view value) {
+    std::string line(value);
+    for (char& c : line)
+        if (c == '\r' || c == '\n') c = ' ';
+    return line;
+}
+
+// What identifies one version of a file on disk. A rename over the file gives
+// a new inode, so even a same-size rewrite within the clock's resolution is
+// noticed.
+struct FileStamp {
+    bool exists = false;
+    dev_t device = 0;
+    ino_t inode = 0;
+    off_t size = 0;
+    timespec modified{};
+    timespec changed{};
+
+    bool operator==(const FileStamp& o) const {
+        return exists == o.exists && device == o.device && inode == o.inode && size == o.size &&
+               modified.tv_sec == o.modified.tv_sec && modified.tv_nsec == o.modified.tv_nsec &&
+               changed.tv_sec == o.changed.tv_sec && changed.tv_nsec == o.changed.tv_nsec;
+    }
+};
+
+FileStamp StampOf(const std::string& path) {
+    FileStamp stamp;
+    struct stat st {};
+    if (path.empty() || stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) return stamp;
+    stamp.exists = true;
+    stamp.device = st.st_dev;
+    stamp.inode = st.st_ino;
+    stamp.size = st.st_size;
+    stamp.modified = st.st_mtim;
+    stamp.changed = st.st_ctim;
+    return stamp;
+}
+
+// Appends `name` unless a name equal but for letter case is already there.
+void AddUnique(std::vector<std::string>& names, std::vector<std::string>& folded, std::string_view name) {
+    std::string key = FoldCase(name);
+    if (std::find(folded.begin(), folded.end(), key) != folded.end()) return;
+    folded.push_back(std::move(key));
+    names.emplace_back(name);
+}
+
+locale_t Utf8CaseLocale() {
+    static const locale_t locale = newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(0));
+    return locale;
+}
+
+}  // namespace
+
+// Folded section name -> folded key name -> value (trimmed, quotes removed).
+// The first occurrence of a key wins, as in a lookup from the top.
+struct IniFile::Cache {
+    std::mutex mutex;
+    bool valid = false;
+    FileStamp stamp;
+    std::unordered_map<std::string, std::unordered_map<std::string, std::string>> values;
+
+    void Refresh(const std::string& path) {
+        const FileStamp now = StampOf(path);
+        if (valid && now == stamp) return;
+        values.clear();
+        stamp = now;
+        valid = true;
+        if (!now.exists) return;
+        std::optional<std::vector<std::string>> lines = LoadLines(path);
+        if (!lines) return;
+        std::unordered_map<std::string, std::string>* section = nullptr;
+        for (const std::string& raw : *lines) {
+            const ProfileLine line = ParseLine(raw);
+            if (line.kind == ProfileLine::Section)
+                section = &values[FoldCase(line.name)];
+            else if (line.kind == ProfileLine::Key && section)
+                section->try_emplace(FoldCase(line.name), StripQuotes(line.value));
+        }
+    }
+};
+
+IniFile::IniFile(std::string path) : path_(std::move(path)), cache_(std::make_shared<Cache>()) {}
+
+bool IniFile::Exists() const { return !path_.empty() && FileExists(path_); }
+
+std::string IniFile::ReadString(std::string_view section, std::string_view key,
+                                std::string_view def, size_t maxChars) const {
+    std::lock_guard<std::mutex> lock(cache_->mutex);
+    cache_->Refresh(path_);
+    const auto sectionIt = cache_->values.find(FoldCase(Trim(section)));
+    if (sectionIt != cache_->values.end()) {
+        const auto keyIt = sectionIt->second.find(FoldCase(Trim(key)));
+        if (keyIt != sectionIt->second.end()) return CutToUtf16Units(keyIt->second, maxChars);
+    }
+    return CutToUtf16Units(def, maxChars);
+}
+
+bool IniFile::Rewrite(const std::function<bool(std::vector<std::string>&)>& edit) {
+    if (path_.empty()) return false;
+    if (!FileExists(path_) && !WriteFileAtomically(path_, "\xFF\xFE")) return false;
+    std::optional<std::vector<std::string>> lines = LoadLines(path_);
+    if (!lines) return false;
+    if (!edit(*lines)) return true;
+    const bool written = WriteUtf16File(path_, std::string_view(JoinLines(*lines)));
+    std::lock_guard<std::mutex> lock(cache_->mutex);
+    cache_->valid = false;
+    return written;
+}
+
+bool IniFile::WriteString(std::string_view section, std::string_view key, std::string_view value) {
+    const std::string sectionName(Trim(section));
+    const std::string keyName(Trim(key));
+    if (sectionName.empty() || keyName.empty()) return false;
+    const std::string foldedSection = FoldCase(sectionName);
+    const std::string foldedKey = FoldCase(keyName);
+    const std::string newValue = SingleLine(value);
+    return Rewrite([&](std::vector<std::string>& lines) {
+        for (size_t header = 0; header < lines.size(); ++header) {
+            if (!IsSectionNamed(ParseLine(lines[header]), foldedSection)) continue;
+            const size_t end = SectionEnd(lines, header);
+            size_t insertAt = header + 1;
+            for (size_t i = header + 1; i < end; ++i) {
+                const ProfileLine line = ParseLine(lines[i]);
+                if (line.kind == ProfileLine::Key && FoldCase(line.name) == foldedKey) {
+                    lines[i] = std::string(line.name) + "=" + newValue;
+                    return true;
+                }
+                if (!Trim(lines[i]).empty()) insertAt = i + 1;
+            }
+            lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(insertAt), keyName + "=" + newValue);
+            return true;
+        }
+        lines.push_back("[" + sectionName + "]");
+        lines.push_back(keyName + "=" + newValue);
+        return true;
+    });
+}
+
+bool IniFile::DeleteKey(std::string_view section, std::string_view key) {
+    const std::string foldedSection = FoldCase(Trim(section));
+    const std::string foldedKey = FoldCase(Trim(key));
+    return Rewrite([&](std::vector<std::string>& lines) {
+        bool changed = false;
+        bool inSection = false;
+        for (size_t i = 0; i < lines.size();) {
+            const ProfileLine line = ParseLine(lines[i]);
+            if (line.kind == ProfileLine::Section) inSection = FoldCase(line.name) == foldedSection;
+            if (inSection && line.kind == ProfileLine::Key && FoldCase(line.name) == foldedKey) {
+                lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(i));
+                changed = true;
+            } else {
+                ++i;
+            }
+        }
+        return changed;
+    });
+}
+
+bool IniFile::DeleteSection(std::string_view section) {
+    const std::string foldedSection = FoldCase(Trim(section));
+    return Rewrite([&](std::vector<std::string>& lines) {
+        bool changed = false;
+        for (size_t header = 0; header < lines.size();) {
+            if (IsSectionNamed(ParseLine(lines[header]), foldedSection)) {
+                const size_t end = SectionEnd(lines, header);
+                lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(header),
+                            lines.begin() + static_cast<std::ptrdiff_t>(end));
+                changed = true;
+            } else {
+                ++header;
+            }
+        }
+        return changed;
+    });
+}
+
+std::vector<std::string> IniFile::Sections() const {
+    std::vector<std::string> names;
+    std::vector<std::string> folded;
+    std::optional<std::vector<std::string>> lines = LoadLines(path_);
+    if (!lines) return names;
+    for (const std::string& raw : *lines) {
+        const ProfileLine line = ParseLine(raw);
+        if (line.kind != ProfileLine::Section) continue;
+        AddUnique(names, folded, line.name);
+    }
+    return names;
+}
+
+std::vector<std::string> IniFile::Keys(std::string_view section) const {
+    std::vector<std::string> names;
+    std::vector<std::string> folded;
+    std::optional<std::vector<std::string>> lines = LoadLines(path_);
+    if (!lines) return names;
+    const std::string foldedSection = FoldCase(Trim(section));
+    bool inSection = false;
+    for (const std::string& raw : *lines) {
+        const ProfileLine line = ParseLine(raw);
+        if (line.kind == ProfileLine::Section) inSection = FoldCase(line.name) == foldedSection;
+        if (!inSection || line.kind != ProfileLine::Key) continue;
+        AddUnique(names, folded, line.name);
+    }
+    return names;
+}
+
+std::string FoldCase(std::string_view text) {
+    bool ascii = true;
+    for (char c : text) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
+    const locale_t locale = Utf8CaseLocale();
+    if (ascii || locale == static_cast<locale_t>(0)) {
+        std::string folded(text);
+        for (char& c : folded)
+            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        return folded;
+    }
+    std::u16string units = Utf8ToUtf16(text);
+    for (char16_t& unit : units)
+        if (unit < 0xD800 || unit > 0xDFFF) unit = static_cast<char16_t>(towlower_l(unit, locale));
+    return Utf16ToUtf8(units);
+}
+
+bool EqualIgnoringCase(std::string_view a, std::string_view b) { return FoldCase(a) == FoldCase(b); }
+
+std::string CutToUtf16Units(std::string_view text, size_t maxChars) {
+    size_t units = 0;
+    size_t pos = 0;
+    while (pos < text.size()) {
+        const unsigned char lead = static_cast<unsigned char>(text[pos]);
+        const size_t bytes = lead < 0x80 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+        const size_t need = bytes == 4 ? 2 : 1;
+        if (units + need > maxChars) break;
+        units += need;
+        pos += bytes;
+    }
+    return std::string(text.substr(0, std::min(pos, text.size())));
+}
+
+}  // namespace tormel

@@ -1,0 +1,188 @@
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <string>
+
+#include "core/c_number.h"
+#include "shell/settings.h"
+#include "shell/unit_settings.h"
+#include "support/temp_folder.h"
+
+namespace tormel {
+namespace {
+
+using test::TempFolder;
+
+// Switches the process to a locale with a decimal comma while it lives.
+class CommaLocale {
+public:
+    CommaLocale() {
+        const char* old = std::setlocale(LC_ALL, nullptr);
+        old_ = old ? old : "C";
+        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
+            if (std::setlocale(LC_ALL, name)) {
+                active_ = true;
+                break;
+            }
+    }
+    ~CommaLocale() { std::setlocale(LC_ALL, old_.c_str()); }
+    bool active() const { return active_; }
+
+private:
+    std::string old_;
+    bool active_ = false;
+};
+
+TEST(ShellSettings, BooleansAndIntegersAreTextReadAsTheLeadingInteger) {
+    TempFolder tmp;
+    Settings settings(tmp.File("TORMEL64.INI"));
+    IniFile raw(settings.Path());
+
+    ASSERT_TRUE(settings.WriteSettingBool("Options", "Check_Updates", false));
+    EXPECT_EQ(raw.ReadString("Options", "Check_Updates", ""), "0");
+    EXPECT_FALSE(settings.ReadSettingBool("Options", "Check_Updates", true));
+    ASSERT_TRUE(settings.WriteSettingBool("Options", "Check_Updates", true));
+    EXPECT_EQ(raw.ReadString("Options", "Check_Updates", ""), "1");
+
+    ASSERT_TRUE(settings.WriteSettingInt("Options", "MainWindow_Left", -7));
+    EXPECT_EQ(raw.ReadString("Options", "MainWindow_Left", ""), "-7");
+    EXPECT_EQ(settings.ReadSettingInt("Options", "MainWindow_Left", 0), -7);
+
+    // Hand-edited values: any non-zero leading number is true, text is 0.
+    raw.WriteString("Options", "OfferGetStarted", "2");
+    raw.WriteString("Options", "Remember-Folders", "yes");
+    raw.WriteString("Options", "VertBarLeft", "  180px");
+    EXPECT_TRUE(settings.ReadSettingBool("Options", "OfferGetStarted", false));
+    EXPECT_FALSE(settings.ReadSettingBool("Options", "Remember-Folders", true));
+    EXPECT_EQ(settings.ReadSettingInt("Options", "VertBarLeft", 175), 180);
+
+    // Missing keys give the caller's default, or the table's.
+    EXPECT_EQ(settings.ReadSettingInt("Options", "MainWindow_Top", 42), 42);
+    EXPECT_EQ(settings.ReadSettingInt("Options", "ColorBackGr"), 0x8D8C7F);
+    EXPECT_EQ(settings.ReadSettingInt("Options", "HorBarTop"), 130);
+    EXPECT_EQ(settings.ReadSettingString("Output", "PrintFontType"), "Cambria");
+    EXPECT_TRUE(settings.ReadSettingBool("Output", "PrintSummmary"));
+    EXPECT_FALSE(settings.ReadSettingBool("Output", "OutpShowAll"));
+}
+
+TEST(ShellSettings, DoublesUseTheExponentFormatWithAPointInAnyLocale) {
+    TempFolder tmp;
+    Settings settings(tmp.File("TORMEL64.INI"));
+    IniFile raw(settings.Path());
+
+    // A missing key returns the default as it would have been stored.
+    EXPECT_EQ(settings.ReadSettingDouble("Output", "OutpCutOff"), 0.0001);
+    EXPECT_EQ(settings.ReadSettingDouble("Output", "Missing", 1.0 / 3.0), 0.3333333333);
+
+    ASSERT_TRUE(settings.WriteSettingDouble("Output", "OutpCutOff", 2.5e-5));
+    EXPECT_EQ(raw.ReadString("Output", "OutpCutOff", ""), "2.500000000E-05");
+    EXPECT_EQ(settings.ReadSettingDouble("Output", "OutpCutOff", 1.0), 2.5e-5);
+
+    CommaLocale comma;
+    if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma installed";
+    ASSERT_TRUE(settings.WriteSettingDouble("Output", "OutpCutOff", 0.125));
+    EXPECT_EQ(raw.ReadString("Output", "OutpCutOff", ""), "1.250000000E-01");
+    EXPECT_EQ(settings.ReadSettingDouble("Output", "OutpCutOff", 1.0), 0.125);
+    EXPECT_EQ(settings.ReadSettingDouble("Output", "Missing", 1.5), 1.5);
+}
+
+TEST(ShellSettings, StringsAreReadUpTo8192Characters) {
+    TempFolder tmp;
+    Settings settings(tmp.File("TORMEL64.INI"));
+    const std::string longText(9000, 'x');
+    ASSERT_TRUE(settings.WriteSettingString("Output", "Printer", longText));
+    EXPECT_EQ(settings.ReadSettingString("Output", "Printer", ""), std::string(8192, 'x'));
+    EXPECT_EQ(settings.ReadSettingString("Output", "Missing", "HP LaserJet"), "HP LaserJet");
+}
+
+TEST(ShellSettings, ResettingTheOptionsMakesEveryOptionsKeyReadItsDefault) {
+    TempFolder tmp;
+    Settings settings(tmp.File("TORMEL64.INI"));
+    int optionKeys = 0;
+    for (const SettingKey& row : SettingsKeyTable()) {
+        if (row.section != "Options") continue;
+        ++optionKeys;
+        const bool isTrueBool = row.type == SettingType::Bool && row.defaultText == "1";
+        ASSERT_TRUE(settings.WriteSettingString(row.section, row.key, isTrueBool ? "0" : "12345"));
+    }
+    ASSERT_GT(optionKeys, 30);
+    ASSERT_TRUE(settings.WriteSettingInt("Units", "NumDec", 6));
+
+    ASSERT_TRUE(settings.DeleteSettingsSection("Options"));
+    for (const SettingKey& row : SettingsKeyTable()) {
+        if (row.section != "Options") continue;
+        SCOPED_TRACE(std::string(row.key));
+        EXPECT_EQ(settings.ReadSettingString(row.section, row.key, "<missing>"), "<missing>");
+        if (row.callerDefault) continue;
+        switch (row.type) {
+            case SettingType::Bool:
+                EXPECT_EQ(settings.ReadSettingBool(row.section, row.key), row.defaultText == "1");
+                break;
+            case SettingType::Int:
+                EXPECT_EQ(FormatC("%d", settings.ReadSettingInt(row.section, row.key)), row.defaultText);
+                break;
+            case SettingType::Double:
+            case SettingType::String:
+                EXPECT_EQ(settings.ReadSettingString(row.section, row.key), row.defaultText);
+                break;
+        }
+    }
+    EXPECT_EQ(settings.ReadSettingInt("Units", "NumDec"), 6);
+}
+
+TEST(ShellSettings, WithoutAFileEveryReadGivesItsDefaultAndWritesFail) {
+    Settings settings;
+    EXPECT_TRUE(settings.ReadSettingBool("Options", "Remember-Units"));
+    EXPECT_EQ(settings.ReadSettingInt("Output", "PrintMargin3"), 1000);
+    EXPECT_FALSE(settings.WriteSettingInt("Output", "PrintMargin3", 5));
+}
+
+TEST(ShellUnitSettings, AreReadOnceAndOnlyWhenRemembered) {
+    TempFolder tmp;
+    Settings settings(tmp.File("TORMEL64.INI"));
+    settings.WriteSettingInt("Units", "NumDec", 5);
+    settings.WriteSettingInt("Units", "Units", 1);
+    settings.WriteSettingInt("Units", "Order", 2);
+
+    UnitSettings units;
+    EXPECT_TRUE(LoadUnitSettings(units, settings));
+    EXPECT_EQ(units.numDec, 5);
+    EXPECT_EQ(units.units, 1);
+    EXPECT_EQ(units.order, 2);
+
+    // Held for the rest of the run: later file changes are not seen.
+    settings.WriteSettingInt("Units", "NumDec", 7);
+    EXPECT_FALSE(LoadUnitSettings(units, settings));
+    EXPECT_EQ(units.numDec, 5);
+
+    units.numDec = 4;
+    SaveUnitSettings(units, settings);
+    EXPECT_EQ(settings.ReadSettingInt("Units", "NumDec", 0), 4);
+
+    // Not remembered: defaults on load, nothing written on save.
+    settings.WriteSettingBool("Options", "Remember-Units", false);
+    UnitSettings fresh;
+    EXPECT_TRUE(LoadUnitSettings(fresh, settings));
+    EXPECT_EQ(fresh.numDec, 3);
+    EXPECT_EQ(fresh.units, 0);
+    EXPECT_EQ(fresh.order, 0);
+    fresh.numDec = 9;
+    SaveUnitSettings(fresh, settings);
+    EXPECT_EQ(settings.ReadSettingInt("Units", "NumDec", 0), 4);
+}
+
+TEST(ShellUnitSettings, ValuesOutsideTheirRangeGiveTheDefault) {
+    TempFolder tmp;
+    Settings settings(tmp.File("TORMEL64.INI"));
+    settings.WriteSettingInt("Units", "NumDec", 12);
+    settings.WriteSettingInt("Units", "Units", 2);
+    settings.WriteSettingInt("Units", "Order", -1);
+    UnitSettings units;
+    LoadUnitSettings(units, settings);
+    EXPECT_EQ(units.numDec, 3);
+    EXPECT_EQ(units.units, 0);
+    EXPECT_EQ(units.order, 0);
+}
+
+}  // namespace
+}  // namespace tormel
