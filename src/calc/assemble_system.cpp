@@ -1,0 +1,372 @@
+#include "calc/assemble_system.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "calc/assembly_work.h"
+#include "calc/temperature.h"
+
+namespace tormel {
+
+namespace {
+
+// Which components take part: those with an input value, H+ and OH always,
+// the electron with redox, the ligand of every gas, and whole redox groups.
+void SetInputFlags(CalcContext& ctx) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    for (Component& c : chem.components) {
+        c.systemIndex = 0;
+        c.inInput = c.inputValue != 0;
+    }
+    if (chem.electronIndex > 0) chem.components[chem.electronIndex].inInput = ctx.input.redox;
+    chem.components[chem.hydrogenIndex].inInput = true;
+    chem.components[chem.hydroxideIndex].inInput = true;
+    st.hydrogenInput = chem.components[chem.hydrogenIndex].inputValue;
+    st.hydroxideReference = chem.components[chem.hydroxideIndex].inputValue;
+    st.redoxProtonFlag = false;
+    for (Component& c : chem.components)
+        if (c.type == Gas && c.inInput && c.linkedLigand > 0) chem.components[c.linkedLigand].inInput = true;
+    if (ctx.input.redox) {
+        const int32_t count = chem.ComponentCount();
+        for (int32_t i = 0; i < count; ++i) {
+            const Component& c = chem.components[i];
+            if (c.inInput && c.redoxNext > 0) chem.components[c.redoxNext].inInput = true;
+        }
+        for (int32_t i = count - 1; i >= 0; --i) {
+            const Component& c = chem.components[i];
+            if (c.inInput && c.redoxPrev > 0) chem.components[c.redoxPrev].inInput = true;
+        }
+    }
+}
+
+void ResetAssembledLayer(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    chem.ClearAssembled();
+    chem.systemComponents.clear();
+    chem.species.clear();
+    chem.reactionReactants.clear();
+    chem.reactionProducts.clear();
+    chem.composition.clear();
+    chem.reactionRowCount = 0;
+    chem.maxSpeciesComponents = 0;
+    chem.freeHydroxideSpecies = 0;
+    chem.complexSpeciesRange = {};
+    chem.solidSpeciesRange = {};
+    chem.systemComponents.reserve(2 * chem.components.size() + 400);
+    chem.species.reserve(4 * chem.equilibria.size());
+    for (Equilibrium& e : chem.equilibria) e.systemSpecies = 0;
+    w.ctx.state.solidTotalCounts.clear();
+}
+
+// A free species of kind `kind` that stands for system component `sc`.
+int32_t AddFreeSpecies(AssemblyWork& w, int32_t kind, int32_t component, int32_t sc, double ionSize) {
+    const Component& c = w.chem.components[component];
+    const int32_t s = w.NewSpecies();
+    Species& sp = w.chem.species[s];
+    sp.kind = kind;
+    sp.name = AssemblyWork::FreeName(c.name);
+    sp.charge = c.charge;
+    sp.componentTerms = 1;
+    sp.deltaZ2 = c.charge * c.charge;
+    sp.enthalpyStatus = 2;
+    sp.ionSize = ionSize;
+    sp.literatureRef = -1;
+    sp.reactionRow = -1;
+    sp.source = -component;
+    w.Coef(s, sc) = 1;
+    return s;
+}
+
+// A system component that copies the component's own record.
+int32_t AddComponentUnknown(AssemblyWork& w, int32_t component) {
+    const Component& c = w.chem.components[component];
+    const int32_t j = w.NewSystemComponent();
+    SystemComponent& sc = w.chem.systemComponents[j];
+    sc.type = c.type;
+    sc.name = c.name;
+    sc.charge = c.charge;
+    sc.molarMass = c.molarMass;
+    sc.givenValue = c.inputValue;
+    sc.balanceKind = c.inputType;
+    sc.componentIndex = component;
+    w.chem.components[component].systemIndex = j;
+    w.placed[component] = 1;
+    return j;
+}
+
+void AddHydrogen(AssemblyWork& w) {
+    const int32_t h = w.chem.hydrogenIndex;
+    AddComponentUnknown(w, h);  // system component 0
+    w.chem.systemComponents[0].balanceTotal = w.ctx.state.hydrogenInput - w.ctx.state.hydroxideReference;
+    AddFreeSpecies(w, FreeComponent, h, 0, w.chem.components[h].ionDiameter);
+    w.speciesOf[h] = 0;
+}
+
+void AddElectron(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    const int32_t e = chem.electronIndex;
+    const int32_t j = w.NewSystemComponent();
+    SystemComponent& sc = chem.systemComponents[j];
+    sc.type = Electron;
+    sc.name = "e";
+    sc.charge = -1;
+    sc.balanceKind = InpTypeFreeAct;
+    sc.givenValue = chem.components[e].inputValue;
+    sc.componentIndex = e;
+    chem.components[e].systemIndex = j;
+    w.placed[e] = 1;
+}
+
+// Each gas in the input is an unknown given by its partial pressure; its
+// ligand becomes a species formed from the gas (and H+).
+void AddGases(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    const TypeRange range = chem.componentRange[Gas];
+    if (range.empty()) return;
+    const double temperature = w.ctx.input.temperature;
+    for (int32_t g = range.first; g <= range.last; ++g) {
+        Component& gas = chem.components[g];
+        if (gas.type != Gas || !gas.inInput) continue;
+        w.placed[g] = 1;
+        const int32_t j = w.NewSystemComponent();
+        {
+            SystemComponent& sc = chem.systemComponents[j];
+            sc.type = gas.type;
+            sc.name = gas.name;
+            sc.charge = 0;
+            sc.balanceKind = gas.inputType;
+            sc.givenValue = gas.inputValue;
+            sc.componentIndex = g;
+        }
+        gas.systemIndex = j;
+        const int32_t s = w.NewSpecies();
+        {
+            Species& sp = chem.species[s];
+            sp.kind = GasLigand;
+            const Component& ligand = chem.components[gas.linkedLigand];
+            sp.name = AssemblyWork::FreeName(ligand.name);
+            sp.charge = ligand.charge;
+        }
+        int32_t eq = -1;
+        const TypeRange eqRange = chem.equilibriumRange[EqGas];
+        if (!eqRange.empty())
+            for (int32_t e = eqRange.first; e <= eqRange.last; ++e)
+                if (chem.equilibria[e].type == EqGas && chem.equilibria[e].linkedComponent == g) {
+                    eq = e;
+                    break;
+                }
+        if (eq < 0) continue;
+        const Equilibrium& e = chem.equilibria[eq];
+        Species& sp = chem.species[s];
+        sp.componentTerms = e.componentCount;
+        sp.deltaZ2 = -e.deltaZ2;
+        sp.deltaZ2Stored = e.deltaZ2;
+        sp.enthalpy = e.enthalpy;
+        if (e.hasEnthalpy) {
+            sp.enthalpyStatus = 1;
+            sp.tempCorrection = ReverseTemperatureTerm(temperature, e.enthalpy);
+            sp.tempCorrectionDatabase = 0;
+        } else {
+            sp.enthalpyStatus = 0;
+            sp.tempCorrection = 0;
+        }
+        sp.logK = -e.logK;
+        sp.logKDatabase = e.logK;
+        sp.literatureRef = e.literatureRef;
+        const int32_t row = w.NewReactionRow();
+        int32_t ligand = -1;
+        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
+            const int32_t nu = chem.Coefficient(k, eq);
+            if (nu == 0) continue;
+            const Component& c = chem.components[k];
+            w.AddReactant(row, nu, c.name, c.charge, AssemblyWork::AqueousPhase(c.charge));
+            if (c.type == Ligand) {
+                ligand = k;
+                break;
+            }
+        }
+        if (ligand < 0) continue;  // a gas equilibrium must contain a ligand
+        w.placed[ligand] = 1;
+        const int32_t h = chem.Coefficient(chem.hydrogenIndex, eq);
+        if (h != 0) w.Coef(s, 0) = -h;
+        w.Coef(s, j) = chem.Coefficient(ligand, eq);
+        chem.components[ligand].systemIndex = -s;
+        w.speciesOf[ligand] = s;
+        chem.species[s].source = -ligand;
+        chem.species[s].reactionRow = row;
+        w.AddProduct(row, static_cast<int32_t>(e.linkedCoefficient), gas.name, 0, "");
+    }
+}
+
+// Redox groups whose head is not yet represented: one unknown per group,
+// balanced by the sum of the members' totals, or fixed by the member given
+// as a free concentration or activity.
+void AddRedoxGroups(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
+        const Component& head = chem.components[c];
+        if (!head.inInput || w.placed[c] || head.redoxPrev != 0 || head.redoxNext < 1) continue;
+        w.speciesOf[c] = static_cast<int32_t>(chem.species.size());
+        const int32_t j = w.NewSystemComponent();
+        SystemComponent& sc = chem.systemComponents[j];
+        sc.type = head.type;
+        sc.name = head.name;
+        sc.charge = head.charge;
+        sc.molarMass = head.molarMass;
+        sc.balanceKind = InpTypeTotalConc;
+        sc.givenValue = 0;
+        sc.componentIndex = c;
+        int32_t guard = 0;
+        for (int32_t m = c; m != 0 && guard <= chem.ComponentCount(); m = chem.components[m].redoxNext, ++guard) {
+            const Component& member = chem.components[m];
+            if (member.inputType == InpTypeFreeConc || member.inputType == InpTypeFreeAct) {
+                sc.balanceKind = 5;
+                sc.givenValue = member.inputValue;
+                sc.givenMember = m;
+                break;
+            }
+            if (member.inputType == InpTypeTotalConc) sc.givenValue += member.inputValue;
+        }
+        AddFreeSpecies(w, FreeComponent, c, j, 0);
+        chem.components[c].systemIndex = j;
+        w.placed[c] = 1;
+        AddRedoxPartners(w, true);
+    }
+    if (chem.systemComponents[0].balanceKind != InpTypeTotalConc) return;
+    SystemComponent& hydrogen = chem.systemComponents[0];
+    for (size_t s = 0; s < chem.species.size(); ++s) {
+        const Species& sp = chem.species[s];
+        if (sp.kind != RedoxPartner && sp.kind != RedoxPartnerSolid) continue;
+        w.ctx.state.redoxProtonFlag = true;
+        const int32_t nu = w.Coef(static_cast<int32_t>(s), 0);
+        const Component& member = chem.components[-sp.source];
+        if (nu == 0 || member.inputValue == 0 || member.inputType != InpTypeTotalConc) continue;
+        if (nu < 0)
+            hydrogen.balanceTotal -= std::abs(member.inputValue) * nu;
+        else
+            hydrogen.balanceTotal += member.inputValue * nu;
+    }
+}
+
+// Free OH is formed from water and H+.
+void AddHydroxide(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    const Equilibrium& water = chem.equilibria[chem.waterEquilibriumIndex];
+    const int32_t oh = chem.hydroxideIndex;
+    const Component& hydroxide = chem.components[oh];
+    const Component& hydrogen = chem.components[chem.hydrogenIndex];
+    const int32_t s = w.NewSpecies();
+    Species& sp = chem.species[s];
+    sp.kind = FreeHydroxide;
+    sp.name = AssemblyWork::FreeName(hydroxide.name);
+    sp.charge = hydroxide.charge;
+    sp.componentTerms = 1;
+    w.Coef(s, 0) = -1;
+    sp.deltaZ2 = -water.deltaZ2;
+    sp.deltaZ2Stored = -water.deltaZ2;
+    sp.enthalpyStatus = water.hasEnthalpy ? 1 : 0;
+    sp.enthalpy = water.enthalpy;
+    sp.tempCorrection = ReverseTemperatureTerm(w.ctx.input.temperature, water.enthalpy);
+    sp.logK = -water.logK;
+    sp.logKDatabase = water.logK;
+    sp.literatureRef = water.literatureRef;
+    sp.ionSize = 0;
+    sp.source = -oh;
+    chem.components[oh].systemIndex = -s;
+    w.speciesOf[oh] = s;
+    w.placed[oh] = 1;
+    chem.freeHydroxideSpecies = s;
+    const int32_t row = w.NewReactionRow();
+    sp.reactionRow = row;
+    w.AddReactant(row, 1, hydrogen.name, 1, "");
+    w.AddReactant(row, 1, hydroxide.name, -1, "");
+    w.AddProduct(row, 1, water.name, 0, "");
+    sp.addInfo = w.ctx.Text("EqDef", "AddInfoWater");
+}
+
+void AddRemainingComponents(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
+        if (!chem.components[c].inInput || w.placed[c]) continue;
+        const int32_t j = AddComponentUnknown(w, c);
+        const Component& comp = chem.components[c];
+        const int32_t kind = comp.type == Ads ? AdsorbedSpecies : FreeComponent;
+        w.speciesOf[c] = AddFreeSpecies(w, kind, c, j, comp.ionDiameter);
+    }
+}
+
+// Puts the unknowns in ascending component order (H+ stays first).
+void SortSystemComponents(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    auto& scs = chem.systemComponents;
+    const int32_t count = static_cast<int32_t>(scs.size());
+    for (int32_t i = 0; i + 1 < count; ++i)
+        for (int32_t j = i + 1; j < count; ++j) {
+            if (scs[i].componentIndex <= scs[j].componentIndex) continue;
+            std::swap(scs[i], scs[j]);
+            for (auto& row : w.dense) std::swap(row[i], row[j]);
+            chem.components[scs[i].componentIndex].systemIndex = i;
+            chem.components[scs[j].componentIndex].systemIndex = j;
+        }
+}
+
+// The compact composition the solver reads: for each species its non-zero
+// coefficients in ascending system-component order.
+void BuildComposition(AssemblyWork& w) {
+    ChemicalSystem& chem = w.chem;
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    int32_t widest = 0;
+    for (const Species& sp : chem.species) widest = std::max(widest, sp.componentTerms);
+    chem.maxSpeciesComponents = widest;
+    chem.composition.assign(static_cast<size_t>(widest) * speciesCount, CompositionTerm{});
+    const int32_t systemCount = static_cast<int32_t>(chem.systemComponents.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        int32_t term = 0;
+        for (int32_t j = 0; j < systemCount && term < chem.species[s].componentTerms; ++j) {
+            const int32_t nu = w.dense[s][j];
+            if (nu == 0) continue;
+            chem.composition[Position(s, term, speciesCount)] = {j, nu};
+            ++term;
+        }
+    }
+}
+
+}  // namespace
+
+bool AssembleSystem(CalcContext& ctx) {
+    ChemicalSystem& chem = ctx.chem;
+    const InputProblem& input = ctx.input;
+    SetInputFlags(ctx);
+    AssemblyWork w(ctx);
+    ResetAssembledLayer(w);
+    AddHydrogen(w);
+    if (input.redox && chem.electronIndex > 0) AddElectron(w);
+    AddGases(w);
+    if (input.redox) {
+        AddRedoxPartners(w, false);
+        AddRedoxGroups(w);
+    }
+    AddHydroxide(w);
+    AddRemainingComponents(w);
+    if (input.organicComplexation) PrepareOrganicModel(w);
+    SortSystemComponents(w);
+
+    const int32_t firstComplex = static_cast<int32_t>(chem.species.size());
+    AddEquilibriumSpecies(w, EqComplex);
+    const int32_t endComplex = static_cast<int32_t>(chem.species.size());
+    chem.complexSpeciesRange = {firstComplex, endComplex - 1};
+    if (input.organicComplexation) AddOrganicSpecies(w);
+    if (input.adsorption) AddEquilibriumSpecies(w, EqAdsorption);
+    if (input.precipitation) {
+        AddSolidSpecies(w);
+        if (!CheckSolidTotals(w)) return false;
+    }
+    BuildComposition(w);
+    chem.systemComponents.shrink_to_fit();
+    chem.species.shrink_to_fit();
+    chem.temperatureCorrectionApplied = DecideTemperatureCorrection(chem, input.temperatureCorrection);
+    return true;
+}
+
+}  // namespace tormel

@@ -1,0 +1,88 @@
+#include "calc/assembly_work.h"
+
+#include <algorithm>
+
+namespace tormel {
+
+AssemblyWork::AssemblyWork(CalcContext& context)
+    : ctx(context),
+      chem(context.chem),
+      placed(context.chem.components.size(), 0),
+      speciesOf(context.chem.components.size(), 0),
+      columns_(2 * context.chem.ComponentCount() + 400) {}
+
+int32_t& AssemblyWork::Coef(int32_t species, int32_t systemComponent) {
+    return dense[species][systemComponent];
+}
+
+int32_t AssemblyWork::NewSpecies() {
+    chem.species.emplace_back();
+    dense.emplace_back(columns_, 0);
+    return static_cast<int32_t>(chem.species.size()) - 1;
+}
+
+int32_t AssemblyWork::NewSystemComponent() {
+    chem.systemComponents.emplace_back();
+    const int32_t index = static_cast<int32_t>(chem.systemComponents.size()) - 1;
+    if (index >= columns_) {
+        // more unknowns than the generous first guess: widen every row
+        columns_ = 2 * columns_;
+        for (auto& row : dense) row.resize(columns_, 0);
+    }
+    return index;
+}
+
+int32_t AssemblyWork::NewReactionRow() {
+    const int32_t width = chem.maxComponentsPerEquilibrium;
+    chem.reactionReactants.resize(chem.reactionReactants.size() + width);
+    chem.reactionProducts.resize(chem.reactionProducts.size() + width);
+    reactantFill.push_back(0);
+    productFill.push_back(0);
+    return chem.reactionRowCount++;
+}
+
+void AssemblyWork::AddEntry(std::vector<ReactionEntry>& table, std::vector<int32_t>& fill, int32_t row,
+                            int32_t coefficient, std::string_view name, int32_t charge, std::string_view phase) {
+    const int32_t width = chem.maxComponentsPerEquilibrium;
+    if (fill[row] >= width) return;  // a display row holds at most the database's widest reaction
+    ReactionEntry& entry = table[Position(fill[row], row, width)];
+    entry.coefficient = coefficient;
+    entry.name = std::string(name);
+    entry.charge = charge;
+    entry.phase = std::string(phase.substr(0, 5));
+    ++fill[row];
+}
+
+void AssemblyWork::AddReactant(int32_t row, int32_t coefficient, std::string_view name, int32_t charge,
+                               std::string_view phase) {
+    AddEntry(chem.reactionReactants, reactantFill, row, coefficient, name, charge, phase);
+}
+
+void AssemblyWork::AddProduct(int32_t row, int32_t coefficient, std::string_view name, int32_t charge,
+                              std::string_view phase) {
+    AddEntry(chem.reactionProducts, productFill, row, coefficient, name, charge, phase);
+}
+
+void AssemblyWork::AddRow(int32_t target, int32_t source, int32_t factor) {
+    if (factor == 0) return;
+    const auto& from = dense[source];
+    auto& to = dense[target];
+    for (size_t j = 0; j < chem.systemComponents.size(); ++j) to[j] += factor * from[j];
+}
+
+void AssemblyWork::ComposeFromRow(int32_t s) {
+    Species& sp = chem.species[s];
+    int32_t sum = 0;
+    int32_t terms = 0;
+    for (size_t j = 0; j < chem.systemComponents.size(); ++j) {
+        const int32_t nu = dense[s][j];
+        if (nu == 0) continue;
+        const int32_t z = chem.systemComponents[j].charge;
+        sum += nu * z * z;
+        ++terms;
+    }
+    sp.deltaZ2 = sum - sp.charge * sp.charge;
+    sp.componentTerms = terms;
+}
+
+}  // namespace tormel

@@ -1,0 +1,149 @@
+// Mass-balance sums of the unknowns, their ratios to the given totals, and
+// the donor/acceptor sums of the proton balance.
+#include <algorithm>
+#include <cmath>
+
+#include "calc/solver.h"
+
+namespace tormel {
+
+namespace {
+
+enum class SumClass { Dissolved, Adsorbed, Solid, Other };
+
+SumClass ClassOf(int32_t kind) {
+    switch (kind) {
+        case FreeComponent:
+        case FreeHydroxide:
+        case GasLigand:
+        case RedoxPartner:
+        case ComplexSpecies:
+            return SumClass::Dissolved;
+        case AdsorbedSpecies:
+            return SumClass::Adsorbed;
+        case RedoxPartnerSolid:
+        case SolidSpecies:
+            return SumClass::Solid;
+        default:
+            return SumClass::Other;  // organic kinds: the organic model's sums
+    }
+}
+
+void AddToSums(SystemComponent& sc, int32_t kind, double amount) {
+    switch (ClassOf(kind)) {
+        case SumClass::Dissolved:
+            sc.sumDissolved += amount;
+            break;
+        case SumClass::Adsorbed:
+            sc.sumAdsorbed += amount;
+            break;
+        case SumClass::Solid:
+            sc.sumSolid += amount;
+            break;
+        case SumClass::Other:
+            break;
+    }
+}
+
+void ResetSums(SystemComponent& sc) {
+    sc.sumDissolved = sc.sumOther = sc.sumAdsorbed = sc.sumSolid = 0;
+    sc.ddlSum = {0, 0};
+    sc.boundFA = sc.boundHA = sc.boundOrganic = 0;
+}
+
+}  // namespace
+
+void CombineSums(SystemComponent& sc, double bulkFraction) {
+    sc.sumAll = sc.sumDissolved + sc.sumAdsorbed + sc.sumSolid + sc.sumOther;
+    sc.bulkDissolved = sc.sumDissolved * bulkFraction;
+    sc.bulkAdsorbed = sc.sumAdsorbed * bulkFraction;
+    sc.bulkSolid = sc.sumSolid * bulkFraction;
+    sc.calculatedTotal = sc.bulkDissolved + sc.bulkAdsorbed + sc.bulkSolid + sc.boundOrganic;
+}
+
+void ComputeProtonSums(CalcContext& ctx) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    ProtonSums ps;
+    ps.donorOrganic = st.protonSums.donorOrganic;
+    ps.acceptorOrganic = st.protonSums.acceptorOrganic;
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        const Species& sp = chem.species[s];
+        for (int32_t e = 0; e < sp.componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            if (term.systemComponent != 0 || term.coefficient == 0) continue;
+            const double amount = std::abs(term.coefficient) * sp.concentration;
+            const bool donor = term.coefficient > 0;
+            switch (ClassOf(sp.kind)) {
+                case SumClass::Dissolved:
+                    (donor ? ps.donorDissolved : ps.acceptorDissolved) += amount;
+                    break;
+                case SumClass::Adsorbed:
+                    (donor ? ps.donorAdsorbed : ps.acceptorAdsorbed) += amount;
+                    break;
+                case SumClass::Solid:
+                    (donor ? ps.donorSolid : ps.acceptorSolid) += amount;
+                    break;
+                case SumClass::Other:
+                    break;
+            }
+        }
+    }
+    ps.donorBulk = (ps.donorDissolved + ps.donorAdsorbed + ps.donorSolid) * st.bulkFraction;
+    ps.acceptorBulk = (ps.acceptorDissolved + ps.acceptorAdsorbed + ps.acceptorSolid) * st.bulkFraction;
+    ps.donors = ps.donorBulk + ps.donorOrganic;
+    ps.acceptors = ps.acceptorBulk + ps.acceptorOrganic;
+    st.protonSums = ps;
+    SystemComponent& h = chem.systemComponents[0];
+    h.sumDissolved = ps.donorDissolved - ps.acceptorDissolved;
+    h.sumAdsorbed = ps.donorAdsorbed - ps.acceptorAdsorbed;
+    h.sumSolid = ps.donorSolid - ps.acceptorSolid;
+    h.calculatedTotal = ps.donors - ps.acceptors;
+}
+
+void TotalsAndRatios(CalcContext& ctx, bool& converged) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    if (st.protonBalanceMode) ComputeProtonSums(ctx);
+    auto& scs = chem.systemComponents;
+    for (SystemComponent& sc : scs)
+        if (sc.balanceKind == InpTypeTotalConc) ResetSums(sc);
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        const Species& sp = chem.species[s];
+        for (int32_t e = 0; e < sp.componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            SystemComponent& sc = scs[term.systemComponent];
+            if (sc.balanceKind != InpTypeTotalConc || term.coefficient == 0) continue;
+            AddToSums(sc, sp.kind, term.coefficient * sp.concentration);
+        }
+    }
+    st.previousWorstRatio = st.worstRatio;
+    st.worstRatio = st.protonWorstRatio = st.otherWorstRatio = 1;
+    st.worstComponentName.clear();
+    for (size_t j = 0; j < scs.size(); ++j) {
+        SystemComponent& sc = scs[j];
+        if (sc.balanceKind != InpTypeTotalConc) continue;
+        sc.boundOrganic += sc.boundFA + sc.ddlSum[0] + sc.boundHA + sc.ddlSum[1];
+        CombineSums(sc, st.bulkFraction);
+        double ratio;
+        if (j == 0)
+            ratio = sc.balanceTotal != st.hydroxideReference ? sc.calculatedTotal / sc.balanceTotal
+                                                             : st.protonSums.donors / st.protonSums.acceptors;
+        else
+            ratio = sc.balanceTotal / sc.calculatedTotal;
+        const double a = std::fabs(ratio);
+        const double d = a > 1 ? a : 1 / a;
+        double& worst = j == 0 ? st.protonWorstRatio : st.otherWorstRatio;
+        if (d > worst || std::isnan(d)) {
+            worst = std::isnan(d) ? HUGE_VAL : d;
+            st.worstComponentName = sc.name;
+        }
+    }
+    if (st.protonWorstRatio > st.otherWorstRatio) st.worstComponentName = scs[0].name;
+    st.worstRatio = std::max(st.protonWorstRatio, st.otherWorstRatio);
+    if (st.workingCriterion < st.worstRatio) converged = false;
+}
+
+}  // namespace tormel

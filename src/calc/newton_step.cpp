@@ -1,0 +1,162 @@
+// One Newton-Raphson step on the mass balances (and the saturation of the
+// present solids), with limits that keep every unknown positive and keep the
+// step of H+, of solid amounts and of components touched by a solid small.
+#include <algorithm>
+#include <cmath>
+
+#include "calc/gauss_jordan.h"
+#include "calc/solver.h"
+
+namespace tormel {
+
+namespace {
+
+constexpr double kLn10 = 2.302585092994046;
+
+// Residuals: calculated minus given total; for a present solid its
+// saturation in natural logarithms.
+void Residuals(const ChemicalSystem& chem, NewtonSystem& ns) {
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t u = 0; u < ns.n; ++u) {
+        const SystemComponent& sc = chem.systemComponents[ns.unknownComponent[u]];
+        ns.r[u] = sc.calculatedTotal - sc.balanceTotal;
+    }
+    for (int32_t k = 0; k < ns.m; ++k) {
+        const int32_t s = ns.solidSpecies[k];
+        const Species& solid = chem.species[s];
+        double sum = kLn10 * solid.workingLogK;
+        for (int32_t e = 0; e < solid.componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            if (term.coefficient == 0) continue;
+            sum += term.coefficient * std::log(chem.systemComponents[term.systemComponent].freeConcentration);
+        }
+        ns.r[ns.n + k] = sum;
+    }
+}
+
+// d(total of u)/d(c of v) contributed by species s: nu_u nu_v c_s / c_v,
+// formed again in logarithms when the plain product is not finite.
+bool JacobianTerm(const ChemicalSystem& chem, int32_t s, int32_t nuU, int32_t v, int32_t nuV, double& value) {
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    const Species& sp = chem.species[s];
+    const double cv = chem.systemComponents[v].freeConcentration;
+    double product = nuU * nuV * std::pow(cv, nuV - 1) * std::pow(10.0, sp.workingLogK);
+    double logSum = std::log(std::fabs(static_cast<double>(nuU) * nuV)) + (nuV - 1) * std::log(cv);
+    for (int32_t e = 0; e < sp.componentTerms; ++e) {
+        const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+        if (term.coefficient == 0 || term.systemComponent == v) continue;
+        const double c = chem.systemComponents[term.systemComponent].freeConcentration;
+        product *= std::pow(c, term.coefficient);
+        logSum += term.coefficient * std::log(c);
+    }
+    if (std::isfinite(product)) {
+        value = product;
+        return true;
+    }
+    const double sign = (nuU * nuV) < 0 ? -1.0 : 1.0;
+    value = sign * std::pow(10.0, logSum / kLn10 + sp.workingLogK);
+    return std::isfinite(value);
+}
+
+bool BuildJacobian(const ChemicalSystem& chem, NewtonSystem& ns) {
+    const int32_t size = ns.Size();
+    std::fill(ns.jacobian.begin(), ns.jacobian.end(), 0.0);
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    const int32_t end = chem.solidSpeciesRange.empty() ? speciesCount : chem.solidSpeciesRange.first;
+    for (int32_t s = 0; s < end; ++s) {
+        const Species& sp = chem.species[s];
+        for (int32_t a = 0; a < sp.componentTerms; ++a) {
+            const CompositionTerm& ta = chem.composition[Position(s, a, speciesCount)];
+            const int32_t u = ns.componentUnknown[ta.systemComponent];
+            if (u < 0 || ta.coefficient == 0) continue;
+            for (int32_t b = 0; b < sp.componentTerms; ++b) {
+                const CompositionTerm& tb = chem.composition[Position(s, b, speciesCount)];
+                const int32_t v = ns.componentUnknown[tb.systemComponent];
+                if (v < 0 || tb.coefficient == 0) continue;
+                double value;
+                if (!JacobianTerm(chem, s, ta.coefficient, tb.systemComponent, tb.coefficient, value)) return false;
+                ns.jacobian[u * size + v] += value;
+            }
+        }
+    }
+    for (int32_t k = 0; k < ns.m; ++k) {
+        const int32_t s = ns.solidSpecies[k];
+        const Species& solid = chem.species[s];
+        for (int32_t e = 0; e < solid.componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            const int32_t u = ns.componentUnknown[term.systemComponent];
+            if (u < 0 || term.coefficient == 0) continue;
+            ns.jacobian[u * size + ns.n + k] = term.coefficient;
+            ns.jacobian[(ns.n + k) * size + u] =
+                term.coefficient / chem.systemComponents[term.systemComponent].freeConcentration;
+        }
+    }
+    return true;
+}
+
+}  // namespace
+
+bool NewtonStep(CalcContext& ctx, bool& converged) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    NewtonSystem& ns = st.newton;
+    const int32_t size = ns.Size();
+    Residuals(chem, ns);
+    if (!BuildJacobian(chem, ns)) return false;
+    if (!GaussJordanInvert(ns.jacobian, size, ns.inverse)) return false;
+    for (int32_t u = 0; u < size; ++u) {
+        double sum = 0;
+        for (int32_t v = 0; v < size; ++v) sum += ns.inverse[u * size + v] * ns.r[v];
+        ns.delta[u] = sum;
+    }
+    for (int32_t u = 0; u < size; ++u) {
+        const double y = ns.x[u] - ns.delta[u];
+        const int16_t kind = ns.kind[u];
+        if (kind == UnknownComponent) {
+            const int32_t j = ns.unknownComponent[u];
+            SystemComponent& sc = chem.systemComponents[j];
+            if (j == 0 && st.protonBalanceMode) {
+                double h = sc.freeConcentration;
+                if (h > 1e-10 && h < 0.0001) {
+                    if (y < 0.8 * h) {
+                        h = 0.8 * h;
+                        converged = false;
+                    } else if (y > 1.25 * h) {
+                        h = 1.25 * h;
+                        converged = false;
+                    } else {
+                        h = y;
+                    }
+                }
+                ns.x[u] = h;
+            } else if (y <= 0 || y * st.bulkFraction > sc.balanceTotal * st.workingCriterion) {
+                RatioUpdate(ctx, j);
+                ns.x[u] = sc.freeConcentration;
+                converged = false;
+            } else {
+                ns.x[u] = y;
+            }
+            continue;
+        }
+        const double f = kind == UnknownTouchedBySolid ? 2.0 : 1.2;
+        if (y > 0) {
+            if (y > f * ns.x[u]) {
+                ns.x[u] = f * ns.x[u];
+                converged = false;
+            } else if (y >= ns.x[u] / f) {
+                ns.x[u] = y;
+            } else {
+                ns.x[u] = ns.x[u] / f;
+                converged = false;
+            }
+        } else {
+            ns.x[u] = ns.x[u] / f;
+            converged = false;
+        }
+    }
+    for (int32_t u = 0; u < ns.n; ++u) chem.systemComponents[ns.unknownComponent[u]].freeConcentration = ns.x[u];
+    for (int32_t k = 0; k < ns.m; ++k) chem.species[ns.solidSpecies[k]].concentration = ns.x[ns.n + k];
+    return true;
+}
+
+}  // namespace tormel

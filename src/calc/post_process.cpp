@@ -1,0 +1,87 @@
+#include "calc/activity.h"
+#include "calc/assemble_system.h"
+#include "calc/run_calculation.h"
+#include "calc/solver.h"
+
+namespace tormel {
+
+namespace {
+
+constexpr int32_t kMsaModel = 2;
+
+void ResetBalanceSums(SystemComponent& sc) { sc.sumDissolved = sc.sumOther = sc.sumAdsorbed = sc.sumSolid = 0; }
+
+// The balance sums of the unknowns the solver did not balance (fixed
+// concentrations and activities, gases, redox groups fixed by a member):
+// what the solution holds of them, by species class.
+void FillUnbalancedSums(ChemicalSystem& chem, double bulkFraction) {
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    const int32_t systemCount = static_cast<int32_t>(chem.systemComponents.size());
+    for (int32_t j = 0; j < systemCount; ++j) {
+        SystemComponent& sc = chem.systemComponents[j];
+        if (sc.type != Gas && sc.balanceKind == InpTypeTotalConc) continue;
+        ResetBalanceSums(sc);
+        for (int32_t s = 0; s < speciesCount; ++s) {
+            const Species& sp = chem.species[s];
+            for (int32_t e = 0; e < sp.componentTerms; ++e) {
+                const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+                if (term.systemComponent != j || term.coefficient == 0) continue;
+                const double amount = term.coefficient * sp.concentration;
+                switch (sp.kind) {
+                    case FreeComponent:
+                    case FreeHydroxide:
+                    case GasLigand:
+                    case RedoxPartner:
+                    case ComplexSpecies:
+                        sc.sumDissolved += amount;
+                        break;
+                    case AdsorbedSpecies:
+                        sc.sumAdsorbed += amount;
+                        break;
+                    case RedoxPartnerSolid:
+                    case SolidSpecies:
+                        sc.sumSolid += amount;
+                        break;
+                    default:
+                        break;
+                }
+            }
+        }
+        CombineSums(sc, bulkFraction);
+    }
+}
+
+}  // namespace
+
+void PostProcess(CalcContext& ctx) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    const bool hydrogenIsTotal = chem.systemComponents[0].balanceKind == InpTypeTotalConc;
+    // With a fixed pH the proton sums still tell how much H+ the species hold;
+    // the sums of every unbalanced unknown (H+ among them) are then formed anew.
+    if (!hydrogenIsTotal) ComputeProtonSums(ctx);
+    if (ctx.input.ionicStrengthFixed) st.ionicStrengthFromComposition = IonicStrengthSum(chem);
+    SpeciesChargeSums(chem, st.cationCharge, st.anionCharge);
+    FillUnbalancedSums(chem, st.bulkFraction);
+    if (ctx.input.ionicStrengthModel == kMsaModel) BuildSaltTable(ctx);
+}
+
+CalculationOutcome RunCalculation(CalcContext& ctx, bool showProgress) {
+    CalculationOutcome outcome;
+    outcome.assembled = AssembleSystem(ctx);
+    if (!outcome.assembled) return outcome;
+    ctx.state.inputChargeExcess = 0;
+    if (ctx.chem.systemComponents[0].balanceKind == InpTypeTotalConc)
+        ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem);
+    outcome.solve = SolveEquilibrium(ctx, showProgress);
+    if (ctx.state.abortRequested) return outcome;
+    // A solve stopped by the iteration bound has no valid composition: no
+    // results, the outcome says why.
+    if (!outcome.solve.converged) return outcome;
+    PostProcess(ctx);
+    ctx.state.resultExists = true;
+    if (ctx.buildResults) ctx.buildResults(ctx);
+    return outcome;
+}
+
+}  // namespace tormel

@@ -1,0 +1,51 @@
+// The damped ratio update of one mass-balance unknown: the free
+// concentration is scaled by the ratio of the given to the calculated total
+// (its root for components bound several times in a complex), damped more
+// each time the direction of change reverses.
+#include <cmath>
+
+#include "calc/solver.h"
+
+namespace tormel {
+
+namespace {
+constexpr float kMaxRatioDamping = 10.0f;
+constexpr float kRatioDampingStep = 0.1f;
+enum Direction : int32_t { Raised = 1, Lowered = 2, Unchanged = 3 };
+}  // namespace
+
+void RatioUpdate(CalcContext& ctx, int32_t j) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    SystemComponent& sc = chem.systemComponents[j];
+    if (sc.balanceTotal == sc.calculatedTotal) {
+        sc.direction = Unchanged;
+        return;
+    }
+    double x = sc.balanceTotal / sc.calculatedTotal;
+    if (sc.maxCoefficient > 1) x = std::pow(x, 1.0 / sc.maxCoefficient);
+    if (((sc.direction == Raised && x < 1) || (sc.direction == Lowered && x > 1)) && sc.damping < kMaxRatioDamping)
+        sc.damping += kRatioDampingStep;
+    const double c = sc.freeConcentration;
+    const double w = sc.damping;  // the weight is stored in single precision; the update is not
+    sc.freeConcentration = (x * c + w * c) / (w + 1);
+    // present solids holding the component follow it
+    const NewtonSystem& ns = st.newton;
+    if (ns.m > 0) {
+        const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+        const double input = chem.components[sc.componentIndex].inputValue;
+        for (int32_t k = 0; k < ns.m; ++k) {
+            const int32_t s = ns.solidSpecies[k];
+            Species& solid = chem.species[s];
+            for (int32_t e = 0; e < solid.componentTerms; ++e) {
+                const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+                if (term.systemComponent != j || term.coefficient == 0) continue;
+                solid.concentration *= sc.sumSolid > input ? x : std::sqrt(x);
+                break;
+            }
+        }
+    }
+    sc.direction = x > 1 ? Raised : (x < 1 ? Lowered : Unchanged);
+}
+
+}  // namespace tormel

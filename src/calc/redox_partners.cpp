@@ -1,0 +1,136 @@
+// Redox partners: a component reached from a represented one through a redox
+// equilibrium becomes a species formed from the representative's unknowns,
+// H+ and the electron.
+#include <cstdlib>
+
+#include "calc/assembly_work.h"
+#include "calc/temperature.h"
+
+namespace tormel {
+
+namespace {
+
+// The species that stands for an already placed component. Before the redox
+// groups are built the assembly reads it from the component's link; within
+// the groups from the species map.
+int32_t Representative(const AssemblyWork& w, int32_t component, bool groupStep) {
+    if (groupStep) return w.speciesOf[component];
+    return std::abs(w.chem.components[component].systemIndex);
+}
+
+// The reaction's own component: the first one that is neither H+ nor the electron.
+int32_t ReactionComponent(const ChemicalSystem& chem, int32_t e) {
+    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
+        if (k == chem.hydrogenIndex || (chem.electronIndex > 0 && k == chem.electronIndex)) continue;
+        if (chem.Coefficient(k, e) != 0) return k;
+    }
+    return -1;
+}
+
+void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b, int32_t n, bool groupStep) {
+    ChemicalSystem& chem = w.chem;
+    const Equilibrium& eq = chem.equilibria[e];
+    const Component& compA = chem.components[a];
+    const Component& compB = chem.components[b];
+    const int32_t row = w.NewReactionRow();
+    chem.species[t].reactionRow = row;
+    const int32_t linked = static_cast<int32_t>(eq.linkedCoefficient);
+    if (!groupStep) {
+        const bool solidPartner = chem.components[n].type == RedSol;
+        if (solidPartner)
+            w.AddReactant(row, chem.Coefficient(b, e), compB.name, 0, "(s)");
+        else
+            w.AddReactant(row, chem.Coefficient(b, e), compB.name, compB.charge, AssemblyWork::AqueousPhase(compB.charge));
+        const int32_t h = chem.Coefficient(chem.hydrogenIndex, e);
+        if (h != 0) {
+            const Component& hydrogen = chem.components[chem.hydrogenIndex];
+            w.AddReactant(row, h, hydrogen.name, hydrogen.charge, "");
+        }
+        if (chem.electronIndex > 0) {
+            const Component& electron = chem.components[chem.electronIndex];
+            w.AddReactant(row, chem.Coefficient(chem.electronIndex, e), electron.name, electron.charge, "");
+        }
+        const bool aqueous = compA.type != RedSol && compB.charge == 0;
+        w.AddProduct(row, linked, compA.name, compA.charge, aqueous ? "(aq)" : "");
+        return;
+    }
+    bool solidTerm = compA.type == RedSol;
+    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
+        const int32_t nu = chem.Coefficient(k, e);
+        if (nu == 0) continue;
+        const Component& c = chem.components[k];
+        w.AddReactant(row, nu, c.name, c.charge, "");
+        if (c.type == RedSol) solidTerm = true;
+    }
+    w.AddProduct(row, linked, compA.name, compA.charge, "");
+    if (solidTerm) chem.species[t].addInfo = w.ctx.Text("EqDef", "AddInfoSolid");
+}
+
+}  // namespace
+
+void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
+    ChemicalSystem& chem = w.chem;
+    const TypeRange range = chem.equilibriumRange[EqRedox];
+    if (range.empty()) return;
+    const int32_t electronColumn = chem.electronIndex > 0 ? chem.components[chem.electronIndex].systemIndex : -1;
+    const double temperature = w.ctx.input.temperature;
+    // Each pass places at least one component, so the passes are bounded by
+    // the number of components.
+    for (int32_t pass = 0; pass <= chem.ComponentCount(); ++pass) {
+        bool added = false;
+        for (int32_t e = range.first; e <= range.last; ++e) {
+            const Equilibrium& eq = chem.equilibria[e];
+            if (eq.type != EqRedox) continue;
+            const int32_t a = eq.linkedComponent;
+            const int32_t b = ReactionComponent(chem, e);
+            if (a <= 0 || b < 0 || a >= chem.ComponentCount()) continue;
+            if ((w.placed[a] != 0) == (w.placed[b] != 0)) continue;
+            const bool placedIsA = w.placed[a] != 0;
+            const int32_t p = placedIsA ? a : b;
+            const int32_t n = placedIsA ? b : a;
+            const int32_t sign = placedIsA ? -1 : 1;
+            const int32_t rep = Representative(w, p, groupStep);
+
+            const int32_t t = w.NewSpecies();
+            Species& sp = chem.species[t];
+            sp.logK = sign * eq.logK + chem.species[rep].logK;
+            w.dense[t] = w.dense[rep];
+            const int32_t h = chem.Coefficient(chem.hydrogenIndex, e);
+            if (h != 0) w.AddRow(t, 0, sign * h);
+            if (electronColumn > 0) w.Coef(t, electronColumn) += sign * chem.Coefficient(chem.electronIndex, e);
+            if (!groupStep && eq.hasEnthalpy && w.ctx.ui)
+                ShowPlainMessage(*w.ctx.ui, "Please contact author", "Unexpected error 2524.", IconError);
+
+            const Component& partner = chem.components[n];
+            Species& t2 = chem.species[t];
+            if (partner.type == RedSol) {
+                t2.kind = RedoxPartnerSolid;
+                t2.name = partner.name;
+            } else {
+                t2.kind = RedoxPartner;
+                t2.name = AssemblyWork::FreeName(partner.name);
+            }
+            t2.charge = partner.charge;
+            w.ComposeFromRow(t);
+            t2.literatureRef = eq.literatureRef;
+            t2.logKDatabase = eq.logK;
+            t2.deltaZ2Stored = eq.deltaZ2;
+            if (!groupStep) {
+                t2.enthalpyStatus = eq.hasEnthalpy ? 1 : 0;
+                t2.enthalpy = -eq.enthalpy;
+                t2.tempCorrection = ReverseTemperatureTerm(temperature, eq.enthalpy);
+                t2.ionSize = eq.complexDiameter;
+            }
+            chem.components[n].systemIndex = -t;
+            t2.source = -n;
+            w.speciesOf[n] = t;
+            if (groupStep) chem.equilibria[e].systemSpecies = t;
+            w.placed[n] = 1;
+            AddReactionRows(w, t, e, a, b, n, groupStep);
+            added = true;
+        }
+        if (!added) return;
+    }
+}
+
+}  // namespace tormel

@@ -1,0 +1,37 @@
+// Concentrations of the species from the free concentrations of the unknowns:
+// c_s = 10^(workingLogK + sum nu log c).
+#include <cmath>
+
+#include "calc/solver.h"
+
+namespace tormel {
+
+namespace {
+
+// Kinds whose concentration follows from the mass-action law here; solids
+// keep their amount (an unknown of its own) and the remaining organic kinds
+// are computed by the organic model.
+bool ComputedHere(int32_t kind) {
+    if (kind >= FreeComponent && kind <= AdsorbedSpecies) return true;
+    return (kind >= 9 && kind <= 12) || (kind >= 17 && kind <= 20) || (kind >= 25 && kind <= 30) ||
+           (kind >= 37 && kind <= 42) || (kind >= 49 && kind <= 54) || (kind >= 61 && kind <= 66);
+}
+
+}  // namespace
+
+void SpeciesConcentrations(ChemicalSystem& chem) {
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        Species& sp = chem.species[s];
+        if (!ComputedHere(sp.kind)) continue;
+        double exponent = sp.workingLogK;
+        for (int32_t e = 0; e < sp.componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            if (term.coefficient == 0) continue;
+            exponent += term.coefficient * std::log10(chem.systemComponents[term.systemComponent].freeConcentration);
+        }
+        sp.concentration = std::pow(10.0, exponent);
+    }
+}
+
+}  // namespace tormel

@@ -1,0 +1,40 @@
+#include "real_database.h"
+
+#include <filesystem>
+#include <memory>
+#include <unistd.h>
+
+#include "core/database_files.h"
+
+namespace tormel::test {
+
+namespace {
+
+std::unique_ptr<ChemicalSystem> Load() {
+    namespace fs = std::filesystem;
+    const fs::path raw = fs::path(TORMEL_SOURCE_DIR) / "data" / "RawData";
+    std::error_code ec;
+    const fs::path folder = fs::temp_directory_path(ec) / ("tormel_calc_db_" + std::to_string(::getpid()));
+    fs::create_directories(folder, ec);
+    for (const char* base : kDatabaseBaseNames) {
+        fs::copy_file(raw / (std::string(base) + "RW64"), folder / (std::string(base) + "D64"),
+                      fs::copy_options::overwrite_existing, ec);
+        if (ec) return nullptr;
+    }
+    auto chem = std::make_unique<ChemicalSystem>();
+    UiServices ui;  // the loader's warnings go nowhere
+    ui.showMessageBox = [](const MessageBoxRequest&) { return MessageBoxAnswer{}; };
+    const auto error = LoadDatabase(*chem, folder.string() + "/", ui);
+    fs::remove_all(folder, ec);
+    if (error) return nullptr;
+    return chem;
+}
+
+}  // namespace
+
+const ChemicalSystem* RealDatabase() {
+    static const std::unique_ptr<ChemicalSystem> chem = Load();
+    return chem.get();
+}
+
+}  // namespace tormel::test
