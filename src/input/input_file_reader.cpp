@@ -1,0 +1,216 @@
+#include "input/input_file_reader.h"
+
+#include "core/c_number.h"
+#include "core/text_file.h"
+#include "core/token_reader.h"
+#include "core/utf16.h"
+#include "input/input_type_text.h"
+#include "input/program_defaults.h"
+#include "input/value_text.h"
+#include "shell/language.h"
+#include "shell/messages.h"
+
+namespace tormel {
+
+namespace {
+
+constexpr std::u16string_view kHeaderI64 = u"TORMEL NEXT (64 bits) input file";
+constexpr std::u16string_view kHeaderInp = u"TORMEL input file\n";
+constexpr size_t kDescriptionLimit = 259;
+
+InputFileError Error(const char* key, int lineNumber) {
+    InputFileError e;
+    e.key = key;
+    e.lineNumber = lineNumber;
+    return e;
+}
+
+InputFileError ErrorWithLine(const char* key, int lineNumber, std::string line) {
+    InputFileError e = Error(key, lineNumber);
+    e.hasLine = true;
+    e.line = std::move(line);
+    return e;
+}
+
+std::u16string_view TrimBlanks16(std::u16string_view s) {
+    size_t b = 0, e = s.size();
+    while (b < e && s[b] == u' ') ++b;
+    while (e > b && s[e - 1] == u' ') --e;
+    return s.substr(b, e - b);
+}
+
+std::u16string_view TrimBlanksAndLineFeeds16(std::u16string_view s) {
+    auto trimmed = [](char16_t c) { return c == u' ' || c == u'\n' || c == u'\r'; };
+    size_t b = 0, e = s.size();
+    while (b < e && trimmed(s[b])) ++b;
+    while (e > b && trimmed(s[e - 1])) --e;
+    return s.substr(b, e - b);
+}
+
+std::u16string_view WithoutLineFeed(std::u16string_view s) {
+    while (!s.empty() && (s.back() == u'\n' || s.back() == u'\r')) s.remove_suffix(1);
+    return s;
+}
+
+bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(); }
+
+// Component index by name, compared without regard to letter case, lowest
+// index first; -1 when there is none.
+int32_t FindComponentIgnoreCase(const ChemicalSystem& chem, std::string_view name) {
+    for (int32_t i = 0; i < chem.ComponentCount(); ++i)
+        if (EqualsIgnoreCase(chem.components[static_cast<size_t>(i)].name, name)) return i;
+    return -1;
+}
+
+std::optional<InputFileError> CheckI64Header(TokenReader& reader) {
+    std::u16string line;
+    reader.ReadLine(line, kInputLineLimit);
+    if (line.compare(0, kHeaderI64.size(), kHeaderI64) != 0) return Error("ErrorOpen1", 1);
+    reader.ReadLine(line, kInputLineLimit);
+    size_t colon = line.find(u':');
+    if (colon == std::u16string::npos || colon == 0) return Error("ErrorOpen2", 2);
+    std::string version = Utf16ToUtf8(TrimBlanks16(std::u16string_view(line).substr(colon + 1)));
+    if (StrToIntPlatform(version) != 1) return Error("ErrorOpen2", 2);
+    return std::nullopt;
+}
+
+std::optional<InputFileError> CheckInpHeader(TokenReader& reader) {
+    std::u16string line;
+    reader.ReadLine(line, kInputLineLimit);
+    if (line != kHeaderInp) return Error("ErrorOpen1", 1);
+    reader.ReadLine(line, kInputLineLimit);
+    float version = 0;
+    if (line.size() > 42) {
+        std::string rest = Utf16ToUtf8(std::u16string_view(line).substr(42));
+        size_t start = rest.find_first_not_of(" \t\n\r");
+        if (start != std::string::npos) version = static_cast<float>(LeadingReal(std::string_view(rest).substr(start)));
+    }
+    if (!(version >= 201.0f)) return Error("ErrorOpen4", 2);
+    reader.ReadLine(line, kInputLineLimit);  // line 3 is not used
+    return std::nullopt;
+}
+
+// Applies one keyword line; false when the key is no keyword.
+bool ApplyKeyword(std::string_view key, std::string_view value, const std::u16string& value16, InputProblem& input) {
+    if (EqualsIgnoreCase(key, "description")) {
+        input.description = Utf16ToUtf8(std::u16string_view(value16).substr(0, kDescriptionLimit));
+    } else if (EqualsIgnoreCase(key, "ionic strength")) {
+        if (EqualsIgnoreCase(value, "calculated")) {
+            input.ionicStrengthFixed = false;
+        } else {
+            // the number follows "fixed at "
+            input.ionicStrengthFixed = true;
+            input.fixedIonicStrength = value.size() > 9 ? LeadingReal(value.substr(9)) : 0;
+        }
+    } else if (EqualsIgnoreCase(key, "ionic strength model")) {
+        input.ionicStrengthModel = LeadingInteger(value);
+    } else if (EqualsIgnoreCase(key, "convergence criterion")) {
+        input.convergenceCriterion = LeadingReal(value);
+    } else if (EqualsIgnoreCase(key, "temperature")) {
+        input.temperature = LeadingReal(value);
+    } else if (EqualsIgnoreCase(key, "temperature correction")) {
+        input.temperatureCorrection = LeadingInteger(value);
+    } else if (EqualsIgnoreCase(key, "force neutral solution")) {
+        input.forceNeutral = EqualsIgnoreCase(value, "yes");
+    } else if (EqualsIgnoreCase(key, "precipitation equilibria")) {
+        input.precipitation = EqualsIgnoreCase(value, "included");
+    } else if (EqualsIgnoreCase(key, "redox equilibria")) {
+        input.redox = EqualsIgnoreCase(value, "included");
+    } else if (EqualsIgnoreCase(key, "adsorption")) {
+        if (EqualsIgnoreCase(value, "not included")) input.adsorption = false;
+        if (EqualsIgnoreCase(value, "included; fixed concentration")) input.adsorption = true;
+    } else if (EqualsIgnoreCase(key, "organic complexation")) {
+        input.organicComplexation = EqualsIgnoreCase(value, "included");
+    } else if (EqualsIgnoreCase(key, "model to use")) {
+        input.organicModel = LeadingInteger(value);
+    } else if (EqualsIgnoreCase(key, "concentration (mg/l c)")) {
+        input.docConcentration = LeadingReal(value);
+    } else if (EqualsIgnoreCase(key, "fraction of fulvic acids")) {
+        input.fulvicFraction = LeadingReal(value);
+    } else {
+        return false;
+    }
+    return true;
+}
+
+void ApplyComponentLine(Component& component, std::string_view value) {
+    size_t used = 0;
+    component.inputValue = LeadingReal(value, &used);
+    std::string_view rest = value.substr(used);
+    while (!rest.empty() && rest.front() == ' ') rest.remove_prefix(1);
+    while (!rest.empty() && rest.back() == ' ') rest.remove_suffix(1);
+    if (auto type = InputTypeFromFileText(rest)) component.inputType = *type;
+}
+
+}  // namespace
+
+std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
+                                            InputProblem& input, ChemicalSystem& chem) {
+    TokenReader reader{std::u16string(text)};
+    if (EqualsIgnoreCase(extension, ".i64")) {
+        if (auto error = CheckI64Header(reader)) return error;
+    } else if (EqualsIgnoreCase(extension, ".inp")) {
+        if (auto error = CheckInpHeader(reader)) return error;
+    } else {
+        return Error("ErrorOpen5", 0);
+    }
+
+    SetProgramDefaults(input, chem);
+
+    std::u16string line;
+    while (true) {
+        int lineNumber = reader.Line();
+        if (!reader.ReadLine(line, kInputLineLimit)) break;
+        if (IsEmptyLine(line)) continue;
+        // A line cut short by the end of the file (no line end, and shorter
+        // than the limit) is lost, as a stream reader that hits the end
+        // while reading it reports the end of the file.
+        if (line.back() != u'\n' && line.size() < kInputLineLimit) continue;
+
+        size_t colon = line.find(u':');
+        if (colon == 0) return Error("ErrorOpen3", lineNumber);
+        std::u16string_view whole(line);
+        std::string key = Utf16ToUtf8(colon == std::u16string::npos ? whole : whole.substr(0, colon));
+        std::u16string value16(colon == std::u16string::npos ? std::u16string_view()
+                                                             : TrimBlanksAndLineFeeds16(whole.substr(colon + 1)));
+        std::string value = Utf16ToUtf8(value16);
+
+        if (ApplyKeyword(key, value, value16, input)) continue;
+
+        if (EqualsIgnoreCase(key, "cation to neutralise") || EqualsIgnoreCase(key, "anion to neutralise")) {
+            int32_t index = FindComponentIgnoreCase(chem, value);
+            if (index < 0) return ErrorWithLine("ErrorOpen3", lineNumber, Utf16ToUtf8(WithoutLineFeed(whole)));
+            (EqualsIgnoreCase(key, "cation to neutralise") ? input.neutraliseCation : input.neutraliseAnion) = index;
+            continue;
+        }
+
+        int32_t component = FindComponentIgnoreCase(chem, key);
+        if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, Utf16ToUtf8(whole));
+        ApplyComponentLine(chem.components[static_cast<size_t>(component)], value);
+    }
+    return std::nullopt;
+}
+
+std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem) {
+    FileError fileError;
+    auto text = ReadUtf16File(path, &fileError);
+    if (!text) {
+        InputFileError e = Error("ErrorOpen1", 0);
+        e.detail = fileError.message;
+        return e;
+    }
+    if (auto error = ReadInputText(*text, FileExtension(path), input, chem)) return error;
+    input.modified = false;
+    input.currentInputFile = path;
+    return std::nullopt;
+}
+
+bool ReadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem, const UiServices& ui,
+                   const Language& language) {
+    auto error = LoadInputFile(path, input, chem);
+    if (!error) return true;
+    ShowMessage(ui, language, InputFileErrorText(language, *error), "", IconWarning);
+    return false;
+}
+
+}  // namespace tormel

@@ -1,0 +1,32 @@
+#include "shell/database_startup.h"
+
+#include "shell/messages.h"
+
+namespace tormel {
+
+DatabaseStartupResult PrepareDatabase(ChemicalSystem& chem, const AppFolders& folders, const Language& language,
+                                      const UiServices& ui) {
+    DatabaseStartupResult result;
+    if (RefreshDatabase(folders.dataFolder, folders.programFolder)) {
+        result.refreshed = true;
+        if (!CopyRawData(folders.dataFolder, folders.programFolder)) {
+            ShowMessage(ui, language,
+                        LanguageText(language, "TOOLS", "ProblemDB1") + "\n" + LanguageText(language, "TOOLS", "ProblemDB2"),
+                        {}, IconError);
+            result.outcome = DatabaseStartup::RefreshFailed;
+            return result;
+        }
+    }
+    result.error = LoadDatabase(chem, folders.dataFolder, ui);
+    if (result.error) {
+        // the working copies are the user's: say which one is damaged and where
+        ShowMessage(ui, language,
+                    LanguageTextOr(language, "TOOLS", "ProblemDBLoad", "The database could not be loaded:") + "\n" +
+                        result.error->Describe(),
+                    {}, IconError);
+        result.outcome = DatabaseStartup::LoadFailed;
+    }
+    return result;
+}
+
+}  // namespace tormel

@@ -1,0 +1,21 @@
+#include "shell/language.h"
+
+#include "core/utf16.h"
+
+namespace tormel {
+
+std::string LanguageText(const Language& language, std::string_view section, std::string_view key) {
+    return LanguageTextOr(language, section, key, "");
+}
+
+std::string LanguageTextOr(const Language& language, std::string_view section, std::string_view key,
+                           std::string_view def) {
+    if (language.Path().empty()) return std::string(def);
+    return language.File().ReadString(section, key, def, kLanguageTextLimit);
+}
+
+int LanguageTextLength(const Language& language, std::string_view section, std::string_view key) {
+    return static_cast<int>(Utf16Length(LanguageText(language, section, key)));
+}
+
+}  // namespace tormel

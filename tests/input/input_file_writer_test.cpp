@@ -1,0 +1,250 @@
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <filesystem>
+
+#include "core/text_file.h"
+#include "core/utf16.h"
+#include "input/input_file_reader.h"
+#include "input/input_file_writer.h"
+#include "input/program_defaults.h"
+#include "input/test_language.h"
+#include "input/input_test_system.h"
+#include "support/recording_ui.h"
+#include "support/temp_folder.h"
+
+namespace tormel {
+namespace {
+
+using I = test::InputTestIndex;
+
+class InputFileWriter : public ::testing::Test {
+protected:
+    void SetUp() override {
+        chem = test::InputTestSystem();
+        SetProgramDefaults(input, chem);
+    }
+
+    // A problem that sets every option away from its default and gives
+    // every kind of component line.
+    void SetEveryOption() {
+        input.description = "Probe Müller – 12,5 °C, Ω ≤ 1 𝄞";
+        input.ionicStrengthFixed = true;
+        input.fixedIonicStrength = 0.1;
+        input.ionicStrengthModel = 1;
+        input.convergenceCriterion = 1.001;
+        input.temperature = 12.5;
+        input.temperatureCorrection = 2;
+        input.forceNeutral = true;
+        input.neutraliseCation = I::Na;
+        input.neutraliseAnion = I::Cl;
+        input.precipitation = true;
+        input.redox = true;
+        input.adsorption = true;
+        input.organicComplexation = true;
+        input.organicModel = Model6;
+        input.docConcentration = 2.5;
+        input.fulvicFraction = 0.25;
+        chem.components[I::H] = WithInput(chem.components[I::H], 3.2e-3, InpTypeTotalConc);
+        chem.components[I::e] = WithInput(chem.components[I::e], 1e-8, InpTypeFreeAct);
+        chem.components[I::Ca] = WithInput(chem.components[I::Ca], 1e-3, InpTypeTotalConc);
+        chem.components[I::Na] = WithInput(chem.components[I::Na], 2.5e-6, InpTypeFreeConc);
+        chem.components[I::FeIII] = WithInput(chem.components[I::FeIII], 1e-9, InpTypeFreeAct);
+        chem.components[I::OH] = WithInput(chem.components[I::OH], 4e-4, InpTypeNotSpecified);
+        chem.components[I::CO2g] = WithInput(chem.components[I::CO2g], 3.5e-4, InpTypeGasPres);
+        chem.components[I::SurfOH] = WithInput(chem.components[I::SurfOH], 0.125, InpTypeTotalConc);
+    }
+
+    static Component WithInput(Component c, double value, int32_t type) {
+        c.inputValue = value;
+        c.inputType = type;
+        return c;
+    }
+
+    ChemicalSystem chem;
+    InputProblem input;
+    test::RecordingUi ui;
+    Language language = test::English();
+    test::TempFolder folder;
+};
+
+TEST_F(InputFileWriter, ProgramDefaultsAreWrittenByteForByte) {
+    const std::string path = folder.File("defaults.i64");
+    ASSERT_TRUE(WriteInputFile(path, input, chem, ui.services, language));
+
+    const std::string expected =
+        "TORMEL NEXT (64 bits) input file\n"
+        "Format version: 1\n"
+        "Description: \n"
+        "Ionic strength: calculated\n"
+        "Ionic strength model: 2'MSA\n"
+        "Convergence criterion: 1.0001\n"
+        "Temperature: 25 \u00B0C\n"
+        "Temperature correction: 0'no correction\n"
+        "Force neutral solution: no\n"
+        "Precipitation equilibria: not included\n"
+        "Redox equilibria: not included\n"
+        "Adsorption: not included\n"
+        "Organic complexation: not included\n"
+        "H: 1E-07 (free activity)\n";
+    EXPECT_EQ(ReadBinaryFile(path), test::Utf16Bytes(expected, true));
+    EXPECT_TRUE(ui.messages.empty());
+}
+
+TEST_F(InputFileWriter, EveryOptionAndComponentLineIsWritten) {
+    SetEveryOption();
+    const std::string expected =
+        "TORMEL NEXT (64 bits) input file\n"
+        "Format version: 1\n"
+        "Description: Probe Müller – 12,5 °C, Ω ≤ 1 𝄞\n"
+        "Ionic strength: fixed at 0.1 M\n"
+        "Ionic strength model: 1'Davies\n"
+        "Convergence criterion: 1.001\n"
+        "Temperature: 12.5 \u00B0C\n"
+        "Temperature correction: 2'always\n"
+        "Force neutral solution: yes\n"
+        "Cation to neutralise: Na\n"
+        "Anion to neutralise: Cl\n"
+        "Precipitation equilibria: included\n"
+        "Redox equilibria: included\n"
+        "Adsorption: included; fixed concentration\n"
+        "Organic complexation: included\n"
+        "Model to use: 3\n"
+        "Concentration (mg/L C): 2.5\n"
+        "Fraction of fulvic acids: 0.25\n"
+        "H: 0.0032 (total concentration)\n"
+        "e: 1E-08 (free activity)\n"
+        "OH: 0.0004 (not specified; for OH only)\n"
+        "Ca: 0.001 (total concentration)\n"
+        "Na: 2.5E-06 (free concentration)\n"
+        "Fe(III): 1E-09 (free activity)\n"
+        "SurfOH: 0.125 (total concentration)\n"
+        "CO2(g): 0.00035 (partial pressure)\n";
+    EXPECT_EQ(FormatInputFile(input, chem), expected);
+}
+
+TEST_F(InputFileWriter, ElectronLineOnlyWithRedoxAndAlwaysAsFreeActivity) {
+    chem.components[I::e] = WithInput(chem.components[I::e], 1e-4, InpTypeTotalConc);
+    EXPECT_EQ(FormatInputFile(input, chem).find("\ne:"), std::string::npos);
+    input.redox = true;
+    EXPECT_NE(FormatInputFile(input, chem).find("\ne: 0.0001 (free activity)\n"), std::string::npos);
+}
+
+TEST_F(InputFileWriter, RoundTripKeepsEveryOptionAndComponent) {
+    SetEveryOption();
+    const std::string path = folder.File("every option.i64");
+    ASSERT_TRUE(WriteInputFile(path, input, chem, ui.services, language));
+
+    InputProblem back;
+    ChemicalSystem chemBack = test::InputTestSystem();
+    ASSERT_FALSE(LoadInputFile(path, back, chemBack).has_value());
+
+    EXPECT_EQ(back.description, input.description);
+    EXPECT_EQ(back.ionicStrengthFixed, input.ionicStrengthFixed);
+    EXPECT_EQ(back.fixedIonicStrength, input.fixedIonicStrength);
+    EXPECT_EQ(back.ionicStrengthModel, input.ionicStrengthModel);
+    EXPECT_EQ(back.convergenceCriterion, input.convergenceCriterion);
+    EXPECT_EQ(back.temperature, input.temperature);
+    EXPECT_EQ(back.temperatureCorrection, input.temperatureCorrection);
+    EXPECT_EQ(back.forceNeutral, input.forceNeutral);
+    EXPECT_EQ(back.neutraliseCation, input.neutraliseCation);
+    EXPECT_EQ(back.neutraliseAnion, input.neutraliseAnion);
+    EXPECT_EQ(back.precipitation, input.precipitation);
+    EXPECT_EQ(back.redox, input.redox);
+    EXPECT_EQ(back.adsorption, input.adsorption);
+    EXPECT_EQ(back.organicComplexation, input.organicComplexation);
+    EXPECT_EQ(back.organicModel, input.organicModel);
+    EXPECT_EQ(back.docConcentration, input.docConcentration);
+    EXPECT_EQ(back.fulvicFraction, input.fulvicFraction);
+    for (size_t i = 0; i < chem.components.size(); ++i) {
+        SCOPED_TRACE(chem.components[i].name);
+        EXPECT_EQ(chemBack.components[i].inputValue, chem.components[i].inputValue);
+        EXPECT_EQ(chemBack.components[i].inputType, chem.components[i].inputType);
+    }
+    EXPECT_EQ(back.currentInputFile, path);
+    EXPECT_FALSE(back.modified);
+}
+
+TEST_F(InputFileWriter, ModelOrCorrectionOutsideTheirSetsRunIntoTheNextLine) {
+    input.ionicStrengthModel = 3;
+    input.convergenceCriterion = 1.001;
+    input.temperatureCorrection = 7;
+    const std::string text = FormatInputFile(input, chem);
+    EXPECT_NE(text.find("\nIonic strength model: 3Convergence criterion: 1.001\n"), std::string::npos);
+    EXPECT_NE(text.find("\nTemperature correction: 7Force neutral solution: no\n"), std::string::npos);
+
+    // Reading such a file back loses the swallowed lines: they become part
+    // of the value of the line before.
+    const std::string path = folder.File("odd.i64");
+    ASSERT_TRUE(WriteInputFile(path, input, chem, ui.services, language));
+    InputProblem back;
+    back.forceNeutral = true;
+    ChemicalSystem chemBack = test::InputTestSystem();
+    ASSERT_FALSE(LoadInputFile(path, back, chemBack).has_value());
+    EXPECT_EQ(back.ionicStrengthModel, 3);
+    EXPECT_EQ(back.convergenceCriterion, 1.0001);
+    EXPECT_EQ(back.temperatureCorrection, 7);
+    EXPECT_FALSE(back.forceNeutral);  // program default, the line was swallowed
+}
+
+TEST_F(InputFileWriter, NumbersUseAPointWhateverTheLocale) {
+    const std::string previous = std::setlocale(LC_ALL, nullptr);
+    const char* commaLocale = nullptr;
+    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "nl_NL.UTF-8"})
+        if (std::setlocale(LC_ALL, name)) {
+            commaLocale = name;
+            break;
+        }
+    if (!commaLocale) GTEST_SKIP() << "no locale with a decimal comma is installed";
+    input.temperature = 12.5;
+    chem.components[I::Ca] = WithInput(chem.components[I::Ca], 1.5e-3, InpTypeTotalConc);
+    const std::string text = FormatInputFile(input, chem);
+    InputProblem back;
+    ChemicalSystem chemBack = test::InputTestSystem();
+    auto error = ReadInputText(Utf8ToUtf16(text), ".i64", back, chemBack);
+    std::setlocale(LC_ALL, previous.c_str());
+    EXPECT_NE(text.find("Temperature: 12.5 \u00B0C\n"), std::string::npos) << commaLocale;
+    EXPECT_NE(text.find("Ca: 0.0015 (total concentration)\n"), std::string::npos);
+    ASSERT_FALSE(error.has_value());
+    EXPECT_EQ(back.temperature, 12.5);
+    EXPECT_EQ(chemBack.components[I::Ca].inputValue, 1.5e-3);
+}
+
+TEST_F(InputFileWriter, OldExtensionIsSavedAsNewFormat) {
+    const std::string path = folder.File("old sample.INP");
+    ASSERT_TRUE(WriteInputFile(path, input, chem, ui.services, language));
+
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].icon, IconWarning);
+    EXPECT_EQ(ui.messages[0].lines.at(0), "\n" + LanguageText(language, "Input", "SaveOldAsNew"));
+    EXPECT_TRUE(FileExists(folder.File("old sample.i64")));
+    EXPECT_FALSE(FileExists(path));
+    EXPECT_EQ(input.currentInputFile, path);  // the name as passed
+    EXPECT_FALSE(input.modified);
+}
+
+TEST_F(InputFileWriter, FailedWriteIsReportedAndChangesNothing) {
+    // A folder in the place of the file: the file cannot be replaced.
+    const std::string path = folder.File("taken.i64");
+    std::filesystem::create_directory(path);
+    std::filesystem::create_directory(path + "/keep");
+    input.modified = true;
+    input.currentInputFile = "/elsewhere/before.i64";
+
+    FileError error;
+    EXPECT_FALSE(WriteInputFile(path, input, chem, ui.services, language, &error));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].icon, IconError);
+    EXPECT_EQ(ui.messages[0].lines.at(0).rfind(LanguageText(language, "Input", "ErrorSave") + "\n" + path, 0), 0u);
+    EXPECT_FALSE(error.message.empty());
+    EXPECT_TRUE(std::filesystem::is_directory(path + "/keep"));
+    EXPECT_TRUE(input.modified);
+    EXPECT_EQ(input.currentInputFile, "/elsewhere/before.i64");
+    // no temporary file is left behind
+    size_t entries = 0;
+    for ([[maybe_unused]] const auto& e : std::filesystem::directory_iterator(folder.Path())) ++entries;
+    EXPECT_EQ(entries, 1u);
+}
+
+}  // namespace
+}  // namespace tormel

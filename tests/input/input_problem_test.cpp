@@ -1,0 +1,248 @@
+#include <gtest/gtest.h>
+
+#include "core/text_file.h"
+#include "input/input_commands.h"
+#include "input/input_file_writer.h"
+#include "input/input_test_system.h"
+#include "input/input_title.h"
+#include "input/program_defaults.h"
+#include "input/test_language.h"
+#include "support/recording_ui.h"
+#include "support/temp_folder.h"
+
+namespace tormel {
+namespace {
+
+using I = test::InputTestIndex;
+
+TEST(InputProgramDefaults, EveryComponentGetsTheDefaultOfItsKind) {
+    ChemicalSystem chem = test::InputTestSystem();
+    for (Component& c : chem.components) {
+        c.inputValue = 42;
+        c.inputType = InpTypeFreeConc;
+    }
+    // a water partner that is not a cation (its link is non-zero here)
+    chem.components[I::Cl].waterPartnerOfOH = I::Na;
+    InputProblem input;
+    SetProgramDefaults(input, chem);
+
+    auto expect = [&](int32_t index, double value, int32_t type) {
+        SCOPED_TRACE(chem.components[static_cast<size_t>(index)].name);
+        EXPECT_EQ(chem.components[static_cast<size_t>(index)].inputValue, value);
+        EXPECT_EQ(chem.components[static_cast<size_t>(index)].inputType, type);
+    };
+    expect(I::H, 1e-7, InpTypeFreeAct);
+    expect(I::e, 1.0, InpTypeFreeAct);
+    expect(I::CO2g, 0, InpTypeGasPres);
+    expect(I::Cl, 0, InpTypeNotSpecified);
+    expect(I::OH, 0, InpTypeTotalConc);  // its link to H+ at index 0 reads as none
+    for (int32_t k : {I::Ca, I::FeIII, I::SO4, I::SurfOH, I::S}) expect(k, 0, InpTypeTotalConc);
+}
+
+TEST(InputProgramDefaults, GlobalOptionsResetExceptTheKeptOnes) {
+    ChemicalSystem chem = test::InputTestSystem();
+    InputProblem input;
+    input.description = "x";
+    input.ionicStrengthFixed = true;
+    input.fixedIonicStrength = 0.05;
+    input.ionicStrengthModel = 1;
+    input.convergenceCriterion = 1.1;
+    input.temperature = 5;
+    input.temperatureCorrection = 2;
+    input.forceNeutral = true;
+    input.neutraliseCation = I::Na;
+    input.neutraliseAnion = I::Cl;
+    input.precipitation = input.redox = input.adsorption = input.organicComplexation = true;
+    input.organicModel = 2;
+    input.docConcentration = 3;
+    input.fulvicFraction = 0.1;
+    input.currentInputFile = "a.i64";
+    input.modified = true;
+
+    SetProgramDefaults(input, chem);
+    InputProblem expected;
+    expected.fixedIonicStrength = 0.05;
+    expected.neutraliseCation = I::Na;
+    expected.neutraliseAnion = I::Cl;
+    expected.currentInputFile = "a.i64";
+    expected.modified = true;
+    EXPECT_EQ(FormatInputFile(input, chem), FormatInputFile(expected, chem));
+    EXPECT_EQ(input.fixedIonicStrength, 0.05);
+    EXPECT_EQ(input.neutraliseCation, I::Na);
+    EXPECT_EQ(input.neutraliseAnion, I::Cl);
+    EXPECT_EQ(input.currentInputFile, "a.i64");
+    EXPECT_TRUE(input.modified);
+}
+
+TEST(InputTitleLine, NamesTheSourceOfTheInput) {
+    InputProblem input;
+    EXPECT_EQ(InputTitle(input, "/home/u/Input/"), "Input data: program defaults");
+    input.currentInputFile = "/home/u/Input/DEFAULTS.I64";
+    EXPECT_EQ(InputTitle(input, "/home/u/Input/"), "Input data: user defaults (/home/u/Input/DEFAULTS.I64)");
+    input.currentInputFile = "/home/u/other/defaults.i64";
+    EXPECT_EQ(InputTitle(input, "/home/u/Input/"), "Input data: /home/u/other/defaults.i64");
+    input.modified = true;
+    EXPECT_EQ(InputTitle(input, "/home/u/Input/"), "Input data: /home/u/other/defaults.i64 (modified)");
+}
+
+class InputCommands : public ::testing::Test {
+protected:
+    InputCommands() {
+        folders.inputFolder = temp.Path();
+        chem = test::InputTestSystem();
+        SetProgramDefaults(input, chem);
+    }
+
+    InputSession Session() {
+        return InputSession{input, chem, folders, language, ui.services,
+                            [this](const std::string& path) { recent.push_back(path); },
+                            [this] { ++titleRefreshes; }};
+    }
+
+    std::string Text(const char* key) { return LanguageText(language, "Input", key); }
+
+    test::TempFolder temp;
+    AppFolders folders;
+    ChemicalSystem chem;
+    InputProblem input;
+    Language language = test::English();
+    test::RecordingUi ui;
+    std::vector<std::string> recent;
+    int titleRefreshes = 0;
+};
+
+TEST_F(InputCommands, ResetKeepsTheFixedIonicStrengthValue) {
+    input.ionicStrengthFixed = true;
+    input.fixedIonicStrength = 0.05;
+    input.currentInputFile = temp.File("x.i64");
+    input.modified = true;
+    chem.components[I::H].inputValue = 0.5;
+
+    ResetToProgramDefaults(Session());
+    EXPECT_FALSE(input.ionicStrengthFixed);
+    EXPECT_EQ(input.fixedIonicStrength, 0.05);
+    EXPECT_EQ(chem.components[I::H].inputValue, 1e-7);
+    EXPECT_EQ(chem.components[I::H].inputType, InpTypeFreeAct);
+    EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: program defaults");
+    EXPECT_EQ(titleRefreshes, 1);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].lines.at(0), "\n" + Text("InputWasReset"));
+    EXPECT_EQ(ui.messages[0].icon, IconInformation);
+}
+
+TEST_F(InputCommands, UserDefaultsAreSavedLoadedAndTitled) {
+    const std::string path = UserDefaultsPath(folders.inputFolder);
+    // nothing saved yet
+    EXPECT_FALSE(LoadUserDefaults(Session()));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].lines.at(0), Text("FileNotFound"));
+    EXPECT_EQ(ui.messages[0].icon, IconWarning);
+
+    chem.components[I::Ca].inputValue = 0.002;
+    input.modified = true;
+    ASSERT_TRUE(SaveAsUserDefaults(Session()));  // no question: the file is new
+    EXPECT_EQ(ui.messages.back().lines.at(0), "\n" + Text("InputSaved"));
+    EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: user defaults (" + path + ")");
+    EXPECT_EQ(recent, std::vector<std::string>{path});
+
+    input.modified = true;
+    EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: user defaults (" + path + ") (modified)");
+
+    ResetToProgramDefaults(Session());
+    ui.messages.clear();
+    ASSERT_TRUE(LoadUserDefaults(Session()));
+    EXPECT_EQ(chem.components[I::Ca].inputValue, 0.002);
+    EXPECT_EQ(input.currentInputFile, path);
+    EXPECT_FALSE(input.modified);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].lines.at(0), Text("InputRead") + "\n" + path);
+    EXPECT_EQ(ui.messages[0].icon, IconInformation);
+    EXPECT_EQ(recent.back(), path);
+}
+
+TEST_F(InputCommands, ExistingUserDefaultsAreReplacedOnlyWhenConfirmed) {
+    const std::string path = UserDefaultsPath(folders.inputFolder);
+    ASSERT_TRUE(SaveAsUserDefaults(Session()));
+    const auto before = ReadBinaryFile(path);
+    chem.components[I::Ca].inputValue = 0.003;
+    input.currentInputFile.clear();
+    input.modified = true;
+
+    for (int32_t answer : {2, 3, 0}) {
+        ui.messages.clear();
+        ui.answer.result = answer;
+        EXPECT_FALSE(SaveAsUserDefaults(Session()));
+        ASSERT_EQ(ui.messages.size(), 1u);  // the question only
+        EXPECT_EQ(ui.messages[0].caption, LanguageText(language, "TOOLS", "OverWriteCaption"));
+        EXPECT_EQ(ReadBinaryFile(path), before);
+        EXPECT_TRUE(input.modified);
+    }
+    ui.answer.result = 1;
+    EXPECT_TRUE(SaveAsUserDefaults(Session()));
+    EXPECT_NE(ReadBinaryFile(path), before);
+    EXPECT_FALSE(input.modified);
+}
+
+TEST_F(InputCommands, OpenReportsConsistencyFindingsAndFailures) {
+    const std::string good = temp.File("two totals.i64");
+    input.redox = true;
+    chem.components[I::FeII].inputValue = 1e-5;
+    chem.components[I::FeIII].inputValue = 2e-5;
+    ASSERT_TRUE(WriteInputFile(good, input, chem, ui.services, language));
+    ResetToProgramDefaults(Session());
+    ui.messages.clear();
+    recent.clear();
+
+    ASSERT_TRUE(OpenInputFile(Session(), good));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].icon, IconWarning);
+    EXPECT_EQ(ui.messages[0].lines.at(0).rfind(Text("ConsistencyError") + "\n" + Text("ConsistencyError14"), 0), 0u);
+    EXPECT_EQ(recent, std::vector<std::string>{good});
+    EXPECT_EQ(input.currentInputFile, good);
+
+    // a file the reader refuses: only its message, nothing else changes
+    const std::string bad = temp.File("bad.txt");
+    test::WriteBytes(bad, test::Utf16Bytes("TORMEL NEXT (64 bits) input file\nFormat version: 1\n"));
+    ui.messages.clear();
+    const int refreshes = titleRefreshes;
+    EXPECT_FALSE(OpenInputFile(Session(), bad));
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].lines.at(0), "\n" + Text("ErrorOpen5"));
+    EXPECT_EQ(recent.size(), 1u);
+    EXPECT_EQ(input.currentInputFile, good);
+    EXPECT_EQ(titleRefreshes, refreshes);
+}
+
+TEST_F(InputCommands, SaveAsksForANameOnlyWithoutCurrentFile) {
+    int asked = 0;
+    std::optional<std::string> answer;
+    AskInputFileName ask = [&] {
+        ++asked;
+        return answer;
+    };
+    EXPECT_FALSE(SaveInput(Session(), ask));  // cancelled
+    EXPECT_EQ(asked, 1);
+    EXPECT_TRUE(ui.messages.empty());
+
+    answer = temp.File("first.i64");
+    input.modified = true;
+    ASSERT_TRUE(SaveInput(Session(), ask));
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(input.currentInputFile, temp.File("first.i64"));
+    EXPECT_FALSE(input.modified);
+
+    input.modified = true;
+    ASSERT_TRUE(SaveInput(Session(), ask));  // to the current file, no question
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: " + temp.File("first.i64"));
+
+    answer = temp.File("second.i64");
+    ASSERT_TRUE(SaveInputAs(Session(), ask));
+    EXPECT_EQ(asked, 3);
+    EXPECT_TRUE(FileExists(temp.File("second.i64")));
+    EXPECT_EQ(recent.back(), temp.File("second.i64"));
+    EXPECT_EQ(ui.messages.back().lines.at(0), "\n" + Text("InputSaved"));
+}
+
+}  // namespace
+}  // namespace tormel
