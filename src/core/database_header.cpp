@@ -97,4 +97,24 @@ std::optional<DatabaseError> OpenRecordFile(const std::string& path, std::option
     return std::nullopt;
 }
 
+std::optional<DatabaseError> RecordFieldReader::Name(std::string& name, int promised) {
+    if (!reader_.ReadQuotedName(name, kNameLimit)) {
+        if (reader_.AtEnd() && name.empty())
+            return Fail("the file ends before this record (the header promises " + std::to_string(promised) + ")");
+        return Fail("the name's closing quote is missing");
+    }
+    where_ += " (\"" + name + "\")";
+    return std::nullopt;
+}
+
+std::optional<DatabaseError> RecordFieldReader::Int(int32_t& value, const char* field) {
+    if (!reader_.ReadInt(value)) return Fail(std::string("the ") + field + " is missing or not an integer");
+    return std::nullopt;
+}
+
+std::optional<DatabaseError> RecordFieldReader::Real(double& value, const char* field) {
+    if (!reader_.ReadDouble(value)) return Fail(std::string("the ") + field + " is missing or not a number");
+    return std::nullopt;
+}
+
 }  // namespace tormel

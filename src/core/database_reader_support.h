@@ -20,4 +20,31 @@ int ParseHeaderCount(const std::u16string& line);
 // header lines and the record count on line 3.
 std::optional<DatabaseError> OpenRecordFile(const std::string& path, std::optional<TokenReader>& reader, int& count);
 
+// Widens a type range by a record; a record at index 0 never becomes the
+// first of a range (first == 0 means "none yet").
+inline void ExtendTypeRange(TypeRange& range, int32_t index) {
+    if (range.first == 0) range.first = index;
+    range.last = index;
+}
+
+// Reads the fields of one record of a record file; every failure names the
+// file, the line, the record and the field.
+class RecordFieldReader {
+public:
+    RecordFieldReader(TokenReader& reader, const std::string& path, const char* recordKind, int number)
+        : reader_(reader), path_(path), where_(std::string(recordKind) + " " + std::to_string(number)) {}
+
+    // The record's quoted name; `promised` is the header's count, for the
+    // message when the file ends early.
+    std::optional<DatabaseError> Name(std::string& name, int promised);
+    std::optional<DatabaseError> Int(int32_t& value, const char* field);
+    std::optional<DatabaseError> Real(double& value, const char* field);
+    DatabaseError Fail(const std::string& message) const { return {path_, reader_.Line(), where_, message}; }
+
+private:
+    TokenReader& reader_;
+    const std::string& path_;
+    std::string where_;
+};
+
 }  // namespace tormel

@@ -4,29 +4,13 @@
 #include <string>
 
 #include "core/c_number.h"
+#include "support/comma_locale.h"
 
 namespace tormel {
 namespace {
 
-// Switches the process locale to one with a decimal comma, when installed.
-class CommaLocale {
-public:
-    CommaLocale() {
-        const char* old = std::setlocale(LC_ALL, nullptr);
-        old_ = old ? old : "C";
-        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
-            if (std::setlocale(LC_ALL, name)) {
-                active_ = true;
-                break;
-            }
-    }
-    ~CommaLocale() { std::setlocale(LC_ALL, old_.c_str()); }
-    bool active() const { return active_; }
+using test::CommaLocale;
 
-private:
-    std::string old_;
-    bool active_ = false;
-};
 
 TEST(CoreCNumber, FormatsWithAPointWhateverTheProcessLocale) {
     CommaLocale comma;

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/c_number.h"
+#include "support/comma_locale.h"
 #include "shell/settings.h"
 #include "shell/unit_settings.h"
 #include "support/temp_folder.h"
@@ -11,27 +12,10 @@
 namespace tormel {
 namespace {
 
+using test::CommaLocale;
+
 using test::TempFolder;
 
-// Switches the process to a locale with a decimal comma while it lives.
-class CommaLocale {
-public:
-    CommaLocale() {
-        const char* old = std::setlocale(LC_ALL, nullptr);
-        old_ = old ? old : "C";
-        for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "nl_NL.UTF-8"})
-            if (std::setlocale(LC_ALL, name)) {
-                active_ = true;
-                break;
-            }
-    }
-    ~CommaLocale() { std::setlocale(LC_ALL, old_.c_str()); }
-    bool active() const { return active_; }
-
-private:
-    std::string old_;
-    bool active_ = false;
-};
 
 TEST(ShellSettings, BooleansAndIntegersAreTextReadAsTheLeadingInteger) {
     TempFolder tmp;
