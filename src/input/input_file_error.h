@@ -11,6 +11,7 @@ struct InputFileError {
     std::string key;         // "ErrorOpen1" ... "ErrorOpen5"
     bool hasLine = false;    // the message quotes `line`
     std::string line;        // the offending line as the message quotes it
+    std::string path;        // the file read; empty for text read from memory
     int lineNumber = 0;      // 1-based line of the file; 0 when not known
     std::string detail;      // our own English detail (e.g. why a file could not be read); may be empty
 };

@@ -196,10 +196,14 @@ std::optional<InputFileError> LoadInputFile(const std::string& path, InputProble
     auto text = ReadUtf16File(path, &fileError);
     if (!text) {
         InputFileError e = Error("ErrorOpen1", 0);
+        e.path = path;
         e.detail = fileError.message;
         return e;
     }
-    if (auto error = ReadInputText(*text, FileExtension(path), input, chem)) return error;
+    if (auto error = ReadInputText(*text, FileExtension(path), input, chem)) {
+        error->path = path;
+        return error;
+    }
     input.modified = false;
     input.currentInputFile = path;
     return std::nullopt;

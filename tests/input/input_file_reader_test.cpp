@@ -57,7 +57,7 @@ TEST_F(InputFileReader, KeysAndValuesIgnoreLetterCase) {
     EXPECT_EQ(C(I::Na).inputType, InpTypeFreeAct);
 }
 
-TEST_F(InputFileReader, LabelledValuesAreReadAsSpecified) {
+TEST_F(InputFileReader, LabelledValuesAreReadByTheirLabels) {
     ASSERT_FALSE(Read(kHeader +
                       "Ionic strength: fixed at 0.01 M\n"
                       "Ionic strength model: 1'Davies\n"
@@ -217,6 +217,7 @@ TEST_F(InputFileReader, MalformedFilesGiveAnErrorNeverACrash) {
     ASSERT_TRUE(missing);
     EXPECT_EQ(missing->key, "ErrorOpen1");
     EXPECT_FALSE(missing->detail.empty());
+    EXPECT_EQ(missing->path, folder.File("missing.i64"));
 
     // A 10,000-character line is read in pieces of 258 characters: the
     // first piece is the description, the next has no colon and names no

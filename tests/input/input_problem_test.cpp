@@ -39,41 +39,6 @@ TEST(InputProgramDefaults, EveryComponentGetsTheDefaultOfItsKind) {
     for (int32_t k : {I::Ca, I::FeIII, I::SO4, I::SurfOH, I::S}) expect(k, 0, InpTypeTotalConc);
 }
 
-TEST(InputProgramDefaults, GlobalOptionsResetExceptTheKeptOnes) {
-    ChemicalSystem chem = test::InputTestSystem();
-    InputProblem input;
-    input.description = "x";
-    input.ionicStrengthFixed = true;
-    input.fixedIonicStrength = 0.05;
-    input.ionicStrengthModel = 1;
-    input.convergenceCriterion = 1.1;
-    input.temperature = 5;
-    input.temperatureCorrection = 2;
-    input.forceNeutral = true;
-    input.neutraliseCation = I::Na;
-    input.neutraliseAnion = I::Cl;
-    input.precipitation = input.redox = input.adsorption = input.organicComplexation = true;
-    input.organicModel = 2;
-    input.docConcentration = 3;
-    input.fulvicFraction = 0.1;
-    input.currentInputFile = "a.i64";
-    input.modified = true;
-
-    SetProgramDefaults(input, chem);
-    InputProblem expected;
-    expected.fixedIonicStrength = 0.05;
-    expected.neutraliseCation = I::Na;
-    expected.neutraliseAnion = I::Cl;
-    expected.currentInputFile = "a.i64";
-    expected.modified = true;
-    EXPECT_EQ(FormatInputFile(input, chem), FormatInputFile(expected, chem));
-    EXPECT_EQ(input.fixedIonicStrength, 0.05);
-    EXPECT_EQ(input.neutraliseCation, I::Na);
-    EXPECT_EQ(input.neutraliseAnion, I::Cl);
-    EXPECT_EQ(input.currentInputFile, "a.i64");
-    EXPECT_TRUE(input.modified);
-}
-
 TEST(InputTitleLine, NamesTheSourceOfTheInput) {
     InputProblem input;
     EXPECT_EQ(InputTitle(input, "/home/u/Input/"), "Input data: program defaults");

@@ -135,11 +135,5 @@ TEST_F(LanguageSetupTest, ChangeLanguageInstallsTheFileWithThatDisplayName) {
     EXPECT_EQ(ui.messages[0].icon, IconInformation);
 }
 
-TEST_F(LanguageSetupTest, DisplayNameIsTheFirstLine) {
-    Deliver("deutsch.lang", "deutsch.lang");
-    EXPECT_EQ(ReadLanguageDisplayName(LanguagesFolder(folders) + "deutsch.lang"), "Deutsch");
-    EXPECT_EQ(ReadLanguageDisplayName(LanguagesFolder(folders) + "missing.lang"), "");
-}
-
 }  // namespace
 }  // namespace tormel

@@ -13,7 +13,6 @@
 #include "input/test_language.h"
 #include "shell/ini_file.h"
 #include "shell/language.h"
-#include "support/temp_folder.h"
 
 namespace tormel {
 namespace {
@@ -146,24 +145,6 @@ TEST(LanguageText, MissingFileGivesTheDefaults) {
     EXPECT_EQ(LanguageTextOr(none, "TOOLS", "Init", "Initializing..."), "Initializing...");
     Language absent("/nonexistent/LANG.INI");
     EXPECT_EQ(LanguageTextOr(absent, "Languages", "LangCaption", "Select language"), "Select language");
-}
-
-TEST(LanguageText, SeesAFileReplacedWhileRunning) {
-    test::TempFolder folder;
-    const std::string path = folder.File("LANG.INI");
-    WriteFileAtomically(path, *ReadBinaryFile(test::DeliveredLanguagePath("0default.lang")));
-    Language language(path);
-    EXPECT_EQ(LanguageText(language, "Input", "InputSaved"), LanguageText(test::English(), "Input", "InputSaved"));
-    WriteFileAtomically(path, *ReadBinaryFile(test::DeliveredLanguagePath("deutsch.lang")));
-    EXPECT_EQ(LanguageText(language, "Input", "InputSaved"), LanguageText(test::German(), "Input", "InputSaved"));
-}
-
-TEST(LanguageText, ResultIsCutToTheLookupLimit) {
-    test::TempFolder folder;
-    const std::string path = folder.File("LANG.INI");
-    ASSERT_TRUE(WriteUtf16File(path, std::string_view("Test\n[S]\nLong=" + std::string(9000, 'a') + "\n")));
-    EXPECT_EQ(LanguageText(Language(path), "S", "Long").size(), kLanguageTextLimit);
-    EXPECT_EQ(LanguageText(Language(path), "S", "Test"), "");  // line 1 is no key
 }
 
 }  // namespace

@@ -66,12 +66,6 @@ TEST_F(Messages, ConsistencyResultShowsErrorsThenWarningsThenTheFileRead) {
     EXPECT_EQ(ConsistencyReportText(language, {"", ""}), "");
 }
 
-TEST_F(Messages, WithoutAMessageServiceTheAnswerIsClose) {
-    UiServices none;
-    EXPECT_EQ(ShowMessageBox(none, MessageBoxRequest{}).result, 0);
-    EXPECT_FALSE(AskOverwrite(none, language, "/x"));
-}
-
 TEST(MessagesHeadless, AnswersTheDefaultButtonWithoutAsking) {
     MessageBoxRequest question;
     question.buttons = {"Replace", "Keep", "Cancel"};
