@@ -8,7 +8,7 @@
 #include "shell/database_startup.h"
 #include "shell/database_summary.h"
 #include "shell/headless_ui.h"
-#include "shell/language.h"
+#include "core/language.h"
 #include "shell/language_files.h"
 
 namespace {

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "shell/language.h"
+#include "core/language.h"
 
 namespace tormel {
 

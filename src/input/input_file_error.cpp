@@ -1,6 +1,6 @@
 #include "input/input_file_error.h"
 
-#include "shell/language.h"
+#include "core/language.h"
 
 namespace tormel {
 

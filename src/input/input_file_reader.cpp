@@ -7,8 +7,8 @@
 #include "input/input_type_text.h"
 #include "input/program_defaults.h"
 #include "input/value_text.h"
-#include "shell/language.h"
-#include "shell/messages.h"
+#include "core/language.h"
+#include "core/messages.h"
 
 namespace tormel {
 

@@ -3,8 +3,8 @@
 #include "core/c_number.h"
 #include "input/input_type_text.h"
 #include "input/value_text.h"
-#include "shell/language.h"
-#include "shell/messages.h"
+#include "core/language.h"
+#include "core/messages.h"
 
 namespace tormel {
 

@@ -1,6 +1,6 @@
 #include "shell/database_startup.h"
 
-#include "shell/messages.h"
+#include "core/messages.h"
 
 namespace tormel {
 

@@ -9,7 +9,7 @@
 #include "core/database_files.h"
 #include "core/ui_services.h"
 #include "shell/app_folders.h"
-#include "shell/language.h"
+#include "core/language.h"
 
 namespace tormel {
 

@@ -6,8 +6,8 @@
 
 #include "core/text_file.h"
 #include "core/utf16.h"
-#include "shell/language.h"
-#include "shell/messages.h"
+#include "core/language.h"
+#include "core/messages.h"
 
 namespace tormel {
 

@@ -13,7 +13,7 @@
 #include <string>
 #include <string_view>
 
-#include "shell/ini_file.h"
+#include "core/ini_file.h"
 
 namespace tormel {
 

@@ -17,7 +17,7 @@
 #include "input/input_file_reader.h"
 #include "input/input_file_writer.h"
 #include "input/program_defaults.h"
-#include "shell/language.h"
+#include "core/language.h"
 
 namespace {
 

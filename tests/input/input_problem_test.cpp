@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text_file.h"
-#include "input/input_commands.h"
+#include "shell/input_commands.h"
 #include "input/input_file_writer.h"
 #include "input/input_test_system.h"
 #include "input/input_title.h"

@@ -2,7 +2,7 @@
 // The language files delivered with the program, read in place.
 #include <string>
 
-#include "shell/language.h"
+#include "core/language.h"
 
 namespace tormel::test {
 

@@ -4,7 +4,7 @@
 
 #include "core/text_file.h"
 #include "input/test_language.h"
-#include "shell/language.h"
+#include "core/language.h"
 #include "shell/language_files.h"
 #include "support/recording_ui.h"
 #include "support/temp_folder.h"

@@ -1,4 +1,4 @@
-#include "input/input_commands.h"
+#include "shell/input_commands.h"
 
 #include "core/text_file.h"
 #include "input/consistency_check.h"
@@ -6,8 +6,9 @@
 #include "input/input_file_writer.h"
 #include "input/input_title.h"
 #include "input/program_defaults.h"
-#include "shell/language.h"
-#include "shell/messages.h"
+#include "core/language.h"
+#include "core/messages.h"
+#include "input/consistency_report.h"
 
 namespace tormel {
 

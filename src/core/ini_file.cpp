@@ -1,4 +1,4 @@
-#include "shell/ini_file.h"
+#include "core/ini_file.h"
 
 #include <locale.h>
 #include <sys/stat.h>

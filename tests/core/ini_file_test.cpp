@@ -6,7 +6,7 @@
 
 #include "core/text_file.h"
 #include "core/utf16.h"
-#include "shell/ini_file.h"
+#include "core/ini_file.h"
 #include "support/temp_folder.h"
 
 namespace tormel {

@@ -1,6 +1,6 @@
-#include "shell/messages.h"
+#include "core/messages.h"
 
-#include "shell/language.h"
+#include "core/language.h"
 
 namespace tormel {
 
@@ -31,22 +31,6 @@ bool AskOverwrite(const UiServices& ui, const Language& language, std::string_vi
     request.enterResult = 2;
     request.escapeResult = 3;
     return ShowMessageBox(ui, request).result == 1;
-}
-
-std::string ConsistencyReportText(const Language& language, const ConsistencyResult& result) {
-    if (!result.errors.empty()) return LanguageText(language, "Input", "ConsistencyError") + "\n" + result.errors;
-    if (!result.warnings.empty()) return LanguageText(language, "Input", "ConsistencyWarning") + "\n" + result.warnings;
-    return {};
-}
-
-void ShowConsistencyResult(const UiServices& ui, const Language& language, const ConsistencyResult& result,
-                           const std::optional<std::string>& readPath) {
-    if (!result.Empty()) {
-        ShowMessage(ui, language, ConsistencyReportText(language, result), "", IconWarning);
-    } else if (readPath) {
-        ShowMessage(ui, language, LanguageText(language, "Input", "InputRead") + "\n" + *readPath, "",
-                    IconInformation);
-    }
 }
 
 }  // namespace tormel

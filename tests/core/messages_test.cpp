@@ -4,7 +4,8 @@
 
 #include "input/test_language.h"
 #include "shell/headless_ui.h"
-#include "shell/messages.h"
+#include "core/messages.h"
+#include "input/consistency_report.h"
 #include "support/recording_ui.h"
 
 namespace tormel {

@@ -1,4 +1,4 @@
-#include "shell/language.h"
+#include "core/language.h"
 
 #include "core/utf16.h"
 

@@ -11,8 +11,8 @@
 #include "core/text_file.h"
 #include "core/utf16.h"
 #include "input/test_language.h"
-#include "shell/ini_file.h"
-#include "shell/language.h"
+#include "core/ini_file.h"
+#include "core/language.h"
 
 namespace tormel {
 namespace {

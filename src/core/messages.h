@@ -1,12 +1,10 @@
 #pragma once
 // Messages and questions through the UI services, with their texts from the
 // language file.
-#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/ui_services.h"
-#include "input/consistency_check.h"
 
 namespace tormel {
 
@@ -27,18 +25,5 @@ void ShowMessage(const UiServices& ui, const Language& language, std::string_vie
 // TOOLS/"OverWriteT2", the buttons "OverWriteB1" to "OverWriteB3", Enter
 // answering 2 and Escape 3. True only for the answer 1.
 bool AskOverwrite(const UiServices& ui, const Language& language, std::string_view path);
-
-// The report of a consistency check as a message or log text:
-// Input/"ConsistencyError" + "\n" + errors when there are errors, else
-// Input/"ConsistencyWarning" + "\n" + warnings when there are warnings, else
-// empty.
-std::string ConsistencyReportText(const Language& language, const ConsistencyResult& result);
-
-// Shows the result of a consistency check: the report with the warning icon
-// and an empty caption; when nothing was found and `readPath` is given (the
-// check ran after a file was read), Input/"InputRead" + "\n" + the path with
-// the information icon; otherwise nothing.
-void ShowConsistencyResult(const UiServices& ui, const Language& language, const ConsistencyResult& result,
-                           const std::optional<std::string>& readPath);
 
 }  // namespace tormel
