@@ -70,10 +70,10 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
         const Component& k = chem.components[c];
         EXPECT_GE(k.type, Cation);
         EXPECT_LE(k.type, Organic);
-        if (c > 0) EXPECT_GE(k.type, chem.components[c - 1].type) << k.name;
+        if (c > 0) { EXPECT_GE(k.type, chem.components[c - 1].type) << k.name; }
         EXPECT_TRUE(names.insert(k.name).second) << "component name twice: " << k.name;
-        if (k.type == Cation || k.type == Ligand) EXPECT_GT(k.molarMass, 0) << k.name;
-        if (k.type == Organic) EXPECT_TRUE(k.organicModel >= Model5 && k.organicModel <= Model7) << k.name;
+        if (k.type == Cation || k.type == Ligand) { EXPECT_GT(k.molarMass, 0) << k.name; }
+        if (k.type == Organic) { EXPECT_TRUE(k.organicModel >= Model5 && k.organicModel <= Model7) << k.name; }
     }
     for (int e = 0; e < chem.EquilibriumCount(); ++e) {
         const Equilibrium& q = chem.equilibria[e];
@@ -82,7 +82,7 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
         if (e > 0) {
             const Equilibrium& p = chem.equilibria[e - 1];
             EXPECT_GE(q.type, p.type) << q.name;
-            if (q.type == EqOrganic && p.type == EqOrganic) EXPECT_GE(q.organicModel, p.organicModel) << q.name;
+            if (q.type == EqOrganic && p.type == EqOrganic) { EXPECT_GE(q.organicModel, p.organicModel) << q.name; }
         }
         int nonZero = 0;
         for (int c = 0; c < chem.ComponentCount(); ++c) nonZero += chem.Coefficient(c, e) != 0;
@@ -94,7 +94,7 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
             EXPECT_EQ(q.linkedCoefficient, 1) << q.name;
             EXPECT_EQ(chem.Coefficient(q.linkedComponent, e), 0) << q.name << ": the linked component is not a term";
         }
-        if (q.type == EqGas) EXPECT_EQ(chem.components[q.linkedComponent].type, Gas) << q.name;
+        if (q.type == EqGas) { EXPECT_EQ(chem.components[q.linkedComponent].type, Gas) << q.name; }
         if (q.type == EqOrganic) {
             int organic = 0;
             for (int c = 0; c < chem.ComponentCount(); ++c)
