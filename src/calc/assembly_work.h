@@ -48,9 +48,8 @@ private:
 void AddRedoxPartners(AssemblyWork& work, bool groupStep);
 void AddEquilibriumSpecies(AssemblyWork& work, int32_t equilibriumType);
 
-// Steps that belong to the organic model and to precipitation; they are
-// called at their place in the assembly and do nothing until those models
-// are built.
+// Steps that belong to the organic model (organic_assembly.cpp) and to
+// precipitation, called at their place in the assembly.
 void PrepareOrganicModel(AssemblyWork& work);
 void AddOrganicSpecies(AssemblyWork& work);
 void AddSolidSpecies(AssemblyWork& work);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "calc/organic_model.h"
 #include "calc/solver.h"
 
 namespace tormel {
@@ -119,6 +120,7 @@ void TotalsAndRatios(CalcContext& ctx, bool& converged) {
             AddToSums(sc, sp.kind, term.coefficient * sp.concentration);
         }
     }
+    if (OrganicModelActive(ctx)) OrganicSums(ctx);
     st.previousWorstRatio = st.worstRatio;
     st.worstRatio = st.protonWorstRatio = st.otherWorstRatio = 1;
     st.worstComponentName.clear();

@@ -12,6 +12,9 @@ namespace tormel {
 namespace {
 
 constexpr double kLn10 = 2.302585092994046;
+// Largest change per step of a component touched by a solid and of a solid amount.
+constexpr double kTouchedFactor = 2.0;
+constexpr double kSolidFactor = 1.2;
 
 // Residuals: calculated minus given total; for a present solid its
 // saturation in natural logarithms.
@@ -94,6 +97,28 @@ bool BuildJacobian(const ChemicalSystem& chem, NewtonSystem& ns) {
     return true;
 }
 
+// With solids present, the saturation conditions tie the solid's components
+// together (for a hydroxide, Al / H^3): limiting each unknown on its own
+// (halving both Al and H multiplies that product by 4) turns the step away
+// from the solution and can push a solid ever further from saturation. So a
+// step that would carry a solid's amount or a component it touches past its
+// factor limit is first shortened as a whole, keeping its direction; the
+// limits below then hold by themselves for those unknowns. Without solids
+// there are no such unknowns and the step is taken in full.
+void ShortenForSolids(NewtonSystem& ns) {
+    double scale = 1;
+    for (int32_t u = 0; u < ns.Size(); ++u) {
+        if (ns.kind[u] == UnknownComponent || ns.delta[u] == 0 || !(ns.x[u] > 0)) continue;
+        const double f = ns.kind[u] == UnknownTouchedBySolid ? kTouchedFactor : kSolidFactor;
+        const double x = ns.x[u];
+        const double y = x - ns.delta[u];
+        if (y > f * x) scale = std::min(scale, (f - 1) * x / -ns.delta[u]);
+        if (y < x / f) scale = std::min(scale, (x - x / f) / ns.delta[u]);
+    }
+    if (scale < 1)
+        for (double& d : ns.delta) d *= scale;
+}
+
 }  // namespace
 
 bool NewtonStep(CalcContext& ctx, bool& converged) {
@@ -102,6 +127,13 @@ bool NewtonStep(CalcContext& ctx, bool& converged) {
     NewtonSystem& ns = st.newton;
     const int32_t size = ns.Size();
     Residuals(chem, ns);
+    // A present solid is part of the same system of equations as the mass
+    // balances: the iteration has converged only when its saturation holds as
+    // closely as they do. (Otherwise the step of the last iteration could
+    // still move the solid's amount by a share of its components that the
+    // reported species no longer balance.)
+    for (int32_t k = 0; k < ns.m; ++k)
+        if (std::fabs(ns.r[ns.n + k]) > std::log(st.workingCriterion)) converged = false;
     if (!BuildJacobian(chem, ns)) return false;
     if (!GaussJordanInvert(ns.jacobian, size, ns.inverse)) return false;
     for (int32_t u = 0; u < size; ++u) {
@@ -109,6 +141,7 @@ bool NewtonStep(CalcContext& ctx, bool& converged) {
         for (int32_t v = 0; v < size; ++v) sum += ns.inverse[u * size + v] * ns.r[v];
         ns.delta[u] = sum;
     }
+    ShortenForSolids(ns);
     for (int32_t u = 0; u < size; ++u) {
         const double y = ns.x[u] - ns.delta[u];
         const int16_t kind = ns.kind[u];
@@ -138,7 +171,7 @@ bool NewtonStep(CalcContext& ctx, bool& converged) {
             }
             continue;
         }
-        const double f = kind == UnknownTouchedBySolid ? 2.0 : 1.2;
+        const double f = kind == UnknownTouchedBySolid ? kTouchedFactor : kSolidFactor;
         if (y > 0) {
             if (y > f * ns.x[u]) {
                 ns.x[u] = f * ns.x[u];

@@ -1,5 +1,6 @@
 #include "calc/activity.h"
 #include "calc/assemble_system.h"
+#include "calc/organic_model.h"
 #include "calc/run_calculation.h"
 #include "calc/solver.h"
 
@@ -64,6 +65,7 @@ void PostProcess(CalcContext& ctx) {
     SpeciesChargeSums(chem, st.cationCharge, st.anionCharge);
     FillUnbalancedSums(chem, st.bulkFraction);
     if (ctx.input.ionicStrengthModel == kMsaModel) BuildSaltTable(ctx);
+    if (ctx.input.organicComplexation) OrganicClassSums(chem);
 }
 
 CalculationOutcome RunCalculation(CalcContext& ctx, bool showProgress) {

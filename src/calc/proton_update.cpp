@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "calc/compare.h"
+#include "calc/organic_model.h"
 #include "calc/solver.h"
 
 namespace tormel {
@@ -133,6 +134,7 @@ void ProtonUpdate(CalcContext& ctx, bool& converged) {
     if (AnyFreeGiven(chem)) return;
     double positive, negative;
     ChargeTotals(chem, positive, negative);
+    if (OrganicModelActive(ctx)) AddOrganicCharges(ctx, positive, negative);
     if (st.inputChargeExcess == 0)
         converged = RelativelyEqual(positive, negative, st.inputCriterion);
     else

@@ -29,7 +29,9 @@ void RatioUpdate(CalcContext& ctx, int32_t j) {
     const double c = sc.freeConcentration;
     const double w = sc.damping;  // the weight is stored in single precision; the update is not
     sc.freeConcentration = (x * c + w * c) / (w + 1);
-    // present solids holding the component follow it
+    // Present solids that consume the component follow it. A solid that
+    // releases it (negative coefficient) would move the wrong way: it is left
+    // to the Newton step and the saturation check.
     const NewtonSystem& ns = st.newton;
     if (ns.m > 0) {
         const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
@@ -40,6 +42,7 @@ void RatioUpdate(CalcContext& ctx, int32_t j) {
             for (int32_t e = 0; e < solid.componentTerms; ++e) {
                 const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
                 if (term.systemComponent != j || term.coefficient == 0) continue;
+                if (term.coefficient < 0) break;
                 solid.concentration *= sc.sumSolid > input ? x : std::sqrt(x);
                 break;
             }

@@ -6,6 +6,8 @@
 
 #include "calc/activity.h"
 #include "calc/compare.h"
+#include "calc/organic_model.h"
+#include "calc/precipitation.h"
 
 namespace tormel {
 
@@ -93,7 +95,11 @@ bool NewtonAllowed(CalcContext& ctx) {
     SolverState& st = ctx.state;
     const ChemicalSystem& chem = ctx.chem;
     if (st.iterationCount == 1) st.newtonStall = 0;
-    if (st.protonBalanceMode) {
+    // At the extremes of pH the step is left to the ratio and proton
+    // updates, except while a present solid holds H+: the step then moves H+
+    // within the limits of a component touched by a solid, and it alone keeps
+    // such a solid saturated in a weakly buffered water.
+    if (st.protonBalanceMode && !PresentSolidHolds(ctx, 0)) {
         const double h = chem.systemComponents[0].freeConcentration;
         if (h > 0.0001 || h < 1e-10) return false;
     }
@@ -146,6 +152,7 @@ void InitialiseSolve(CalcContext& ctx) {
     st.activityCalls = 0;
     st.gammaIterationCapped = false;
     BuildNewtonSystem(chem, st.newton);
+    StartSolids(ctx);
     FirstSpeciesOfComponents(chem, st);
     StartIonicStrength(ctx);
     UpdateActivity(ctx);
@@ -153,6 +160,9 @@ void InitialiseSolve(CalcContext& ctx) {
     FreeFromGivenMember(ctx);
     st.newtonCountdown = 0;
     st.abortRequested = false;
+    // the organic donors and acceptors belong to this solve's organic matter only
+    st.protonSums.donorOrganic = st.protonSums.acceptorOrganic = 0;
+    if (OrganicModelActive(ctx)) InitialiseOrganic(ctx);
     SaveUnknowns(ctx);
 }
 
@@ -202,6 +212,7 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress) {
             OrganicUpdate(ctx, converged);
         else
             InorganicUpdate(ctx, converged);
+        if (st.newton.m > 0) ReleaseDissolvedSolids(ctx, converged);
         UpdateIonicStrength(ctx, converged);
         if (organic) OrganicElectrostaticUpdate(ctx, converged);
         if (st.abortRequested) break;
@@ -217,6 +228,7 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress) {
             result.message = "not converged after " + std::to_string(st.iterationCount) + " iterations; worst component " +
                              (st.worstComponentName.empty() ? std::string("(none)") : st.worstComponentName) +
                              ", ratio " + std::to_string(st.worstRatio);
+            if (organic && st.organic.counterIonCapped) result.message += "; " + st.organic.counterIonMessage;
             break;
         }
     }

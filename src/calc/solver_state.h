@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "calc/organic_state.h"
+
 namespace tormel {
 
 // Largest number of solver iterations before a solve gives up with a
@@ -129,8 +131,21 @@ struct SolverState {
     double msaOmega = 1, msaPPrime = 0;
     bool gammaIterationCapped = false;  // the last Gamma iteration hit kMaxGammaPasses
 
+    // --- dissolved organic matter (Z and R carry over between calculations) ---
+    OrganicState organic;
+
     // --- progress bar of the progress report ---
     double barSlope = 0, barOffset = 0;
+
+    // --- precipitation ---
+    // per solid of the solid range: its amount after the previous iteration
+    // (tells a solid that is dissolving from one that is growing)
+    std::vector<double> solidPreviousAmount;
+    // the progress list: one line per solid that entered, in order
+    std::vector<std::string> solidProgressLines;
+    // the second (solids) bar of the progress report
+    double solidBarSlope = 0, solidBarOffset = 0;
+    int32_t solidBarPosition = 0;
 };
 
 }  // namespace tormel

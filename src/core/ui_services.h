@@ -40,6 +40,18 @@ struct SolverProgress {
     std::string worstComponent;
     double ionicStrength = 0;
     int32_t barPosition = 0;  // 0..100
+    // with precipitation: the solids bar, the number of solids present and
+    // one line per solid that entered ("Iteration 12: Calcite")
+    int32_t solidBarPosition = 0;  // 0..100
+    int32_t solidCount = 0;
+    std::vector<std::string> solidLines;
+};
+
+// The small window of the neutral-solution calculation: a caption and two lines.
+struct NeutraliseWindowText {
+    std::string caption;
+    std::string line1;
+    std::string line2;
 };
 
 struct UiServices {
@@ -48,6 +60,8 @@ struct UiServices {
     std::function<void(std::string_view)> setWaitText;
     std::function<void()> closeWait;
     std::function<bool(const SolverProgress&)> progress;  // true to cancel
+    std::function<void(const NeutraliseWindowText&)> showNeutralise;  // opens or updates the window
+    std::function<void()> closeNeutralise;
     std::function<bool(std::string_view url)> openExternal;
 };
 

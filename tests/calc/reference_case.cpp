@@ -86,6 +86,7 @@ private:
     SolverState state_;
     ReferenceOutcome out_;
     double tolerance_ = 0.005, ionicTolerance_ = 0.005, phTolerance_ = 0.002, siTolerance_ = 0.005;
+    double precipitatedTolerance_ = 0.005;
 
     bool Fail(const std::string& message) {
         out_.setupError = message;
@@ -144,6 +145,7 @@ private:
             ionicTolerance_ = tol->NumberOr("ionic_strength_relative", ionicTolerance_);
             phTolerance_ = tol->NumberOr("ph_absolute", phTolerance_);
             siTolerance_ = tol->NumberOr("saturation_index_absolute", siTolerance_);
+            precipitatedTolerance_ = tol->NumberOr("precipitated_relative", tolerance_);
         }
         return true;
     }
@@ -169,15 +171,23 @@ private:
             const bool wanted = adsorbed ? sp.kind == AdsorbedSpecies : sp.kind == ComplexSpecies;
             if (wanted && sp.name == base && sp.charge == charge) return static_cast<int32_t>(s);
         }
-        std::vector<std::string> candidates = {base};
+        // the oxidation-state name of the component first, then the bare formula
+        std::vector<std::string> candidates;
         if (auto it = OxidationStateNames().find(key); it != OxidationStateNames().end())
-            candidates.insert(candidates.begin(), it->second);
+            candidates.push_back(it->second);
+        candidates.push_back(base);
         for (const std::string& name : candidates) {
             const int32_t k = chem_.FindComponent(name);
             if (k < 0) continue;
             const int32_t s = Representing(k);
             if (s >= 0 && chem_.species[s].charge == charge) return s;
         }
+        return -1;
+    }
+
+    int32_t FindSolid(const std::string& name) const {
+        for (size_t s = 0; s < chem_.species.size(); ++s)
+            if (chem_.species[s].kind == SolidSpecies && chem_.species[s].name == name) return static_cast<int32_t>(s);
         return -1;
     }
 
@@ -306,6 +316,17 @@ private:
         CompareTotals(expected->Find("dissolved_totals_mol_L"), false, "dissolved");
         CompareTotals(expected->Find("adsorbed_totals_mol_L"), true, "adsorbed");
         CompareTotals(expected->Find("redox_state_totals_mol_L"), false, "redox state");
+        if (const JsonValue* solids = expected->Find("precipitated_mol_L"))
+            for (const auto& [name, value] : solids->members) {
+                const int32_t s = FindSolid(name);
+                // a solid the assembly did not form cannot have precipitated
+                const double amount = s >= 0 ? chem_.species[s].concentration : 0.0;
+                if (s < 0 && value.number != 0) {
+                    Missing("precipitated " + name);
+                    continue;
+                }
+                Record("precipitated " + name, amount, value.number, precipitatedTolerance_, true);
+            }
         if (const JsonValue* indices = expected->Find("saturation_indices"))
             for (const auto& [name, value] : indices->members) {
                 double si = 0;

@@ -1,0 +1,96 @@
+// Time per calculation (assembly, solve and post-processing) of a natural
+// water with ten metals and dissolved organic matter under Models 5, 6 and
+// 7, at a fixed pH and at a proton balance, with the solver's iteration
+// count and the species count as counters.
+//
+// The database loader is the test harness's own; solver_bench.cpp compiles
+// it into this program.
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <string>
+
+#include "../tests/calc/real_database.h"
+#include "calc/run_calculation.h"
+
+namespace {
+
+using namespace tormel;
+
+void Set(ChemicalSystem& chem, const char* name, int32_t type, double value) {
+    const int32_t c = chem.FindComponent(name);
+    if (c < 0) return;
+    chem.components[c].inputType = type;
+    chem.components[c].inputValue = value;
+}
+
+// Ca, Mg, Na, K, Cu, Zn, Cd, Pb, Ni and Al with chloride, sulphate and
+// carbonate; 5 mg C/L, 70 % fulvic acid.
+void NaturalWater(ChemicalSystem& chem, InputProblem& input, int32_t model, bool protonBalance) {
+    for (Component& c : chem.components) {
+        c.inputValue = 0;
+        c.inputType = InpTypeNotSpecified;
+    }
+    input.ionicStrengthModel = 1;
+    input.convergenceCriterion = 1.000001;
+    input.organicComplexation = true;
+    input.organicModel = model;
+    input.docConcentration = 5;
+    input.fulvicFraction = 0.7;
+    if (protonBalance)
+        Set(chem, "H", InpTypeTotalConc, 1.3e-3);
+    else
+        Set(chem, "H", InpTypeFreeAct, 1e-7);
+    Set(chem, "Ca", InpTypeTotalConc, 5e-4);
+    Set(chem, "Mg", InpTypeTotalConc, 2e-4);
+    Set(chem, "Na", InpTypeTotalConc, 5e-4);
+    Set(chem, "K", InpTypeTotalConc, 5e-5);
+    Set(chem, "Cu(II)", InpTypeTotalConc, 5e-8);
+    Set(chem, "Zn", InpTypeTotalConc, 2e-7);
+    Set(chem, "Cd", InpTypeTotalConc, 1e-9);
+    Set(chem, "Pb", InpTypeTotalConc, 5e-9);
+    Set(chem, "Ni", InpTypeTotalConc, 3e-8);
+    Set(chem, "Al", InpTypeTotalConc, 2e-7);
+    Set(chem, "Cl", InpTypeTotalConc, 5e-4);
+    Set(chem, "SO4", InpTypeTotalConc, 2e-4);
+    Set(chem, "CO3", InpTypeTotalConc, 1e-3);
+}
+
+void SolveOrganicWater(benchmark::State& state, int32_t model, bool protonBalance) {
+    const ChemicalSystem* database = test::RealDatabase();
+    if (!database) {
+        state.SkipWithError("database not loaded");
+        return;
+    }
+    ChemicalSystem chem = *database;
+    InputProblem input;
+    NaturalWater(chem, input, model, protonBalance);
+    int32_t iterations = 0;
+    bool converged = true;
+    for (auto _ : state) {
+        SolverState solver;  // every run starts like the first calculation of a session
+        CalcContext ctx{chem, input, solver};
+        const CalculationOutcome out = RunCalculation(ctx, false);
+        iterations = out.solve.iterations;
+        converged = converged && out.solve.converged;
+        benchmark::DoNotOptimize(chem.species.data());
+    }
+    state.counters["solver_iterations"] = iterations;
+    state.counters["species"] = static_cast<double>(chem.species.size());
+    state.counters["unknowns"] = static_cast<double>(chem.systemComponents.size());
+    if (!converged) state.SkipWithError("not converged");
+}
+
+const bool kRegistered = [] {
+    const char* names[] = {"Model5", "Model6", "Model7"};
+    for (int32_t model = Model5; model <= Model7; ++model)
+        for (bool protonBalance : {false, true}) {
+            const std::string name = std::string("Organic/") + names[model - Model5] +
+                                     (protonBalance ? "/proton_balance" : "/pH7");
+            benchmark::RegisterBenchmark(name.c_str(), SolveOrganicWater, model, protonBalance)
+                ->Unit(benchmark::kMillisecond);
+        }
+    return true;
+}();
+
+}  // namespace

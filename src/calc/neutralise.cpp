@@ -1,0 +1,178 @@
+#include "calc/neutralise.h"
+
+#include <cmath>
+
+#include "calc/assemble_system.h"
+#include "calc/compare.h"
+#include "calc/run_calculation.h"
+#include "calc/solver.h"
+#include "core/c_number.h"
+
+namespace tormel {
+
+namespace {
+
+// The neutralisation window: open from the start to the end of the
+// calculation, whichever way it ends.
+class NeutraliseWindow {
+public:
+    explicit NeutraliseWindow(const CalcContext& ctx) : ui_(ctx.ui) {}
+    ~NeutraliseWindow() {
+        if (ui_ && ui_->closeNeutralise) ui_->closeNeutralise();
+    }
+    NeutraliseWindow(const NeutraliseWindow&) = delete;
+    NeutraliseWindow& operator=(const NeutraliseWindow&) = delete;
+
+    void Show() const {
+        if (ui_ && ui_->showNeutralise) ui_->showNeutralise(text);
+    }
+    NeutraliseWindowText text;
+
+private:
+    const UiServices* ui_;
+};
+
+// One of the two ions that may be adjusted.
+struct Ion {
+    int32_t component = 0;
+    double initialTotal = 0;
+    std::string name;
+};
+
+bool HasSystemComponent(const ChemicalSystem& chem, int32_t component) {
+    return chem.components[component].systemIndex > 0;
+}
+
+SystemComponent& SystemComponentOf(ChemicalSystem& chem, int32_t component) {
+    return chem.systemComponents[chem.components[component].systemIndex];
+}
+
+Ion Prepare(const ChemicalSystem& chem, int32_t component) {
+    Ion ion;
+    ion.component = component;
+    if (chem.components[component].systemIndex > 0) {
+        const SystemComponent& sc = chem.systemComponents[chem.components[component].systemIndex];
+        ion.initialTotal = sc.givenValue;
+        ion.name = sc.name;
+    } else {
+        ion.name = chem.components[component].name;
+    }
+    return ion;
+}
+
+// One solve with the totals as they now stand. The net charge of the given
+// totals is taken afresh: the passes change the totals, and the proton
+// balance's charge test must see the totals it solves.
+SolveResult SolveOnce(CalcContext& ctx) {
+    ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem);
+    SolveResult result = SolveEquilibrium(ctx, true);
+    SpeciesChargeSums(ctx.chem, ctx.state.cationCharge, ctx.state.anionCharge);
+    return result;
+}
+
+// With a proton balance the given totals alone tell the charge: the ion
+// that evens them out gets the difference before the first solve. An ion
+// already in the system keeps its assembled total for that solve; one that
+// is not joins it with the estimate as its input value.
+bool FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double criterion) {
+    ChemicalSystem& chem = ctx.chem;
+    double positive = 0, negative = 0;
+    for (const SystemComponent& sc : chem.systemComponents) {
+        if (sc.type == Cation) positive += sc.givenValue * sc.charge;
+        if (sc.type == Ligand) negative -= sc.givenValue * sc.charge;
+    }
+    if (RelativelyEqual(positive, negative, criterion)) return true;
+    const Ion& ion = positive > negative ? anion : cation;
+    Component& component = chem.components[ion.component];
+    const double d = (positive - negative) / -component.charge;
+    if (HasSystemComponent(chem, ion.component)) {
+        component.inputValue += d;
+        return true;
+    }
+    component.inputValue = d;
+    return AssembleSystem(ctx);
+}
+
+std::string PassLine(const CalcContext& ctx, int32_t pass) {
+    return ctx.Text("NeutralCalc", "NeutrLbl1") + " " + std::to_string(pass);
+}
+
+}  // namespace
+
+NeutraliseOutcome Neutralise(CalcContext& ctx) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    const double criterion = ctx.input.convergenceCriterion;
+    NeutraliseOutcome out;
+    NeutraliseWindow window(ctx);
+    window.text = {ctx.Text("NeutralCalc", "NeutrCaption1") + " (?)", PassLine(ctx, 1), ""};
+    window.Show();
+
+    const int32_t count = chem.ComponentCount();
+    for (int32_t k : {ctx.input.neutraliseCation, ctx.input.neutraliseAnion})
+        if (k <= 0 || k >= count || chem.components[k].charge == 0) {
+            out.message = "no charged cation and anion chosen to neutralise with";
+            return out;
+        }
+    if (!AssembleSystem(ctx)) return out;
+    out.assembled = true;
+    st.inputChargeExcess = InputChargeExcess(chem);
+    Ion cation = Prepare(chem, ctx.input.neutraliseCation);
+    Ion anion = Prepare(chem, ctx.input.neutraliseAnion);
+    window.text.caption = ctx.Text("NeutralCalc", "NeutrCaption1") + " " + cation.name + " " +
+                          ctx.Text("NeutralCalc", "NeutrCaption2") + " " + anion.name;
+    window.Show();
+
+    if (chem.systemComponents[0].balanceKind == InpTypeTotalConc && !FirstEstimate(ctx, cation, anion, criterion)) {
+        out.assembled = false;
+        return out;
+    }
+    out.solve = SolveOnce(ctx);
+    int32_t pass = 1;
+    while (!st.abortRequested && out.solve.converged &&
+           !RelativelyEqual(st.cationCharge, st.anionCharge, criterion)) {
+        if (out.passes >= kMaxNeutralisePasses) {
+            out.message = "not neutral after " + std::to_string(out.passes) + " passes, residual charge " +
+                          FormatC("%.3E", st.cationCharge - st.anionCharge) + " eq/L";
+            return out;
+        }
+        const Ion& ion = st.cationCharge > st.anionCharge ? anion : cation;
+        Component& component = chem.components[ion.component];
+        const double d = (st.cationCharge - st.anionCharge) / -component.charge;
+        if (HasSystemComponent(chem, ion.component)) {
+            SystemComponent& sc = SystemComponentOf(chem, ion.component);
+            const double damping = pass > 1 ? 1 / std::sqrt(pass - 1.0) : 1.0;
+            if (sc.givenValue + d < 0)
+                sc.givenValue /= 10;
+            else
+                sc.givenValue += d * damping;
+        } else {
+            component.inputValue = d / std::sqrt(static_cast<double>(pass));
+            if (!AssembleSystem(ctx)) {
+                out.assembled = false;
+                return out;
+            }
+        }
+        ++pass;
+        ++out.passes;
+        const SystemComponent& adjusted = SystemComponentOf(chem, ion.component);
+        window.text.line1 = PassLine(ctx, pass);
+        window.text.line2 = ctx.Text("NeutralCalc", "NeutrLbl2") + " " +
+                            FormatC("%9.4E M", adjusted.givenValue - ion.initialTotal) + " " + adjusted.name;
+        window.Show();
+        out.solve = SolveOnce(ctx);
+    }
+    out.cancelled = st.abortRequested;
+    if (out.cancelled) return out;
+    if (!out.solve.converged) {
+        out.message = out.solve.message;
+        return out;
+    }
+    out.neutral = true;
+    PostProcess(ctx);
+    st.resultExists = true;
+    if (ctx.buildResults) ctx.buildResults(ctx);
+    return out;
+}
+
+}  // namespace tormel

@@ -1,0 +1,83 @@
+// Random natural waters with dissolved organic matter, seeded: every one
+// must converge under each model within the solver's iteration bound, at a
+// fixed pH and at a proton balance, with Davies and with MSA activities.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <random>
+#include <string>
+
+#include "calc/organic_test_support.h"
+
+namespace tormel::test {
+
+namespace {
+
+constexpr int kWatersPerModel = 70;  // 210 waters in all, about ten seconds
+
+double LogUniform(std::mt19937& rng, double lo, double hi) {
+    std::uniform_real_distribution<double> u(std::log10(lo), std::log10(hi));
+    return std::pow(10.0, u(rng));
+}
+
+// A fresh water: major ions, carbonate, trace metals, 1 to 20 mg C/L.
+OrganicWater RandomWater(int32_t model, std::mt19937& rng, bool protonBalance) {
+    std::uniform_real_distribution<double> unit(0, 1);
+    OrganicWater w(model, LogUniform(rng, 1, 20), 0.3 + 0.6 * unit(rng));
+    if (!w.ok) return w;
+    const double ca = LogUniform(rng, 5e-5, 3e-3);
+    const double mg = LogUniform(rng, 2e-5, 1e-3);
+    const double na = LogUniform(rng, 5e-5, 5e-3);
+    const double k = LogUniform(rng, 1e-5, 2e-4);
+    const double carbonate = LogUniform(rng, 1e-4, 4e-3);
+    const double so4 = LogUniform(rng, 2e-5, 1e-3);
+    w.Set("Ca", InpTypeTotalConc, ca);
+    w.Set("Mg", InpTypeTotalConc, mg);
+    w.Set("Na", InpTypeTotalConc, na);
+    w.Set("K", InpTypeTotalConc, k);
+    w.Set("CO3", InpTypeTotalConc, carbonate);
+    w.Set("SO4", InpTypeTotalConc, so4);
+    w.Set("Cl", InpTypeTotalConc, LogUniform(rng, 5e-5, 5e-3));
+    w.Set("Cu(II)", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-6));
+    w.Set("Zn", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-6));
+    w.Set("Cd", InpTypeTotalConc, LogUniform(rng, 1e-11, 1e-8));
+    w.Set("Pb", InpTypeTotalConc, LogUniform(rng, 1e-10, 1e-7));
+    w.Set("Ni", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-7));
+    w.Set("Al", InpTypeTotalConc, LogUniform(rng, 1e-8, 1e-6));
+    if (protonBalance)
+        // between bicarbonate and carbonic acid, as waters in contact with air and soil are
+        w.Set("H", InpTypeTotalConc, carbonate * (1 + 0.8 * unit(rng)));
+    else
+        w.FixPh(5 + 4 * unit(rng));
+    return w;
+}
+
+}  // namespace
+
+TEST(OrganicConvergence, RandomNaturalWaters) {
+    for (int32_t model = Model5; model <= Model7; ++model) {
+        std::mt19937 rng(20240611u + model);
+        int32_t most = 0;
+        long total = 0;
+        int failures = 0;
+        for (int i = 0; i < kWatersPerModel; ++i) {
+            const bool protonBalance = i % 2 == 1;
+            OrganicWater w = RandomWater(model, rng, protonBalance);
+            if (!w.ok) GTEST_SKIP() << "database not loaded";
+            w.input.ionicStrengthModel = (i / 2) % 2 == 0 ? 1 : 2;  // Davies and MSA in turn
+            const CalculationOutcome out = w.Run();
+            EXPECT_TRUE(out.solve.converged) << "model " << model << " water " << i
+                                             << (protonBalance ? " (proton balance): " : " (fixed pH): ")
+                                             << out.solve.message;
+            failures += out.solve.converged ? 0 : 1;
+            most = std::max(most, out.solve.iterations);
+            total += out.solve.iterations;
+        }
+        std::printf("model code %d: %d waters, %d not converged, iterations mean %ld, most %d\n", model,
+                    kWatersPerModel, failures, total / kWatersPerModel, most);
+    }
+}
+
+}  // namespace tormel::test
