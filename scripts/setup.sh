@@ -1,8 +1,12 @@
 #!/usr/bin/env bash
-# Installs what building and testing need on Debian 12. Safe to run again.
+# Installs what building needs on Debian 12; with --test also what the tests
+# need (sanitizer and fuzzer runtimes, locales, a spreadsheet program that
+# reads our exports). Safe to run again.
 set -euo pipefail
-packages=(build-essential cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev
-          clang libclang-rt-14-dev locales-all)
+packages=(build-essential cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev)
+if [ "${1:-}" = "--test" ]; then
+  packages+=(clang libclang-rt-14-dev locales-all libreoffice-calc-nogui)
+fi
 missing=()
 for p in "${packages[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

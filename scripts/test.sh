@@ -5,7 +5,7 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
-scripts/setup.sh
+scripts/setup.sh --test
 jobs=$(nproc)
 
 scripts/build.sh build
