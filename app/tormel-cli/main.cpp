@@ -1,41 +1,50 @@
 // tormel-cli: the program without windows, for scripts and cluster nodes.
-#include <cstdio>
-#include <cstring>
-#include <string>
+//
+//   tormel-cli /run:water.i64 [result.o64]    calculate one input file
+//   tormel-cli /batch:jobs.txt [--jobs N]     calculate every job of a batch file
+//   tormel-cli result.o64                     show the result tables of an output file
+//   tormel-cli water.i64                      read and check an input file
+//   tormel-cli --database | --list WHAT       what the database holds
+#include <unistd.h>
 
+#include <algorithm>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "core/c_number.h"
 #include "core/chemical_system.h"
+#include "core/language.h"
+#include "output/result_tables.h"
 #include "shell/app_folders.h"
 #include "shell/database_startup.h"
 #include "shell/database_summary.h"
 #include "shell/headless_ui.h"
-#include "core/language.h"
 #include "shell/language_files.h"
+#include "shell/startup.h"
 
 namespace {
 
+using namespace tormel;
+
 const char* kUsage =
-    "Usage: tormel-cli [--database | --list components|equilibria|literature]\n"
-    "  --database   load the database and print what it holds (the default)\n"
-    "  --list WHAT  list the components, equilibria or literature references\n";
+    "Usage: tormel-cli /run:INPUT.i64 [OUTPUT.o64]\n"
+    "       tormel-cli /batch:BATCHFILE [--jobs N]\n"
+    "       tormel-cli FILE.o64 | FILE.i64\n"
+    "       tormel-cli --database | --list components|equilibria|literature\n"
+    "  /run:      calculate one input file; the results go to OUTPUT (default: the\n"
+    "             input's name with .o64 in the output folder)\n"
+    "  /batch:    calculate every job of a batch file (one \"input output\" per line);\n"
+    "             problems are written to batch_log.txt\n"
+    "  --jobs N   calculate N jobs of a batch at the same time\n"
+    "  FILE.o64   print the result tables of an output file\n"
+    "  FILE.i64   read an input file and report its consistency checks\n"
+    "  --run, --batch, --print (as --run FILE or --run=FILE) are the same as the switches.\n"
+    "  Names without a folder are taken from the input and output folders.\n";
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    using namespace tormel;
-    std::string command = argc > 1 ? argv[1] : "--database";
-    std::string what = argc > 2 ? argv[2] : "";
-    bool known = command == "--database" ||
-                 (command == "--list" && (what == "components" || what == "equilibria" || what == "literature"));
-    if (command == "--help" || command == "-h") {
-        std::fputs(kUsage, stdout);
-        return 0;
-    }
-    if (!known) {
-        std::fprintf(stderr, "tormel-cli: unknown arguments\n%s", kUsage);
-        return 1;
-    }
-
-    AppFolders folders = ResolveFolders(argv[0]);
+// --database and --list: the database summary and listings.
+int DatabaseCommand(const std::string& command, const std::string& what, const char* argv0) {
+    AppFolders folders = ResolveFolders(argv0);
     CreateWorkingFolders(folders);
     UiServices ui = MakeHeadlessUi();
     if (EnsureLanguageFile(folders, ui, nullptr) == LanguageSetup::NoLanguageFiles) return 0;
@@ -57,5 +66,128 @@ int main(int argc, char** argv) {
         text = LiteratureListing(chem);
     }
     std::fputs(text.c_str(), stdout);
+    return 0;
+}
+
+// Removes "--jobs N" / "--jobs=N" from the arguments; 0 when absent, -1 when malformed.
+int TakeJobCount(std::vector<std::string>& arguments) {
+    for (size_t i = 0; i < arguments.size(); ++i) {
+        std::string value;
+        size_t taken = 1;
+        if (arguments[i] == "--jobs" && i + 1 < arguments.size()) {
+            value = arguments[i + 1];
+            taken = 2;
+        } else if (arguments[i].rfind("--jobs=", 0) == 0) {
+            value = arguments[i].substr(7);
+        } else if (arguments[i] == "--jobs") {
+            return -1;
+        } else {
+            continue;
+        }
+        arguments.erase(arguments.begin() + static_cast<std::ptrdiff_t>(i),
+                        arguments.begin() + static_cast<std::ptrdiff_t>(i + taken));
+        const int jobs = StrToIntPlatform(value);
+        return jobs >= 1 ? jobs : -1;
+    }
+    return 0;
+}
+
+void PrintRow(const std::vector<std::string>& cells, const std::vector<size_t>& widths) {
+    std::string line;
+    for (size_t c = 0; c < cells.size(); ++c) {
+        std::string cell = cells[c];
+        if (c + 1 < cells.size() && cell.size() < widths[c]) cell.resize(widths[c], ' ');
+        line += (c ? "  " : "") + cell;
+    }
+    while (!line.empty() && line.back() == ' ') line.pop_back();
+    std::puts(line.c_str());
+}
+
+void PrintTable(const std::vector<std::vector<std::string>>& rows) {
+    std::vector<size_t> widths;
+    for (const auto& row : rows) {
+        widths.resize(std::max(widths.size(), row.size()), 0);
+        for (size_t c = 0; c < row.size(); ++c) widths[c] = std::max(widths[c], row[c].size());
+    }
+    for (const auto& row : rows) PrintRow(row, widths);
+}
+
+// The summary and details tables of every listed component (cations,
+// ligands, gases) of result set 0.
+void PrintResultTables(Workspace& ws) {
+    const ResultContext context = MakeResultContext(ws);
+    auto text = [&](const char* key) { return LanguageText(ws.language, "Output", key); };
+    const SetView view = ViewSet(ws.results, 0);
+    for (size_t i = 0; i < view.components.size(); ++i) {
+        const ComponentResult& component = view.components[i];
+        if (component.kind != Cation && component.kind != Ligand && component.kind != Gas) continue;
+        const std::string heading = component.gasText.empty() ? component.displayName : component.gasText;
+        std::printf("\n== %s ==\n", heading.c_str());
+        std::vector<std::vector<std::string>> summary = {
+            {text("Summary"), text("Concentration"), text("Unit"), text("Percentage")}};
+        for (const SummaryRow& row : SummaryTable(ws.results, 0, static_cast<int32_t>(i), context))
+            summary.push_back({row.texts.begin(), row.texts.end()});
+        PrintTable(summary);
+        std::puts("");
+        std::vector<std::vector<std::string>> details = {{text("Species"), text("Concentration"), text("Unit"),
+                                                          text("Percentage"), text("Activity"), text("Unit"),
+                                                          text("IntrinsicK"), text("ConditionalK"), text("LitRef")}};
+        for (const DetailsRow& row : DetailsTable(ws.results, 0, static_cast<int32_t>(i), context))
+            details.push_back({row.texts.begin(), row.texts.end()});
+        PrintTable(details);
+    }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    if (arguments.empty()) return DatabaseCommand("--database", "", argv[0]);
+    const std::string& first = arguments.front();
+    if (first == "--help" || first == "-h") {
+        std::fputs(kUsage, stdout);
+        return 0;
+    }
+    if (first == "--database" || first == "--list") {
+        const std::string what = arguments.size() > 1 ? arguments[1] : "";
+        const bool known = first == "--database" || what == "components" || what == "equilibria" || what == "literature";
+        if (!known || arguments.size() > (first == "--database" ? 1u : 2u)) {
+            std::fprintf(stderr, "tormel-cli: unknown arguments\n%s", kUsage);
+            return 1;
+        }
+        return DatabaseCommand(first, what, argv[0]);
+    }
+
+    const int jobs = TakeJobCount(arguments);
+    if (jobs < 0) {
+        std::fprintf(stderr, "tormel-cli: --jobs needs a number of 1 or more\n%s", kUsage);
+        return 1;
+    }
+    const CommandLine line = NormaliseCommandLine(arguments);
+    const CommandLineAction action = ClassifyCommandLine(line);
+    if (action == CommandLineAction::OpenFile) {
+        const std::string path = CommandLineArgument(line, 1);
+        if (!HasExtension(path, ".i64") && !HasExtension(path, ".o64")) {
+            std::fprintf(stderr, "tormel-cli: %s is neither an input (.i64) nor an output file (.o64)\n%s",
+                         path.c_str(), kUsage);
+            return 1;
+        }
+    }
+
+    const UiServices ui = MakeHeadlessUi();
+    Workspace ws(ResolveFolders(argv[0]), ui);
+    StartupHooks hooks;
+    hooks.offerGettingStarted = false;
+    CommandLineServices services;
+    services.showOutput = PrintResultTables;
+    services.batch.jobs = std::max(jobs, 1);
+    if (isatty(STDERR_FILENO)) {
+        services.batch.progress = [](const BatchProgress& p) {
+            std::fprintf(stderr, "[%d/%d] %s%s\n", p.finished, p.total, p.line.c_str(), p.failed ? "  (see the log)" : "");
+        };
+    }
+    const StartupOutcome outcome = InitializeApplication(ws, line, hooks, services);
+    if (outcome.endProcess) return outcome.exitCode;
+    SaveSettingsAndShutDown(ws, hooks);
     return 0;
 }

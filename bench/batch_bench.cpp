@@ -1,0 +1,102 @@
+// Throughput of batch runs: jobs per second for one and for two worker
+// threads. The jobs are the bundled example waters, each written many times
+// with its totals scaled a little, so that every job is a real calculation
+// followed by the writing of its output file.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+#include "core/database_files.h"
+#include "core/text_file.h"
+#include "input/input_file_reader.h"
+#include "input/input_file_writer.h"
+#include "shell/batch_run.h"
+#include "shell/headless_ui.h"
+
+namespace {
+
+using namespace tormel;
+namespace fs = std::filesystem;
+
+constexpr int kBatchJobs = 400;
+
+// A working folder with the database, the inputs and the batch file, made
+// once for all runs.
+struct BatchSetUp {
+    std::string root;
+    UiServices ui;
+    std::unique_ptr<Workspace> ws;
+    bool ok = false;
+
+    BatchSetUp() {
+        root = (fs::temp_directory_path() / ("tormel-batch-bench-" + std::to_string(getpid()))).string() + "/";
+        std::error_code ec;
+        fs::create_directories(root + "Data", ec);
+        fs::create_directories(root + "Input", ec);
+        fs::create_directories(root + "Output", ec);
+        const std::string source = TORMEL_SOURCE_DIR;
+        for (const char* base : kDatabaseBaseNames)
+            fs::copy_file(source + "/data/RawData/" + base + "RW64", root + "Data/" + base + "D64",
+                          fs::copy_options::overwrite_existing, ec);
+        ui = MakeHeadlessUi();
+        ws = std::make_unique<Workspace>();
+        ws->folders.workingFolder = ws->folders.programFolder = root;
+        ws->folders.dataFolder = root + "Data/";
+        ws->folders.inputFolder = root + "Input/";
+        ws->folders.outputFolder = root + "Output/";
+        ws->language = Language(source + "/data/Languages/0default.lang");
+        ws->ui = &ui;
+        if (LoadDatabase(ws->chem, ws->folders.dataFolder, ui)) return;
+
+        std::string batch;
+        const char* examples[] = {"hard_water.i64", "soft_water.i64"};
+        for (int k = 0; k < kBatchJobs; ++k) {
+            InputProblem input;
+            if (LoadInputFile(source + "/data/examples/" + examples[k % 2], input, ws->chem)) return;
+            for (Component& c : ws->chem.components)
+                if (c.inputType == InpTypeTotalConc && &c != &ws->chem.components[ws->chem.hydrogenIndex])
+                    c.inputValue *= 1.0 + 0.002 * (k % 100);
+            const std::string name = "job" + std::to_string(k);
+            if (!WriteUtf16File(ws->folders.inputFolder + name + ".i64",
+                                std::string_view(FormatInputFile(input, ws->chem))))
+                return;
+            batch += name + ".i64 " + name + ".o64\n";
+        }
+        ok = WriteUtf16File(ws->folders.inputFolder + "jobs.txt", std::string_view(batch));
+    }
+    ~BatchSetUp() {
+        std::error_code ec;
+        fs::remove_all(root, ec);
+    }
+};
+
+BatchSetUp& SetUp() {
+    static BatchSetUp setUp;
+    return setUp;
+}
+
+void BatchThroughput(benchmark::State& state) {
+    BatchSetUp& setUp = SetUp();
+    if (!setUp.ok) {
+        state.SkipWithError("batch set-up failed");
+        return;
+    }
+    BatchOptions options;
+    options.jobs = static_cast<int32_t>(state.range(0));
+    options.logPath = setUp.root + "batch_log.txt";
+    int failed = 0;
+    for (auto _ : state) {
+        const BatchSummary summary = RunBatchFile(*setUp.ws, "jobs.txt", options);
+        failed += summary.failedJobs + summary.syntaxErrors;
+    }
+    state.counters["jobs_per_second"] =
+        benchmark::Counter(static_cast<double>(state.iterations()) * kBatchJobs, benchmark::Counter::kIsRate);
+    if (failed) state.SkipWithError("jobs failed");
+}
+
+BENCHMARK(BatchThroughput)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)->UseRealTime()->MinTime(2.0);
+
+}  // namespace

@@ -1,0 +1,271 @@
+#include "output/build_results.h"
+
+#include <cmath>
+
+#include "core/chemical_types.h"
+#include "output/build_other_info.h"
+#include "output/charge_suffix.h"
+#include "output/saturation_results.h"
+
+namespace tormel {
+
+namespace {
+
+constexpr int32_t kDaviesModel = 1;
+
+bool Reported(int32_t type) { return type == Cation || type == Electron || type == Ligand || type == Ads || type == Gas; }
+
+bool IsInorganic(int32_t kind) { return kind >= FreeComponent && kind <= SolidSpecies; }
+
+bool Dissolved(int32_t kind) {
+    return kind == FreeComponent || kind == FreeHydroxide || kind == GasLigand || kind == RedoxPartner ||
+           kind == ComplexSpecies;
+}
+
+int32_t Category(int32_t kind) {
+    if (Dissolved(kind)) return CategoryDissolved;
+    if (kind == AdsorbedSpecies) return CategoryAdsorbed;
+    if (kind == RedoxPartnerSolid || kind == SolidSpecies) return CategorySolid;
+    return CategoryOrganic;
+}
+
+const CompositionTerm& Term(const ChemicalSystem& chem, int32_t s, int32_t e) {
+    return chem.composition[static_cast<size_t>(Position(s, e, static_cast<int32_t>(chem.species.size())))];
+}
+
+// `name` followed by " / " and the name of every member reached along the
+// redoxNext links from database component `start`.
+std::string RedoxGroupName(const ChemicalSystem& chem, const std::string& name, int32_t start) {
+    std::string group = name;
+    if (start < 0 || start >= chem.ComponentCount()) return group;
+    int32_t member = chem.components[start].redoxNext;
+    for (int32_t steps = 0; member > 0 && member < chem.ComponentCount() && steps < chem.ComponentCount(); ++steps) {
+        group += " / " + chem.components[member].name;
+        member = chem.components[member].redoxNext;
+    }
+    return group;
+}
+
+// Names of a gas component: the ligand its gas ligand species stands for.
+void FillGasNames(const CalcContext& calc, int32_t c, ComponentResult& result) {
+    const ChemicalSystem& chem = calc.chem;
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        const Species& sp = chem.species[s];
+        if (sp.kind != GasLigand) continue;
+        bool holds = false;
+        for (int32_t e = 0; e < sp.componentTerms && !holds; ++e) holds = Term(chem, s, e).systemComponent == c;
+        if (!holds) continue;
+        const int32_t k = -sp.source;
+        if (k < 0 || k >= chem.ComponentCount()) return;
+        const Component& ligand = chem.components[k];
+        result.gasText = chem.systemComponents[c].name + " / " + ligand.name + ChargeSuffix(ligand.charge);
+        const bool grouped = calc.input.redox && (ligand.redoxNext != 0 || ligand.redoxPrev != 0);
+        result.displayName = grouped ? RedoxGroupName(chem, ligand.name, k) : ligand.name;
+        return;
+    }
+}
+
+ComponentResult MakeComponentResult(const CalcContext& calc, int32_t c) {
+    const ChemicalSystem& chem = calc.chem;
+    const SystemComponent& sc = chem.systemComponents[c];
+    ComponentResult result;
+    if (!Reported(sc.type)) return result;
+    result.kind = sc.type;
+    result.name = sc.name;
+    if (sc.type == Gas) {
+        FillGasNames(calc, c, result);
+    } else {
+        result.displayName = calc.input.redox ? RedoxGroupName(chem, sc.name, sc.componentIndex) : sc.name;
+    }
+    result.amounts[AmountDissolved] = sc.bulkDissolved;
+    result.amounts[AmountAdsorbed] = sc.bulkAdsorbed;
+    result.amounts[AmountSolid] = sc.bulkSolid;
+    result.amounts[AmountOrganic] = sc.boundOrganic;
+    const bool calculated =
+        sc.type == Gas || c == 0 || sc.balanceKind == InpTypeFreeConc || sc.balanceKind == InpTypeFreeAct;
+    result.amounts[AmountTotal] = calculated ? sc.calculatedTotal : sc.balanceTotal;
+    for (int32_t k = 0; k < 6; ++k) result.siteAmounts[k] = sc.organicClassSums[k];
+    result.siteAmounts[SiteDiffuseFulvic] = sc.ddlSum[0];
+    result.siteAmounts[SiteDiffuseHumic] = sc.ddlSum[1];
+    result.molarMass = sc.molarMass;
+    result.percentagesAllowed =
+        c != 0 || (calc.state.protonBalanceMode && sc.balanceTotal != calc.state.hydroxideReference);
+    return result;
+}
+
+SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
+    const ChemicalSystem& chem = calc.chem;
+    const Species& sp = chem.species[s];
+    SpeciesResult result;
+    result.kind = sp.kind;
+    result.hasConstants = sp.kind >= FreeHydroxide && sp.kind <= SolidSpecies;
+    result.category = Category(sp.kind);
+    result.name = Dissolved(sp.kind) ? sp.name + ChargeSuffix(sp.charge) : sp.name;
+    result.charge = Dissolved(sp.kind) || sp.kind == AdsorbedSpecies ? sp.charge : 0;
+    result.concentration = sp.concentration;
+    result.hasActivity = Dissolved(sp.kind);
+    if (result.hasActivity)
+        result.activity = sp.concentration * std::pow(10.0, sp.charge * sp.charge * calc.state.logGamma1);
+    if (result.hasConstants) {
+        result.intrinsicLogK = sp.logKDatabase;
+        if (sp.kind <= RedoxPartner) {
+            result.conditionalLogK = -sp.workingLogK;
+        } else if (sp.logKDatabase == sp.logK) {
+            result.conditionalLogK = sp.workingLogK;
+        } else {
+            result.conditionalLogK =
+                sp.logKDatabase + calc.state.logGamma1 * sp.deltaZ2Stored + sp.tempCorrectionDatabase;
+        }
+    }
+    result.literatureIndex = sp.kind == FreeComponent ? -1 : sp.literatureRef;
+    result.literature = LiteratureText(chem, sp.literatureRef);
+    result.reactionDefinition = result.hasConstants ? sp.reactionRow : -1;
+    if (sp.kind == SolidSpecies) {
+        double value = sp.workingLogK;
+        for (int32_t e = 0; e < sp.componentTerms; ++e) {
+            const CompositionTerm& term = Term(chem, s, e);
+            value += term.coefficient * std::log10(chem.systemComponents[term.systemComponent].freeConcentration);
+        }
+        result.saturationValue = value;
+    }
+    return result;
+}
+
+// One definition per reaction row; the species that own the rows, in
+// species order, give them their constant, reference and note.
+void AddReactionDefinitions(const ChemicalSystem& chem, SetRecords& records) {
+    const int32_t width = chem.maxComponentsPerEquilibrium;
+    for (int32_t r = 0; r < chem.reactionRowCount; ++r) {
+        ReactionDefinition definition;
+        for (int32_t j = 0; j < width && j < kMaxReactionEntries; ++j) {
+            const size_t at = static_cast<size_t>(Position(j, r, width));
+            if (at < chem.reactionReactants.size()) definition.reactants[j] = chem.reactionReactants[at];
+            if (at < chem.reactionProducts.size()) definition.products[j] = chem.reactionProducts[at];
+        }
+        records.reactions.push_back(std::move(definition));
+    }
+    size_t n = 0;
+    for (const Species& sp : chem.species) {
+        if (sp.reactionRow < 0) continue;
+        if (n >= records.reactions.size()) break;
+        ReactionDefinition& definition = records.reactions[n++];
+        definition.logK = sp.logKDatabase;
+        definition.literature = LiteratureText(chem, sp.literatureRef);
+        definition.note = sp.addInfo.value_or(std::string());
+    }
+}
+
+// "s=n;" for every species (inorganic kinds) holding a component that is not
+// organic matter.
+void AddSpeciesLists(const ChemicalSystem& chem, SetRecords& records) {
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        const Species& sp = chem.species[s];
+        if (!IsInorganic(sp.kind)) continue;
+        for (int32_t e = 0; e < sp.componentTerms; ++e) {
+            const CompositionTerm& term = Term(chem, s, e);
+            if (term.systemComponent < 0 || static_cast<size_t>(term.systemComponent) >= records.components.size())
+                continue;
+            if (chem.systemComponents[term.systemComponent].type == Organic) continue;
+            records.components[term.systemComponent].speciesList += std::to_string(s + 1) + "=" +
+                                                                    std::to_string(term.coefficient) + ";";
+        }
+    }
+}
+
+void AddMsaRecords(CalcContext& calc, SetRecords& records, MsaSummary& summary) {
+    records.salts = calc.state.saltRecords;
+    for (Species& sp : calc.chem.species) {
+        if (sp.ionSize <= 0) continue;
+        sp.resultRow = static_cast<int32_t>(records.msaIons.size());
+        records.msaIons.push_back(
+            MsaIonResult{sp.name, sp.charge, sp.lnGammaHS, sp.lnGammaEl, sp.lnGamma, sp.gamma, sp.ionSize});
+    }
+    const SolverState& st = calc.state;
+    summary.delta = st.msaDelta;
+    summary.hardSphere = {st.hardSphereA1, st.hardSphereA2, st.hardSphereA3};
+    summary.zeta = {st.zeta[0], st.zeta[1], st.zeta[2], st.zeta[3]};
+    summary.screening = st.msaGamma;
+    summary.pPrime = st.msaPPrime;
+    summary.omega = st.msaOmega;
+}
+
+InputSnapshot MakeSnapshot(const CalcContext& calc) {
+    InputSnapshot snapshot;
+    snapshot.input = calc.input;
+    snapshot.protonBalance = calc.state.protonBalanceMode;
+    snapshot.ionicStrength = calc.state.ionicStrength;
+    snapshot.ionicStrengthFromComposition = calc.state.ionicStrengthFromComposition;
+    snapshot.adsorptionLinked = false;
+    snapshot.bulkFraction = calc.state.bulkFraction;
+    for (int32_t f = 0; f < kOrganicFractions; ++f) {
+        OrganicFractionValues& values = snapshot.fractions[f];
+        values.charge = calc.state.organic.carry[f].charge;
+        values.enrichment = calc.state.organic.carry[f].enrichment;
+        const OrganicFraction& fraction = calc.state.organic.fractions[f];
+        values.volumeFraction = fraction.present ? fraction.volume : 0;
+        values.concentration = fraction.present ? fraction.concentration : 0;
+    }
+    return snapshot;
+}
+
+}  // namespace
+
+void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context) {
+    ChemicalSystem& chem = calc.chem;
+    const SolverState& st = calc.state;
+    ResetResultStore(store, 0);
+    ResultSet& set = store.sets[0];
+    ResultHeader& header = set.header;
+    SetRecords records;
+
+    const int32_t componentCount = static_cast<int32_t>(chem.systemComponents.size());
+    for (int32_t c = 0; c < componentCount; ++c) {
+        records.components.push_back(MakeComponentResult(calc, c));
+        if (records.components.back().kind > 0) ++header.reportedComponentCount;
+    }
+
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    bool organicSeen = false;
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        records.species.push_back(MakeSpeciesResult(calc, s));
+        if (!organicSeen && !IsInorganic(chem.species[s].kind)) {
+            organicSeen = true;
+            header.firstOrganicSpecies = s;
+            const int32_t model = calc.input.organicModel;
+            if (model >= Model5 && model <= Model7)
+                header.organicReference = LiteratureText(chem, chem.Organic(model).literatureRef);
+        }
+    }
+
+    AddReactionDefinitions(chem, records);
+    AddSpeciesLists(chem, records);
+
+    header.iterationCount = st.iterationCount;
+    header.logGamma1 = st.logGamma1;
+    header.cationCharge = st.cationCharge;
+    header.anionCharge = st.anionCharge;
+
+    if (calc.input.precipitation) {
+        const TypeRange solids = chem.solidSpeciesRange;
+        header.firstPrecipitatedSolid = solids.empty() ? 0 : solids.first;
+        header.lastPrecipitatedSolid = solids.empty() ? -1 : solids.last;
+    } else {
+        AddSolidChecks(calc, LanguageText(context.language, "EqDef", "AddInfoSolid"), records);
+    }
+    AddGasResults(calc, records);
+
+    for (const SystemComponent& sc : chem.systemComponents)
+        records.componentInfos.push_back(ComponentInfo{sc.name, sc.type, sc.givenValue, sc.molarMass, sc.balanceKind});
+
+    if (calc.input.ionicStrengthModel != kDaviesModel) AddMsaRecords(calc, records, set.msa);
+    set.snapshot = MakeSnapshot(calc);
+
+    StoreSetRecords(store, 0, std::move(records));
+
+    LoadOutputOptions(context.options, context.settings);
+    BuildOtherInfo(store, 0, context);
+}
+
+}  // namespace tormel

@@ -1,0 +1,206 @@
+#include <algorithm>
+
+#include "core/c_number.h"
+#include "core/ini_file.h"
+#include "output/output_file.h"
+
+namespace tormel {
+
+namespace {
+
+constexpr size_t kWholeLineLimit = 258;
+constexpr size_t kQuotedLimit = 259;
+constexpr size_t kOrganicReferenceLimit = 8190;
+constexpr int32_t kDaviesModel = 1;
+
+std::string OneLine(std::string text, size_t limit) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    std::replace(text.begin(), text.end(), '\r', ' ');
+    return CutToUtf16Units(text, limit);
+}
+
+std::string Quoted(std::string_view text) { return "\"" + QuotedFieldText(text) + "\""; }
+
+int Flag(bool on) { return on ? 1 : 0; }
+
+// A 0-based index as the 1-based number the file holds (-1, none, gives 0).
+long long Number(int32_t index) { return static_cast<long long>(index) + 1; }
+
+// The number of entries written for a side: up to the last one in use, or
+// all of them when none is.
+int32_t EntriesWritten(const std::array<ReactionEntry, kMaxReactionEntries>& side) {
+    for (int32_t j = kMaxReactionEntries - 1; j >= 0; --j)
+        if (side[j].coefficient != 0) return j + 1;
+    return kMaxReactionEntries;
+}
+
+void AppendSide(std::string& out, const std::array<ReactionEntry, kMaxReactionEntries>& side) {
+    const int32_t n = EntriesWritten(side);
+    out += FormatC("%i ", n);
+    for (int32_t j = 0; j < n; ++j) {
+        const ReactionEntry& entry = side[j];
+        out += FormatC("%i ", entry.coefficient) + Quoted(entry.name) + FormatC(" %i ", entry.charge) +
+               Quoted(entry.phase) + " ";
+    }
+}
+
+void AppendComponents(std::string& out, const SetView& view, bool organic) {
+    for (const ComponentResult& c : view.components) {
+        if (c.kind <= 0) continue;
+        out += Quoted(c.name) + " " + Quoted(c.displayName) + " " + Quoted(c.gasText) + " ";
+        out += FormatC("%i ", c.kind) + (c.percentagesAllowed ? " 1 " : " 0 ");
+        for (double amount : c.amounts) out += FormatC("%.16G ", amount);
+        out += FormatC("%9.9E %i ", c.molarMass, static_cast<int>(c.speciesList.size())) + c.speciesList + "\n";
+        if (organic) {
+            const auto& a = c.siteAmounts;
+            out += FormatC(" %.16G %.16G %.16G %.16G", a[SiteMonoFulvic], a[SiteBiFulvic], a[SiteTriFulvic],
+                           a[SiteDiffuseFulvic]);
+            out += FormatC(" %.16G %.16G %.16G %.16G", a[SiteMonoHumic], a[SiteBiHumic], a[SiteTriHumic],
+                           a[SiteDiffuseHumic]);
+            out += "\n";
+        }
+    }
+}
+
+void AppendSpecies(std::string& out, const SetView& view) {
+    out += FormatC("%i\n", static_cast<int>(view.species.size()));
+    for (const SpeciesResult& s : view.species) {
+        out += Quoted(s.name) + FormatC(" %i", s.kind) + FormatC(" %.16G", s.concentration);
+        out += s.hasActivity ? FormatC(" 1 %9.9E", s.activity) : std::string(" 0 ");
+        out += s.hasConstants ? FormatC(" 1 %9.9E %9.9E ", s.intrinsicLogK, s.conditionalLogK) : std::string(" 0 ");
+        out += Quoted(s.literatureIndex >= 0 ? s.literature : std::string());
+        out += FormatC(" %i ", s.category) + FormatC("%lld\n", s.reactionDefinition >= 0 ? Number(s.reactionDefinition) : 0LL);
+    }
+}
+
+void AppendMsa(std::string& out, const SetView& view, const MsaSummary& msa) {
+    out += FormatC("%i\n", static_cast<int>(view.salts.size()));
+    for (const SaltRecord& salt : view.salts)
+        out += Quoted(salt.formula) + FormatC(" %i %i %.16G\n", salt.cation, salt.ligand, salt.meanActivityCoefficient);
+    out += FormatC("%i \n", static_cast<int>(view.msaIons.size()));
+    for (const MsaIonResult& ion : view.msaIons)
+        out += Quoted(ion.name) + FormatC(" %i %.16G %.16G %.16G %.16G %.16G \n", ion.charge, ion.gamma, ion.lnGamma,
+                                          ion.lnGammaHardSphere, ion.lnGammaElectrostatic, ion.ionSize);
+    out += FormatC("%.16G %.16G %.16G %.16G ", msa.delta, msa.hardSphere[0], msa.hardSphere[1], msa.hardSphere[2]);
+    out += FormatC("%.16G %.16G %.16G %.16G ", msa.zeta[0], msa.zeta[1], msa.zeta[2], msa.zeta[3]);
+    out += FormatC("%.16G %.16G %.16G\n", msa.screening, msa.pPrime, msa.omega);
+}
+
+}  // namespace
+
+std::string QuotedFieldText(std::string_view text) {
+    std::string field;
+    bool opening = true;
+    for (char c : text) {
+        if (c == '"') {
+            field += opening ? "\u201C" : "\u201D";
+            opening = !opening;
+        } else if (c == '\n' || c == '\r') {
+            field += ' ';  // a quoted text stays on its line
+        } else {
+            field += c;
+        }
+    }
+    return CutToUtf16Units(field, kQuotedLimit);
+}
+
+std::string FormatOutputFile(const ResultStore& store, int32_t set) {
+    std::string out;
+    if (set < 0 || set >= store.SetCount()) return out;
+    const ResultSet& rs = store.sets[set];
+    const ResultHeader& header = rs.header;
+    const InputSnapshot& snap = rs.snapshot;
+    const InputProblem& in = snap.input;
+    const SetView view = ViewSet(store, set);
+    int32_t reported = 0;
+    for (const ComponentResult& c : view.components) reported += c.kind > 0 ? 1 : 0;
+
+    out += std::string(kOutputFileLine1) + "\n";
+    out += std::string(kOutputFileLine2) + "\n";
+    out += std::string(kOutputFileVersionLabel) + " " + std::string(kOutputFileVersion) + "\n";
+    // the reader drops the blanks at the ends of the description
+    std::string description = OneLine(in.description, kWholeLineLimit);
+    description.erase(0, std::min(description.find_first_not_of(' '), description.size()));
+    description.erase(description.find_last_not_of(' ') + 1);
+    out += description + "\n";
+    out += FormatC("%i %i %i %i %i %i %i\n", Flag(in.adsorption), Flag(in.redox), Flag(in.precipitation),
+                   Flag(in.organicComplexation), Flag(snap.protonBalance), static_cast<int>(view.components.size()),
+                   reported);
+    AppendComponents(out, view, in.organicComplexation);
+    AppendSpecies(out, view);
+
+    for (const InfoBlock& block : rs.otherInfo)
+        out += OneLine(block.title, kWholeLineLimit) + "\n" + OneLine(block.longText, kWholeLineLimit) + "\n";
+    for (const InfoBlock& block : rs.otherInfo) out += FormatC("%i %i \n", block.rowCount, block.columnCount);
+
+    out += FormatC("%i %i ", header.iterationCount, Flag(in.ionicStrengthFixed));
+    out += FormatC("%.16G ", snap.ReportedIonicStrength());
+    out += FormatC("%.16G %.16G\n", header.cationCharge, header.anionCharge);
+
+    if (in.organicComplexation) {
+        const auto& f = snap.fractions;
+        out += FormatC(" %.16G %.16G", f[0].charge, f[0].enrichment);
+        out += FormatC(" %.16G %.16G", f[1].charge, f[1].enrichment);
+        out += FormatC(" %.16G %.16G ", f[0].volumeFraction, f[1].volumeFraction);
+    }
+    out += FormatC(" %.16G\n", snap.bulkFraction);
+
+    const bool msa = in.ionicStrengthModel != kDaviesModel;
+    out += FormatC("%i\n", Flag(msa));
+    if (msa) AppendMsa(out, view, rs.msa);
+
+    if (in.organicComplexation) {
+        out += FormatC("%i %.16G %.16G ", in.organicModel, snap.fractions[0].concentration,
+                       snap.fractions[1].concentration);
+        out += FormatC("%.16G %.16G ", in.docConcentration, in.fulvicFraction);
+        out += OneLine(header.organicReference, kOrganicReferenceLimit) + "\n";
+    }
+
+    out += FormatC("%i\n", static_cast<int>(view.solidChecks.size()));
+    for (const SolidSaturation& s : view.solidChecks)
+        out += Quoted(s.name) +
+               FormatC(" %.16G %.16G %.16G %lld ", s.saturationIndex, s.logK, s.conditionalLogK, Number(s.reactionDefinition)) +
+               Quoted(s.literature) + "\n";
+
+    if (in.precipitation) {
+        out += FormatC(" %lld %lld \n", Number(header.firstPrecipitatedSolid), Number(header.lastPrecipitatedSolid));
+        for (int64_t s = header.firstPrecipitatedSolid; s <= header.lastPrecipitatedSolid; ++s)
+            out += FormatC(" %.16G", s >= 0 && static_cast<size_t>(s) < view.species.size()
+                                          ? view.species[s].saturationValue
+                                          : 0.0);
+        out += "\n";
+    }
+
+    out += FormatC("%i\n", static_cast<int>(view.gases.size()));
+    for (const GasResult& g : view.gases)
+        out += Quoted(g.name) +
+               FormatC(" %.16G %.16G %.16G %.16G %lld ", g.partialPressure, g.ligandConcentration, g.logK,
+                       g.conditionalLogK, Number(g.reactionDefinition)) +
+               Quoted(g.literature) + "\n";
+
+    if (in.adsorption) out += "0\n";
+
+    out += FormatC("%i %.16G %.16G %i %i", in.ionicStrengthModel, in.convergenceCriterion, in.temperature,
+                   in.temperatureCorrection, Flag(in.forceNeutral));
+    if (in.forceNeutral) out += FormatC("\n%i %i", in.neutraliseCation, in.neutraliseAnion);
+    if (in.ionicStrengthFixed) out += FormatC("\n%.16G", in.fixedIonicStrength);
+    out += "\n";
+
+    for (const ComponentInfo& info : view.componentInfos)
+        out += Quoted(info.name) + FormatC(" %i %9.9E %9.9E %i\n", info.kind, info.inputValue, info.molarMass,
+                                           info.inputType);
+
+    out += FormatC("%i\n", static_cast<int>(view.reactions.size()));
+    for (const ReactionDefinition& r : view.reactions) {
+        AppendSide(out, r.reactants);
+        AppendSide(out, r.products);
+        out += FormatC("%.16G ", r.logK) + Quoted(r.literature) + " " + Quoted(r.note) + "\n";
+    }
+    return out;
+}
+
+bool WriteOutputFile(const std::string& path, const ResultStore& store, int32_t set, FileError* error) {
+    return WriteUtf16File(path, std::string_view(FormatOutputFile(store, set)), error);
+}
+
+}  // namespace tormel

@@ -1,0 +1,140 @@
+#include "output/saturation_results.h"
+
+#include <cmath>
+#include <vector>
+
+#include "output/charge_suffix.h"
+
+namespace tormel {
+
+namespace {
+
+constexpr double kGasConstantForResults = 8.3144598;  // J/(mol K)
+constexpr double kInverseReferenceKelvin = 0.0033540164346805303;  // 1 / 298.15 K
+
+// Shift of the equilibrium's log K to the calculation's temperature, as the
+// result tables report it.
+double TemperatureShift(const InputProblem& input, const Equilibrium& eq) {
+    if (input.temperatureCorrection == 0 || eq.enthalpy == 0 || input.temperature == 25.0) return 0;
+    const double factor =
+        std::exp(eq.enthalpy / kGasConstantForResults * (kInverseReferenceKelvin - 1 / (input.temperature + 273.15)));
+    return std::log10(std::pow(10.0, eq.logK) * factor) - eq.logK;
+}
+
+double ConditionalLogK(const CalcContext& calc, const Equilibrium& eq) {
+    return eq.logK + calc.state.logGamma1 * eq.deltaZ2 + TemperatureShift(calc.input, eq);
+}
+
+bool AllComponentsInInput(const ChemicalSystem& chem, int32_t e) {
+    for (int32_t k = 0; k < chem.ComponentCount(); ++k)
+        if (chem.Coefficient(k, e) != 0 && !chem.components[k].inInput) return false;
+    return true;
+}
+
+// The value of a component in the solution: the free concentration of its
+// system component, or the concentration of the species that stands for it.
+// `firstSystemIndex` is the smallest system index taken as a system component.
+double FreeValue(const ChemicalSystem& chem, int32_t k, int32_t firstSystemIndex) {
+    const int32_t index = chem.components[k].systemIndex;
+    if (index >= firstSystemIndex) {
+        if (static_cast<size_t>(index) < chem.systemComponents.size()) return chem.systemComponents[index].freeConcentration;
+        return 0;
+    }
+    const size_t s = static_cast<size_t>(-index);
+    return s < chem.species.size() ? chem.species[s].concentration : 0;
+}
+
+// The components with a non-zero coefficient in an equilibrium, in component
+// order, at most `limit` of them.
+std::vector<int32_t> EquilibriumComponents(const ChemicalSystem& chem, int32_t e, int32_t limit) {
+    std::vector<int32_t> components;
+    for (int32_t k = 0; k < chem.ComponentCount() && static_cast<int32_t>(components.size()) < limit; ++k)
+        if (chem.Coefficient(k, e) != 0) components.push_back(k);
+    return components;
+}
+
+// Those components as the reactants of a reaction definition.
+void FillReactants(const ChemicalSystem& chem, int32_t e, const std::vector<int32_t>& components,
+                   ReactionDefinition& definition) {
+    for (size_t n = 0; n < components.size() && n < kMaxReactionEntries; ++n) {
+        const Component& comp = chem.components[components[n]];
+        definition.reactants[n] =
+            ReactionEntry{chem.Coefficient(components[n], e), comp.name, comp.charge, comp.charge == 0 ? "(aq)" : ""};
+    }
+}
+
+}  // namespace
+
+std::string LiteratureText(const ChemicalSystem& chem, int32_t reference) {
+    if (reference < 0 || reference >= chem.LiteratureReferenceCount()) return {};
+    return chem.literature[reference];
+}
+
+void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRecords& records) {
+    const ChemicalSystem& chem = calc.chem;
+    const TypeRange range = chem.equilibriumRange[EqSolid];
+    if (range.empty()) return;
+    for (int32_t e = range.first; e <= range.last && e < chem.EquilibriumCount(); ++e) {
+        if (!AllComponentsInInput(chem, e)) continue;
+        const Equilibrium& eq = chem.equilibria[e];
+        const std::vector<int32_t> components = EquilibriumComponents(chem, e, eq.componentCount);
+        ReactionDefinition definition;
+        FillReactants(chem, e, components, definition);
+        double product = 1;
+        for (const int32_t k : components) product *= std::pow(FreeValue(chem, k, 0), chem.Coefficient(k, e));
+        const double conditional = ConditionalLogK(calc, eq);
+        definition.products[0] = ReactionEntry{1, eq.name, 0, ""};
+        definition.logK = eq.logK;
+        definition.literature = LiteratureText(chem, eq.literatureRef);
+        definition.note = solidNote;
+
+        SolidSaturation solid;
+        solid.name = eq.name;
+        solid.saturationIndex = std::log10(product / std::pow(10.0, -conditional));
+        solid.logK = eq.logK;
+        solid.conditionalLogK = conditional;
+        solid.literature = definition.literature;
+        solid.reactionDefinition = static_cast<int32_t>(records.reactions.size());
+        records.reactions.push_back(std::move(definition));
+        records.solidChecks.push_back(std::move(solid));
+    }
+}
+
+void AddGasResults(const CalcContext& calc, SetRecords& records) {
+    const ChemicalSystem& chem = calc.chem;
+    const TypeRange range = chem.equilibriumRange[EqGas];
+    if (range.empty()) return;
+    for (int32_t e = range.first; e <= range.last && e < chem.EquilibriumCount(); ++e) {
+        const Equilibrium& eq = chem.equilibria[e];
+        if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.ComponentCount()) continue;
+        if (chem.components[eq.linkedComponent].inputValue != 0) continue;
+        const double conditional = ConditionalLogK(calc, eq);
+        double pressure = std::pow(10.0, conditional);
+        for (int32_t j = 0; j < chem.ComponentCount(); ++j) {
+            const int32_t nu = chem.Coefficient(j, e);
+            if (nu != 0) pressure *= std::pow(FreeValue(chem, j, 1), nu);
+        }
+        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
+            const Component& ligand = chem.components[k];
+            if (ligand.type != Ligand || !ligand.inInput || chem.Coefficient(k, e) == 0) continue;
+            ReactionDefinition definition;
+            FillReactants(chem, e, EquilibriumComponents(chem, e, chem.ComponentCount()), definition);
+            definition.products[0] = ReactionEntry{static_cast<int32_t>(eq.linkedCoefficient), eq.name, 0, ""};
+            definition.logK = eq.logK;
+            definition.literature = LiteratureText(chem, eq.literatureRef);
+
+            GasResult gas;
+            gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);
+            gas.partialPressure = pressure;
+            gas.ligandConcentration = FreeValue(chem, k, 1) * calc.state.bulkFraction;
+            gas.logK = eq.logK;
+            gas.conditionalLogK = conditional;
+            gas.literature = definition.literature;
+            gas.reactionDefinition = static_cast<int32_t>(records.reactions.size());
+            records.reactions.push_back(std::move(definition));
+            records.gases.push_back(std::move(gas));
+        }
+    }
+}
+
+}  // namespace tormel

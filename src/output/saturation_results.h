@@ -1,0 +1,25 @@
+#pragma once
+// Solids and gases that the calculation did not include but that the results
+// report: the saturation of each solid that could form while precipitation
+// is off, and the partial pressure of each gas in equilibrium with the
+// solution. Both append their reaction definitions.
+#include <string>
+
+#include "calc/calc_context.h"
+#include "output/result_store.h"
+
+namespace tormel {
+
+// The text of a literature reference, empty for none.
+std::string LiteratureText(const ChemicalSystem& chem, int32_t reference);
+
+// For every solid equilibrium whose components are all in the input, in
+// index order: a SolidSaturation record and its reaction definition (note
+// `solidNote`).
+void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRecords& records);
+
+// For every gas equilibrium whose gas has no input value, and every ligand
+// of the input in it: a GasResult record and its reaction definition.
+void AddGasResults(const CalcContext& calc, SetRecords& records);
+
+}  // namespace tormel

@@ -1,0 +1,81 @@
+#include "shell/batch_job.h"
+
+#include "input/consistency_check.h"
+#include "input/consistency_report.h"
+#include "input/input_file_reader.h"
+#include "shell/command_line.h"
+#include "output/output_file.h"
+
+namespace tormel {
+
+namespace {
+
+void WaitText(const Workspace& ws, bool newLine, const char* key) {
+    const UiServices& ui = ws.Ui();
+    if (!ui.setWaitText) return;
+    ui.setWaitText((newLine ? "\n" : "") + LanguageText(ws.language, "Batch", key));
+}
+
+}  // namespace
+
+ResultFileKind ResultFileKindOf(const std::string& path) {
+    if (HasExtension(path, ".o64")) return ResultFileKind::OutputFile;
+    if (HasExtension(path, ".csv")) return ResultFileKind::Csv;
+    if (HasExtension(path, ".xml")) return ResultFileKind::Xml;
+    return ResultFileKind::Unknown;
+}
+
+SaveOutcome SaveResults(const Workspace& ws, const std::string& path) {
+    SaveOutcome outcome;
+    switch (ResultFileKindOf(path)) {
+        case ResultFileKind::OutputFile: {
+            FileError error;
+            if (!WriteOutputFile(path, ws.results, 0, &error)) {
+                outcome.status = SaveStatus::Failed;
+                outcome.detail = path + ": " + error.message;
+            }
+            break;
+        }
+        case ResultFileKind::Csv:
+        case ResultFileKind::Xml:
+            // the tab-separated and XML spreadsheet exports are written here once they exist
+            outcome.status = SaveStatus::ExportUnavailable;
+            outcome.detail = path;
+            break;
+        case ResultFileKind::Unknown:
+            outcome.status = SaveStatus::UnknownKind;
+            outcome.detail = path;
+            break;
+    }
+    return outcome;
+}
+
+JobOutcome RunJob(Workspace& ws, const std::string& inputPath, const std::string& outputPath,
+                  bool waitTextsOnNewLine, const std::function<void(const std::string&)>& reportConsistency) {
+    JobOutcome outcome;
+    WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputInit");
+    if (std::optional<InputFileError> error = LoadInputFile(inputPath, ws.input, ws.chem)) {
+        outcome.status = JobStatus::ReadFailed;
+        outcome.detail = InputFileErrorText(ws.language, *error);
+        while (!outcome.detail.empty() && outcome.detail.front() == '\n') outcome.detail.erase(0, 1);
+        return outcome;
+    }
+    outcome.consistencyReport = ConsistencyReportText(ws.language, CheckConsistency(ws.input, ws.chem, ws.language));
+    if (reportConsistency && !outcome.consistencyReport.empty()) reportConsistency(outcome.consistencyReport);
+
+    WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputRun");
+    outcome.calculation = CalculateInput(ws, true);
+    const SolveResult& solve = outcome.calculation.solve;
+    if (!outcome.calculation.assembled || solve.cancelled || !solve.converged) {
+        outcome.status = JobStatus::NotCalculated;
+        outcome.detail = solve.message;
+        return outcome;
+    }
+
+    WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputSave");
+    outcome.save = SaveResults(ws, outputPath);
+    if (outcome.save.status != SaveStatus::Saved) outcome.status = JobStatus::SaveFailed;
+    return outcome;
+}
+
+}  // namespace tormel

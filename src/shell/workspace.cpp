@@ -1,0 +1,49 @@
+#include "shell/workspace.h"
+
+#include "output/build_results.h"
+
+namespace tormel {
+
+Workspace::Workspace(AppFolders appFolders, const UiServices& services)
+    : folders(std::move(appFolders)),
+      settings(folders.settingsFile),
+      language(folders.languageFile),
+      ui(&services) {}
+
+const UiServices& Workspace::Ui() const {
+    static const UiServices none;
+    return ui ? *ui : none;
+}
+
+ResultContext MakeResultContext(Workspace& ws) {
+    return ResultContext{ws.language, ws.settings, ws.outputOptions, ws.decimalSeparator};
+}
+
+CalculationOutcome CalculateInput(Workspace& ws, bool showProgress) {
+    CalcContext calc(ws.chem, ws.input, ws.solver, &ws.Ui());
+    const Language& language = ws.language;
+    calc.text = [&language](std::string_view section, std::string_view key) {
+        return LanguageText(language, section, key);
+    };
+    calc.buildResults = [&ws](CalcContext& finished) {
+        ResultContext context = MakeResultContext(ws);
+        BuildResults(finished, ws.results, context);
+    };
+    return RunCalculation(calc, showProgress);
+}
+
+Workspace CloneForWorker(const Workspace& ws, const UiServices& services) {
+    Workspace worker;
+    worker.folders = ws.folders;
+    worker.settings = ws.settings;
+    worker.language = ws.language;
+    worker.chem = ws.chem;
+    worker.chem.ClearAssembled();
+    worker.outputOptions = ws.outputOptions;
+    worker.decimalSeparator = ws.decimalSeparator;
+    worker.ui = &services;
+    worker.uiReady = ws.uiReady;
+    return worker;
+}
+
+}  // namespace tormel

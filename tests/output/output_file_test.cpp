@@ -1,0 +1,342 @@
+// The output file: header checks, the optional blocks, the index shifts,
+// old versions, and files that end early or hold garbage.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "core/utf16.h"
+#include "output/output_file.h"
+#include "result_test_support.h"
+#include "support/temp_folder.h"
+
+namespace tormel::test {
+namespace {
+
+std::vector<std::string> Lines(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream in(text);
+    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    return lines;
+}
+
+std::optional<OutputFileError> Read(const std::string& text, ResultStore& store, int32_t set = 0,
+                                    OutputReadReport* report = nullptr, InputProblem* current = nullptr,
+                                    const UiServices* ui = nullptr) {
+    return ReadOutputText(Utf8ToUtf16(text), store, set, current, ui, report);
+}
+
+// A set that switches every optional block on: organic matter (two lines per
+// component, a component that is not reported), precipitation (a solid
+// range), adsorption, MSA, a forced neutral solution and a fixed ionic
+// strength.
+ResultStore FullStore() {
+    ResultStore store;
+    SetRecords records;
+    ComponentResult h = MakeComponent(Cation, "H", 1e-3, 1.0079, "1=1;2=-1;4=1;");
+    h.percentagesAllowed = false;
+    h.siteAmounts = {1e-6, 2e-6, 3e-6, 4e-6, 5e-6, 6e-6, 7e-6, 8e-6};
+    ComponentResult ca = MakeComponent(Cation, "Ca", 2e-3, 40.078, "3=1;4=1;5=1;");
+    ComponentResult co2 = MakeComponent(Gas, "CO2(g)", 0, 44.01, "");
+    co2.displayName = "CO3";
+    co2.gasText = "CO2(g) / CO3 2-";
+    records.components = {h, ca, co2, ComponentResult{}};
+    for (const char* name : {"H", "Ca", "CO2(g)", "FA7"})
+        records.componentInfos.push_back(ComponentInfo{name, 1, 1e-3, 40.078, 3});
+    records.componentInfos[3].kind = Organic;
+
+    SpeciesResult freeH = MakeSpecies(FreeComponent, "free H +", 1e-7);
+    SpeciesResult oh = MakeSpecies(FreeHydroxide, "free OH -", 1e-7);
+    oh.reactionDefinition = 0;
+    oh.literature = "Smith and Martell (1976)";
+    SpeciesResult freeCa = MakeSpecies(FreeComponent, "free Ca 2+", 1.9e-3);
+    SpeciesResult calcite = MakeSpecies(SolidSpecies, "Calcite", 1e-4);
+    calcite.reactionDefinition = 1;
+    calcite.saturationValue = -0.25;
+    SpeciesResult organic = MakeSpecies(30, "FA-Ca", 1e-6);
+    organic.category = CategoryOrganic;
+    organic.hasActivity = false;
+    records.species = {freeH, oh, freeCa, calcite, organic};
+
+    ReactionDefinition water;
+    water.reactants[0] = {1, "H", 1, ""};
+    water.reactants[1] = {1, "OH", -1, ""};
+    water.products[0] = {1, "H2O", 0, "(aq)"};
+    water.logK = 13.997;
+    water.note = "The activity of water is 1.";
+    ReactionDefinition solid;
+    solid.reactants[0] = {1, "Ca", 2, ""};
+    solid.reactants[2] = {1, "CO3", -2, ""};
+    solid.products[0] = {1, "Calcite", 0, "(s)"};
+    solid.logK = 8.48;
+    records.reactions = {water, solid, ReactionDefinition{}};
+    records.gases = {GasResult{"CO2(g) / CO3 2-", 3.5e-4, 1e-5, -18.16, -18.1, "NIST", 2}};
+    records.salts = {SaltRecord{1, 0, "CaCO3", 0.61}};
+    records.msaIons = {MsaIonResult{"Ca", 2, -0.1, -0.2, -0.3, 0.74, 6e-10}};
+    StoreSetRecords(store, 0, std::move(records));
+
+    ResultSet& set = store.sets[0];
+    set.header.reportedComponentCount = 3;
+    set.header.firstPrecipitatedSolid = 3;
+    set.header.lastPrecipitatedSolid = 3;
+    set.header.organicReference = "Model VII: Tipping (1998) \"Aquatic Geochemistry\" 4, 3-48";
+    set.header.iterationCount = 17;
+    set.header.cationCharge = 4e-3;
+    set.header.anionCharge = 3.9e-3;
+    InputSnapshot& snap = set.snapshot;
+    snap.input.description = "  Full test water  ";
+    snap.input.adsorption = snap.input.redox = snap.input.precipitation = snap.input.organicComplexation = true;
+    snap.input.ionicStrengthModel = 2;
+    snap.input.ionicStrengthFixed = true;
+    snap.input.fixedIonicStrength = 0.01;
+    snap.input.forceNeutral = true;
+    snap.input.neutraliseCation = 12;
+    snap.input.neutraliseAnion = 40;
+    snap.input.docConcentration = 5;
+    snap.input.fulvicFraction = 0.6;
+    snap.protonBalance = true;
+    snap.ionicStrengthFromComposition = 0.0123;
+    snap.fractions[0] = {-0.002, 11.5, 0.01, 0.003};
+    snap.fractions[1] = {-0.001, 9.5, 0.02, 0.002};
+    snap.bulkFraction = 0.97;
+    set.msa.delta = 0.99;
+    set.msa.screening = 1.2e8;
+    set.otherInfo[0].title = "General";
+    set.otherInfo[0].rowCount = 16;
+    set.otherInfo[0].columnCount = 3;
+    return store;
+}
+
+TEST(OutputFileHeader, RefusesForeignChangedAndUnversionedFilesWithoutTouchingTheStore) {
+    const std::string body = "\ndescription\n0 0 0 0 0 0 0\n0\n";
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"TORMEL NEXT (64 bits) input file\nDo NOT manually edit this file\nFormat version: 1.3" + body, "ErrorOpen1"},
+        {"TORMEL NEXT (64 bits) output file\nDo not manually edit this file\nFormat version: 1.3" + body, "ErrorOpen2"},
+        {"TORMEL NEXT (64 bits) output file\nDo NOT manually edit this file\nFormat: 1.3" + body, "ErrorOpen3"},
+        {"", "ErrorOpen1"},
+    };
+    for (const auto& [text, key] : cases) {
+        ResultStore store = FullStore();
+        const auto error = Read(text, store);
+        ASSERT_TRUE(error.has_value()) << key;
+        EXPECT_EQ(error->key, key);
+        EXPECT_EQ(store.species.size(), 5u) << "a refused file leaves the store as it was";
+        EXPECT_EQ(store.sets[0].header.iterationCount, 17);
+    }
+}
+
+TEST(OutputFileHeader, VersionBelow11IsRefusedWithTheLineAnd11IsReadWithoutIonSizes) {
+    ResultStore store;
+    const auto error =
+        Read("TORMEL NEXT (64 bits) output file\nDo NOT manually edit this file\nFormat version: 1.05\n", store);
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->key, "ErrorOpen4");
+    EXPECT_EQ(OutputFileErrorText(Language(std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang"), *error),
+              "The format of this output file is too old to be read (Format version: 1.05).");
+
+    // the same MSA set as version 1.1: five numbers per ion line
+    std::string text = FormatOutputFile(FullStore(), 0);
+    text.replace(text.find("Format version: 1.3"), 19, "Format version: 1.1");
+    const size_t ion = text.find("\"Ca\" 2 ");
+    const size_t end = text.find('\n', ion);
+    const std::string ionLine = text.substr(ion, end - ion);
+    text.replace(ion, end - ion, ionLine.substr(0, ionLine.rfind(" 6E-10")) + " ");
+    OutputReadReport report;
+    ASSERT_FALSE(Read(text, store, 0, &report).has_value());
+    EXPECT_TRUE(report.complete);
+    ASSERT_EQ(store.msaIons.size(), 1u);
+    EXPECT_EQ(store.msaIons[0].ionSize, 0);
+    EXPECT_DOUBLE_EQ(store.msaIons[0].gamma, 0.74);
+    EXPECT_DOUBLE_EQ(store.sets[0].msa.delta, 0.99) << "the summary after the ions is read in step";
+
+    // a version written as 1.11 counts as newer than 1.11 and has ion sizes
+    std::string v111 = FormatOutputFile(FullStore(), 0);
+    v111.replace(v111.find("Format version: 1.3"), 19, "Format version: 1.11");
+    ASSERT_FALSE(Read(v111, store).has_value());
+    EXPECT_DOUBLE_EQ(store.msaIons[0].ionSize, 6e-10);
+}
+
+TEST(OutputFileLayout, OptionalBlocksFollowTheSwitchesAndIndexesShiftByOne) {
+    const ResultStore store = FullStore();
+    const std::string text = FormatOutputFile(store, 0);
+    const std::vector<std::string> lines = Lines(text);
+    EXPECT_EQ(lines[2], "Format version: 1.3");
+    EXPECT_EQ(lines[4], "1 1 1 1 1 4 3");
+    // organic matter: each reported component has a second line with its sites
+    EXPECT_EQ(lines[5].rfind("\"H\" \"H\" \"\" 1  0 ", 0), 0u) << lines[5];
+    EXPECT_EQ(lines[6], " 1E-06 3E-06 5E-06 7E-06 2E-06 4E-06 6E-06 8E-06");
+    EXPECT_EQ(lines[7].rfind("\"Ca\" \"Ca\" \"\" 1  1 ", 0), 0u);
+    EXPECT_EQ(lines[9].rfind("\"CO2(g)\" \"CO3\" \"CO2(g) / CO3 2-\" 6  1 ", 0), 0u);
+    EXPECT_EQ(lines[11], "5");
+    // a species without reaction definition ends in 0, one with definition k in k + 1
+    EXPECT_EQ(lines[12].substr(lines[12].size() - 4), " 1 0");
+    EXPECT_EQ(lines[13].substr(lines[13].size() - 4), " 1 1");
+    // three reported components, four component-info lines
+    const auto infos = std::count_if(lines.begin(), lines.end(),
+                                     [](const std::string& l) { return l.find(" 4.007800000E+01 3") != std::string::npos; });
+    EXPECT_EQ(infos, 4);
+    EXPECT_NE(text.find("\n0\n2 1.0001 25 0 1\n12 40\n0.01\n"), std::string::npos)
+        << "adsorption flag, model line, neutralisation, fixed I";
+    EXPECT_NE(text.find(" 4 4 \n -0.25\n"), std::string::npos) << "precipitated range + 1 and its saturation";
+    EXPECT_NE(text.find("\n4 0.003 0.002 5 0.6 Model VII"), std::string::npos) << "organic model line";
+
+    ResultStore back;
+    InputProblem current;
+    ASSERT_FALSE(Read(text, back, 0, nullptr, &current).has_value());
+    ExpectSetsEqual(store, 0, back, 0);
+    const SetView view = ViewSet(back, 0);
+    EXPECT_EQ(view.species[0].reactionDefinition, -1);
+    EXPECT_EQ(view.species[1].reactionDefinition, 0);
+    EXPECT_EQ(view.gases[0].reactionDefinition, 2);
+    EXPECT_EQ(view.species[1].charge, 0) << "charge is not kept in the file";
+    EXPECT_EQ(view.species[1].literatureIndex, 0);
+    EXPECT_EQ(back.sets[0].snapshot.input.description, "Full test water");
+    EXPECT_EQ(back.sets[0].header.organicReference, store.sets[0].header.organicReference)
+        << "the organic reference is a whole line and keeps its quotes";
+    EXPECT_EQ(current.neutraliseCation, 12);
+    EXPECT_EQ(current.neutraliseAnion, 40);
+    EXPECT_TRUE(back.holdsLoadedOutput);
+}
+
+TEST(OutputFileLayout, QuotedTextsOfEveryLengthUpToTheLimitReadBackExactly) {
+    ResultStore store = FullStore();
+    SetRecords records;
+    for (size_t length : {0u, 1u, 258u, 259u}) {
+        SpeciesResult s = MakeSpecies(ComplexSpecies, std::string(length, 'x') + "", 1e-9);
+        if (length > 0) s.name.back() = 'y';
+        s.literature = std::string(length, 'r');
+        records.species.push_back(s);
+    }
+    SpeciesResult tooLong = MakeSpecies(ComplexSpecies, std::string(300, 'n'), 1e-9);
+    records.species.push_back(tooLong);
+    records.components.push_back(MakeComponent(Cation, "Na", 1e-3, 22.99, ""));
+    StoreSetRecords(store, 0, std::move(records));
+    store.sets[0].header.reportedComponentCount = 1;
+
+    ResultStore back;
+    ASSERT_FALSE(Read(FormatOutputFile(store, 0), back).has_value());
+    const SetView view = ViewSet(back, 0);
+    ASSERT_EQ(view.species.size(), 5u);
+    for (size_t i = 0; i < 4; ++i) {
+        EXPECT_EQ(view.species[i].name, ViewSet(store, 0).species[i].name);
+        EXPECT_EQ(view.species[i].literature, ViewSet(store, 0).species[i].literature);
+    }
+    EXPECT_EQ(view.species[4].name, std::string(259, 'n')) << "a longer text is cut to what the reader keeps";
+    EXPECT_EQ(view.components[0].speciesList, "");
+}
+
+TEST(OutputFileReading, ShortOrDamagedFilesAreReadAsFarAsTheyGo) {
+    const std::string text = FormatOutputFile(FullStore(), 0);
+    // cut after the species block: components and species are there, the rest is cleared
+    const size_t cut = text.find("General");
+    ResultStore store;
+    OutputReadReport report;
+    ASSERT_FALSE(Read(text.substr(0, cut), store, 0, &report).has_value());
+    EXPECT_FALSE(report.complete);
+    EXPECT_GT(report.stoppedAtLine, 10);
+    EXPECT_EQ(ViewSet(store, 0).species.size(), 5u);
+    EXPECT_EQ(store.sets[0].header.iterationCount, 0);
+    EXPECT_EQ(ViewSet(store, 0).componentInfos.size(), ViewSet(store, 0).components.size());
+
+    // garbage after the header and absurd counts
+    for (const std::string& tail : {std::string("\n\xC3\xA4\xC3\xB6 garbage \"\"\"\n"),
+                                    std::string("desc\n1 1 1 1 1 2000000000 2000000000\n\"a\" \"b\"\n"),
+                                    std::string("desc\n0 0 0 0 0 -5 3\n-7\n"),
+                                    std::string("desc\n0 0 1 0 0 0 0\n0\n\n\n\n\n\n\n\n\n\n\n\n\n\n\n0 0\n0 0\n0 0\n"
+                                                "0 0\n0 0\n0 0\n0 0\n1 0 1 0 0\n 1\n0\n0\n -5 2000000000\n")}) {
+        ResultStore damaged = FullStore();
+        const std::string file =
+            "TORMEL NEXT (64 bits) output file\nDo NOT manually edit this file\nFormat version: 1.3\n" + tail;
+        OutputReadReport r;
+        EXPECT_FALSE(Read(file, damaged, 0, &r).has_value());
+        EXPECT_FALSE(r.complete);
+        EXPECT_EQ(damaged.SetCount(), 1);
+        EXPECT_LE(damaged.components.size(), file.size());
+    }
+}
+
+TEST(OutputFileReading, AComparisonSetLeavesTheSetsBeforeItAlone) {
+    ResultStore store = FullStore();
+    ResultStore other = FullStore();
+    other.sets[0].snapshot.input.description = "second";
+    const std::string text = FormatOutputFile(other, 0);
+    ASSERT_FALSE(Read(text, store, 1).has_value());
+    ASSERT_FALSE(Read(text, store, 2).has_value());
+    EXPECT_EQ(store.SetCount(), 3);
+    EXPECT_EQ(store.sets[0].snapshot.input.description, "  Full test water  ");
+    EXPECT_EQ(store.sets[2].snapshot.input.description, "second");
+    EXPECT_EQ(RecordIndex(store, KindSpecies, 2, 0), 10);
+    EXPECT_EQ(FormatOutputFile(store, 0), FormatOutputFile(FullStore(), 0));
+    // reading set 1 again drops the sets behind it and keeps set 0
+    ASSERT_FALSE(Read(text, store, 1).has_value());
+    EXPECT_EQ(store.SetCount(), 2);
+    EXPECT_EQ(store.species.size(), 10u);
+    EXPECT_EQ(FormatOutputFile(store, 0), FormatOutputFile(FullStore(), 0));
+    // set 0 replaces the whole store
+    ASSERT_FALSE(Read(text, store, 0).has_value());
+    EXPECT_EQ(store.SetCount(), 1);
+    EXPECT_EQ(store.species.size(), 5u);
+}
+
+TEST(OutputFileReading, AnAdsorptionLinkedFlagIsReportedAndReadingGoesOn) {
+    std::string text = FormatOutputFile(FullStore(), 0);
+    text.replace(text.find("\n0\n2 1.0001"), 3, "\n1\n");
+    RecordingUi ui;
+    ResultStore store;
+    OutputReadReport report;
+    ASSERT_FALSE(Read(text, store, 0, &report, nullptr, &ui.services).has_value());
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].caption, "message");
+    EXPECT_EQ(ui.messages[0].lines.at(0), "grid 6 ads linked");
+    EXPECT_TRUE(report.complete);
+    EXPECT_EQ(ViewSet(store, 0).reactions.size(), 3u);
+}
+
+TEST(OutputFileWriting, GoesThroughATemporaryFileAndKeepsTheOldFileOnFailure) {
+    TempFolder folder;
+    const std::string path = folder.File("result.o64");
+    ASSERT_TRUE(WriteOutputFile(path, FullStore(), 0));
+    const auto bytes = ReadBinaryFile(path);
+    ASSERT_TRUE(bytes.has_value());
+    EXPECT_EQ(bytes->substr(0, 4), std::string("\xFF\xFET\0", 4));
+    EXPECT_NE(bytes->find(std::string("\r\0\n\0", 4)), std::string::npos);
+    FileError error;
+    EXPECT_FALSE(WriteOutputFile(folder.File("missing/result.o64"), FullStore(), 0, &error));
+    EXPECT_FALSE(error.message.empty());
+    const auto missing = ReadOutputFile(folder.File("none.o64"), *std::make_unique<ResultStore>(), 0);
+    ASSERT_TRUE(missing.has_value());
+    EXPECT_EQ(missing->key, "ErrorOpen1");
+    EXPECT_FALSE(missing->detail.empty());
+}
+
+}  // namespace
+}  // namespace tormel::test
+
+namespace tormel::test {
+namespace {
+
+TEST(OutputFileLayout, WholeLineTextsKeepTheirLimitsAndStayOnTheirLines) {
+    ResultStore store = FullStore();
+    ResultSet& set = store.sets[0];
+    set.snapshot.input.description = std::string(258, 'd');
+    set.otherInfo[0].title = std::string(258, 't');
+    set.otherInfo[0].longText = "first\nsecond";
+    set.otherInfo[1].title = std::string(300, 'u');
+    set.header.organicReference = std::string(8190, 'o');
+    store.species[0].literatureIndex = 0;
+    store.species[0].literature = "line\r\nbreak";
+    ResultStore back;
+    OutputReadReport report;
+    ASSERT_FALSE(ReadOutputText(Utf8ToUtf16(FormatOutputFile(store, 0)), back, 0, nullptr, nullptr, &report));
+    EXPECT_TRUE(report.complete);
+    EXPECT_EQ(back.sets[0].snapshot.input.description, std::string(258, 'd'));
+    EXPECT_EQ(back.sets[0].otherInfo[0].title, std::string(258, 't'));
+    EXPECT_EQ(back.sets[0].otherInfo[0].longText, "first second");
+    EXPECT_EQ(back.sets[0].otherInfo[1].title, std::string(258, 'u'));
+    EXPECT_EQ(back.sets[0].header.organicReference, std::string(8190, 'o'));
+    EXPECT_EQ(back.species[0].literature, "line  break");
+    EXPECT_EQ(ViewSet(back, 0).reactions.size(), 3u);
+}
+
+}  // namespace
+}  // namespace tormel::test

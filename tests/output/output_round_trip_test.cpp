@@ -1,0 +1,47 @@
+// Every reference water, calculated, written as an output file and read back
+// into a second set, gives the same records as far as the file keeps them.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "calc/reference_case.h"
+#include "output/output_file.h"
+#include "result_test_support.h"
+
+namespace tormel::test {
+namespace {
+
+void RoundTrip(const std::string& file, int32_t model) {
+    TempFolder folder;
+    RecordingUi ui;
+    Workspace ws;
+    PrepareWorkspace(ws, folder, ui);
+    const std::string id = std::filesystem::path(file).stem().string();
+    SCOPED_TRACE(id + (model == 1 ? " (Davies)" : " (MSA)"));
+    ASSERT_TRUE(CalculateReferenceCase(ws, file, model));
+
+    const std::string path = folder.File(id + ".o64");
+    ASSERT_TRUE(WriteOutputFile(path, ws.results, 0));
+    ResultStore& store = ws.results;
+    const auto error = ReadOutputFile(path, store, 1);
+    ASSERT_FALSE(error.has_value()) << error->key;
+    ASSERT_EQ(store.SetCount(), 2);
+    ExpectSetsEqual(store, 0, store, 1);
+
+    // the set read back writes the same file again
+    EXPECT_EQ(FormatOutputFile(store, 1), FormatOutputFile(store, 0));
+}
+
+TEST(OutputRoundTrip, EveryReferenceCaseReadsBackAsWritten) {
+    const std::vector<std::string> files = ReferenceCaseFiles();
+    ASSERT_FALSE(files.empty());
+    for (const std::string& file : files) RoundTrip(file, 1);
+}
+
+TEST(OutputRoundTrip, MsaResultsKeepSaltsIonsAndIonSizes) {
+    for (const char* id : {"seawater_major_ions", "carbonate_hard_ph8_3", "co2_open_ph8"})
+        RoundTrip(std::string(TORMEL_TEST_DATA) + "/reference/" + id + ".json", 2);
+}
+
+}  // namespace
+}  // namespace tormel::test

@@ -1,0 +1,43 @@
+#pragma once
+// Shared by the output and batch tests: workspaces on the real database,
+// reference waters calculated into result set 0, and a record-by-record
+// comparison of two result sets as far as an output file keeps them.
+#include <string>
+#include <vector>
+
+#include "output/result_store.h"
+#include "shell/workspace.h"
+#include "support/recording_ui.h"
+#include "support/temp_folder.h"
+
+namespace tormel::test {
+
+// A workspace on a copy of the real database, with English texts, folders
+// under `folder` (input and output folders created) and the recording UI.
+void PrepareWorkspace(Workspace& ws, const TempFolder& folder, RecordingUi& ui);
+
+// Calculates the reference case in `file` into the workspace's result set 0
+// with the given activity model (1 Davies, 2 MSA). False when the case cannot
+// be set up or does not converge.
+bool CalculateReferenceCase(Workspace& ws, const std::string& file, int32_t ionicStrengthModel = 1);
+
+// Every field an output file keeps agrees: texts exactly, "%.16G" numbers to
+// 1e-15 and "%9.9E" numbers to 1e-9 (relative). Reports each difference as a
+// test failure naming the record and field.
+void ExpectSetsEqual(const ResultStore& expected, int32_t expectedSet, const ResultStore& actual, int32_t actualSet);
+
+// One component result, ready for hand-built stores.
+ComponentResult MakeComponent(int32_t kind, const std::string& name, double total, double molarMass,
+                              const std::string& speciesList);
+SpeciesResult MakeSpecies(int32_t kind, const std::string& name, double concentration);
+
+}  // namespace tormel::test
+
+namespace tormel::test {
+
+// Writes the reference case in `file` as an input file at `path`, every
+// given total concentration (H+ excepted) multiplied by `scale`.
+bool WriteReferenceInput(const std::string& file, const std::string& path, double scale = 1.0,
+                         const std::string& description = "");
+
+}  // namespace tormel::test

@@ -1,0 +1,144 @@
+// Batch files: the two line forms, the lines that are syntax errors, the log
+// that only ever grows, and a run that reports what went wrong per line.
+#include <gtest/gtest.h>
+
+#include "core/text_file.h"
+#include "core/utf16.h"
+#include "output/output_file.h"
+#include "output/result_test_support.h"
+#include "shell/batch_file.h"
+#include "shell/batch_log.h"
+#include "shell/batch_run.h"
+
+namespace tormel::test {
+namespace {
+
+std::string CaseFile(const char* id) { return std::string(TORMEL_TEST_DATA) + "/reference/" + id + ".json"; }
+
+std::string LogText(const std::string& path) {
+    const auto text = ReadUtf16File(path);
+    return text ? Utf16ToUtf8(*text) : std::string();
+}
+
+TEST(BatchFile, QuotedAndPlainLinesAndEverythingElseIsASyntaxError) {
+    const auto quoted = ParseBatchLine("\"my water.i64\" \"my result.o64\"");
+    ASSERT_TRUE(quoted.has_value());
+    EXPECT_EQ(quoted->input, "my water.i64");
+    EXPECT_EQ(quoted->output, "my result.o64");
+    const auto plain = ParseBatchLine("water.i64 result.o64");
+    ASSERT_TRUE(plain.has_value());
+    EXPECT_EQ(plain->input, "water.i64");
+    EXPECT_EQ(plain->output, "result.o64");
+    for (const char* line : {"water.i64  result.o64", "\"water.i64\" \"result.o64", "water.i64", "",
+                             " water.i64 result.o64x y", "\"\" \"result.o64\"", "\"a.i64\"  \"b.o64\"",
+                             " \"a.i64\" \"b.o64\"", "\"a.i64\" \"b.o64\" ", "a.i64 \"b.o64\"", "water.i64 "})
+        EXPECT_FALSE(ParseBatchLine(line).has_value()) << "[" << line << "]";
+}
+
+TEST(BatchFile, LinesEndAtLineFeedsAndAtTheLengthLimit) {
+    EXPECT_EQ(SplitBatchLines(u"\uFEFFa.i64 a.o64\nb.i64 b.o64\n"),
+              (std::vector<std::string>{"a.i64 a.o64", "b.i64 b.o64"}))
+        << "a final line break does not add a job";
+    EXPECT_EQ(SplitBatchLines(u"a.i64 a.o64\n\nb.i64 b.o64"),
+              (std::vector<std::string>{"a.i64 a.o64", "", "b.i64 b.o64"}));
+    const std::string longLine(600, 'x');
+    const std::vector<std::string> parts = SplitBatchLines(Utf8ToUtf16(longLine + "\n"));
+    ASSERT_EQ(parts.size(), 2u);
+    EXPECT_EQ(parts[0].size(), kBatchLineLimit);
+    EXPECT_EQ(parts[1].size(), 600 - kBatchLineLimit);
+}
+
+TEST(BatchLog, EntriesAreAppendedBehindEarlierOnes) {
+    TempFolder folder;
+    const std::string path = folder.File("batch_log.txt");
+    ASSERT_TRUE(AppendBatchLog(path, "first\n"));
+    ASSERT_TRUE(AppendBatchLog(path, "second \u00e4\n"));
+    const auto bytes = ReadBinaryFile(path);
+    ASSERT_TRUE(bytes.has_value());
+    EXPECT_EQ(bytes->substr(0, 2), "\xFF\xFE");
+    EXPECT_EQ(bytes->find("\xFF\xFE", 2), std::string::npos) << "one byte-order mark";
+    EXPECT_EQ(LogText(path), "first\nsecond \u00e4\n");
+    EXPECT_FALSE(AppendBatchLog(folder.File("no/such/folder/log.txt"), "x"));
+}
+
+class BatchRun : public ::testing::Test {
+protected:
+    void SetUp() override {
+        PrepareWorkspace(ws, folder, ui);
+        options.logPath = folder.File("batch_log.txt");
+    }
+    void WriteBatch(const std::string& text) {
+        ASSERT_TRUE(WriteUtf16File(ws.folders.inputFolder + "jobs.txt", std::string_view(text)));
+    }
+    TempFolder folder;
+    RecordingUi ui;
+    Workspace ws;
+    BatchOptions options;
+};
+
+TEST_F(BatchRun, ACleanBatchWritesNothingToTheLogAndShowsNothing) {
+    ASSERT_TRUE(WriteReferenceInput(CaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "a.i64"));
+    ASSERT_TRUE(WriteReferenceInput(CaseFile("nahco3_proton_balance"), ws.folders.inputFolder + "b c.i64"));
+    WriteBatch("a.i64 a.o64\n\"b c.i64\" \"" + folder.File("b c.o64") + "\"\n");
+    const BatchSummary summary = RunBatchFile(ws, "jobs.txt", options);
+    EXPECT_EQ(summary.ExitCode(), 0);
+    EXPECT_EQ(summary.lines, 2);
+    EXPECT_FALSE(summary.logWritten);
+    EXPECT_FALSE(FileExists(options.logPath));
+    EXPECT_TRUE(ui.messages.empty());
+    ResultStore store;
+    EXPECT_FALSE(ReadOutputFile(ws.folders.outputFolder + "a.o64", store, 0).has_value());
+    EXPECT_FALSE(ReadOutputFile(folder.File("b c.o64"), store, 0).has_value());
+}
+
+TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
+    ASSERT_TRUE(WriteReferenceInput(CaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "good.i64"));
+    ASSERT_TRUE(WriteReferenceInput(CaseFile("soft_lake_10C"), ws.folders.inputFolder + "cold.i64"));
+    ASSERT_TRUE(AppendBatchLog(options.logPath, "an earlier run\n"));
+    WriteBatch("good.i64  two_blanks.o64\n"
+               "\"good.i64\" \"three quotes.o64\n"
+               "missing.i64 missing.o64\n"
+               "cold.i64 cold.o64\n"
+               "good.i64 good.csv\n"
+               "good.i64 good.o64\n");
+    int progressCalls = 0;
+    options.progress = [&](const BatchProgress& p) {
+        ++progressCalls;
+        EXPECT_EQ(p.total, 6);
+        EXPECT_EQ(p.finished, progressCalls);
+    };
+    const BatchSummary summary = RunBatchFile(ws, ws.folders.inputFolder + "jobs.txt", options);
+    EXPECT_EQ(summary.ExitCode(), 1);
+    EXPECT_EQ(summary.syntaxErrors, 2);
+    EXPECT_EQ(summary.failedJobs, 2) << "the unreadable input and the export";
+    EXPECT_EQ(progressCalls, 6);
+    EXPECT_TRUE(FileExists(ws.folders.outputFolder + "cold.o64")) << "a warning does not stop the job";
+    EXPECT_TRUE(FileExists(ws.folders.outputFolder + "good.o64"));
+
+    const std::string log = LogText(options.logPath);
+    const std::string expectedStart =
+        "an earlier run\n"
+        "This line of the batch file cannot be read:\n(good.i64  two_blanks.o64)\n"
+        "This line of the batch file cannot be read:\n(\"good.i64\" \"three quotes.o64)\n"
+        "The input file of this job could not be read; the job was not calculated:\n(missing.i64 missing.o64)\n";
+    EXPECT_EQ(log.substr(0, expectedStart.size()), expectedStart) << log;
+    const size_t warning = log.find("Please check the input:\n");
+    const size_t exportEntry = log.find("Tab-separated text and XML spreadsheets cannot be written yet");
+    EXPECT_NE(warning, std::string::npos);
+    EXPECT_NE(exportEntry, std::string::npos);
+    EXPECT_LT(warning, exportEntry);
+    ASSERT_FALSE(ui.messages.empty());
+    EXPECT_EQ(ui.messages.back().lines.at(0),
+              "Some jobs reported problems. Please read the batch log:\n" + options.logPath);
+}
+
+TEST_F(BatchRun, AnUnreadableBatchFileIsReported) {
+    const BatchSummary summary = RunBatchFile(ws, "none.txt", options);
+    EXPECT_FALSE(summary.opened);
+    EXPECT_EQ(summary.ExitCode(), 1);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_NE(ui.messages[0].lines.at(0).find(ws.folders.inputFolder + "none.txt"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tormel::test
