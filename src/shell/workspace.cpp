@@ -1,5 +1,6 @@
 #include "shell/workspace.h"
 
+#include "calc/neutralise.h"
 #include "output/build_results.h"
 
 namespace tormel {
@@ -29,7 +30,15 @@ CalculationOutcome CalculateInput(Workspace& ws, bool showProgress) {
         ResultContext context = MakeResultContext(ws);
         BuildResults(finished, ws.results, context);
     };
-    return RunCalculation(calc, showProgress);
+    if (!ws.input.forceNeutral) return RunCalculation(calc, showProgress);
+    // a neutral solution: the chosen ion's total is adjusted over several solves
+    NeutraliseOutcome neutral = Neutralise(calc);
+    CalculationOutcome outcome{neutral.assembled, neutral.solve};
+    if (!neutral.neutral && !neutral.cancelled) {
+        outcome.solve.converged = false;
+        if (!neutral.message.empty()) outcome.solve.message = neutral.message;
+    }
+    return outcome;
 }
 
 Workspace CloneForWorker(const Workspace& ws, const UiServices& services) {

@@ -1,0 +1,48 @@
+#include <gtest/gtest.h>
+
+#include "calc/compare.h"
+#include "calc/run_calculation.h"
+#include "input/program_defaults.h"
+#include "output/result_test_support.h"
+
+namespace tormel {
+namespace {
+
+// A calcium chloride water with too little chloride for its calcium.
+void ImbalancedWater(Workspace& ws, bool forceNeutral) {
+    ChemicalSystem& chem = ws.chem;
+    SetProgramDefaults(ws.input, chem);
+    chem.components[chem.FindComponent("Ca")].inputValue = 1e-3;
+    chem.components[chem.FindComponent("Cl")].inputValue = 1e-3;
+    ws.input.ionicStrengthModel = 1;
+    ws.input.convergenceCriterion = 1.000001;
+    ws.input.forceNeutral = forceNeutral;
+    ws.input.neutraliseCation = chem.FindComponent("Na");
+    ws.input.neutraliseAnion = chem.FindComponent("Cl");
+}
+
+TEST(ShellWorkspace, ForcedNeutralSolutionIsCalculatedNeutral) {
+    test::TempFolder folder;
+    test::RecordingUi ui;
+    Workspace ws;
+    test::PrepareWorkspace(ws, folder, ui);
+    ImbalancedWater(ws, false);
+    CalculationOutcome plain = CalculateInput(ws, false);
+    ASSERT_TRUE(plain.solve.converged) << plain.solve.message;
+    double cations = 0, anions = 0;
+    SpeciesChargeSums(ws.chem, cations, anions);
+    EXPECT_FALSE(RelativelyEqual(cations, anions, 1.01)) << "the water is not neutral by itself";
+
+    ImbalancedWater(ws, true);
+    CalculationOutcome neutral = CalculateInput(ws, false);
+    ASSERT_TRUE(neutral.solve.converged) << neutral.solve.message;
+    SpeciesChargeSums(ws.chem, cations, anions);
+    EXPECT_TRUE(RelativelyEqual(cations, anions, 1.0001)) << cations << " vs " << anions;
+    // at a fixed pH the raised chloride total lives in the assembled layer only
+    const Component& cl = ws.chem.components[ws.chem.FindComponent("Cl")];
+    EXPECT_EQ(cl.inputValue, 1e-3);
+    EXPECT_GT(ws.chem.systemComponents[cl.systemIndex].balanceTotal, 1.9e-3);
+}
+
+}  // namespace
+}  // namespace tormel
