@@ -10,41 +10,6 @@ namespace tormel {
 
 namespace {
 
-enum class SumClass { Dissolved, Adsorbed, Solid, Other };
-
-SumClass ClassOf(int32_t kind) {
-    switch (kind) {
-        case FreeComponent:
-        case FreeHydroxide:
-        case GasLigand:
-        case RedoxPartner:
-        case ComplexSpecies:
-            return SumClass::Dissolved;
-        case AdsorbedSpecies:
-            return SumClass::Adsorbed;
-        case RedoxPartnerSolid:
-        case SolidSpecies:
-            return SumClass::Solid;
-        default:
-            return SumClass::Other;  // organic kinds: the organic model's sums
-    }
-}
-
-void AddToSums(SystemComponent& sc, int32_t kind, double amount) {
-    switch (ClassOf(kind)) {
-        case SumClass::Dissolved:
-            sc.sumDissolved += amount;
-            break;
-        case SumClass::Adsorbed:
-            sc.sumAdsorbed += amount;
-            break;
-        case SumClass::Solid:
-            sc.sumSolid += amount;
-            break;
-        case SumClass::Other:
-            break;
-    }
-}
 
 void ResetSums(SystemComponent& sc) {
     sc.sumDissolved = sc.sumOther = sc.sumAdsorbed = sc.sumSolid = 0;
@@ -53,6 +18,16 @@ void ResetSums(SystemComponent& sc) {
 }
 
 }  // namespace
+
+void AddToSums(SystemComponent& sc, int32_t kind, double amount) {
+    if (IsDissolvedKind(kind))
+        sc.sumDissolved += amount;
+    else if (kind == AdsorbedSpecies)
+        sc.sumAdsorbed += amount;
+    else if (IsSolidKind(kind))
+        sc.sumSolid += amount;
+    // organic kinds: the organic model's sums
+}
 
 void CombineSums(SystemComponent& sc, double bulkFraction) {
     sc.sumAll = sc.sumDissolved + sc.sumAdsorbed + sc.sumSolid + sc.sumOther;
@@ -76,19 +51,12 @@ void ComputeProtonSums(CalcContext& ctx) {
             if (term.systemComponent != 0 || term.coefficient == 0) continue;
             const double amount = std::abs(term.coefficient) * sp.concentration;
             const bool donor = term.coefficient > 0;
-            switch (ClassOf(sp.kind)) {
-                case SumClass::Dissolved:
-                    (donor ? ps.donorDissolved : ps.acceptorDissolved) += amount;
-                    break;
-                case SumClass::Adsorbed:
-                    (donor ? ps.donorAdsorbed : ps.acceptorAdsorbed) += amount;
-                    break;
-                case SumClass::Solid:
-                    (donor ? ps.donorSolid : ps.acceptorSolid) += amount;
-                    break;
-                case SumClass::Other:
-                    break;
-            }
+            if (IsDissolvedKind(sp.kind))
+                (donor ? ps.donorDissolved : ps.acceptorDissolved) += amount;
+            else if (sp.kind == AdsorbedSpecies)
+                (donor ? ps.donorAdsorbed : ps.acceptorAdsorbed) += amount;
+            else if (IsSolidKind(sp.kind))
+                (donor ? ps.donorSolid : ps.acceptorSolid) += amount;
         }
     }
     ps.donorBulk = (ps.donorDissolved + ps.donorAdsorbed + ps.donorSolid) * st.bulkFraction;

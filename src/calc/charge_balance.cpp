@@ -15,19 +15,9 @@ double InputChargeExcess(const ChemicalSystem& chem) {
 void SpeciesChargeSums(const ChemicalSystem& chem, double& cationCharge, double& anionCharge) {
     cationCharge = anionCharge = 0;
     for (const Species& sp : chem.species) {
-        switch (sp.kind) {
-            case FreeComponent:
-            case FreeHydroxide:
-            case GasLigand:
-            case RedoxPartner:
-            case ComplexSpecies:
-            case AdsorbedSpecies:
-                if (sp.charge > 0) cationCharge += sp.charge * sp.concentration;
-                if (sp.charge < 0) anionCharge -= sp.charge * sp.concentration;
-                break;
-            default:
-                break;
-        }
+        if (!IsDissolvedKind(sp.kind) && sp.kind != AdsorbedSpecies) continue;
+        if (sp.charge > 0) cationCharge += sp.charge * sp.concentration;
+        if (sp.charge < 0) anionCharge -= sp.charge * sp.concentration;
     }
 }
 

@@ -11,19 +11,8 @@ namespace tormel {
 
 double IonicStrengthSum(const ChemicalSystem& chem) {
     double sum = 0;
-    for (const Species& sp : chem.species) {
-        switch (sp.kind) {
-            case FreeComponent:
-            case FreeHydroxide:
-            case GasLigand:
-            case RedoxPartner:
-            case ComplexSpecies:
-                sum += sp.concentration * sp.charge * sp.charge;
-                break;
-            default:
-                break;
-        }
-    }
+    for (const Species& sp : chem.species)
+        if (IsDissolvedKind(sp.kind)) sum += sp.concentration * sp.charge * sp.charge;
     return sum / 2;
 }
 

@@ -27,25 +27,7 @@ void FillUnbalancedSums(ChemicalSystem& chem, double bulkFraction) {
             for (int32_t e = 0; e < sp.componentTerms; ++e) {
                 const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
                 if (term.systemComponent != j || term.coefficient == 0) continue;
-                const double amount = term.coefficient * sp.concentration;
-                switch (sp.kind) {
-                    case FreeComponent:
-                    case FreeHydroxide:
-                    case GasLigand:
-                    case RedoxPartner:
-                    case ComplexSpecies:
-                        sc.sumDissolved += amount;
-                        break;
-                    case AdsorbedSpecies:
-                        sc.sumAdsorbed += amount;
-                        break;
-                    case RedoxPartnerSolid:
-                    case SolidSpecies:
-                        sc.sumSolid += amount;
-                        break;
-                    default:
-                        break;
-                }
+                AddToSums(sc, sp.kind, term.coefficient * sp.concentration);
             }
         }
         CombineSums(sc, bulkFraction);

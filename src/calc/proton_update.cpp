@@ -7,6 +7,7 @@
 
 #include "calc/compare.h"
 #include "calc/organic_model.h"
+#include "calc/run_calculation.h"
 #include "calc/solver.h"
 
 namespace tormel {
@@ -14,26 +15,6 @@ namespace tormel {
 namespace {
 
 constexpr double kOtherBalancesFirst = 1.0001;
-
-// Sum of z c over the charged dissolved and adsorbed species, split by sign.
-void ChargeTotals(const ChemicalSystem& chem, double& positive, double& negative) {
-    positive = negative = 0;
-    for (const Species& sp : chem.species) {
-        switch (sp.kind) {
-            case FreeComponent:
-            case FreeHydroxide:
-            case GasLigand:
-            case RedoxPartner:
-            case ComplexSpecies:
-            case AdsorbedSpecies:
-                if (sp.charge > 0) positive += sp.charge * sp.concentration;
-                if (sp.charge < 0) negative -= sp.charge * sp.concentration;
-                break;
-            default:
-                break;
-        }
-    }
-}
 
 bool AnyFreeGiven(const ChemicalSystem& chem) {
     for (const SystemComponent& sc : chem.systemComponents)
@@ -133,7 +114,7 @@ void ProtonUpdate(CalcContext& ctx, bool& converged) {
     }
     if (AnyFreeGiven(chem)) return;
     double positive, negative;
-    ChargeTotals(chem, positive, negative);
+    SpeciesChargeSums(chem, positive, negative);
     if (OrganicModelActive(ctx)) AddOrganicCharges(ctx, positive, negative);
     if (st.inputChargeExcess == 0)
         converged = RelativelyEqual(positive, negative, st.inputCriterion);

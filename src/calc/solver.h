@@ -22,6 +22,9 @@ void TotalsAndRatios(CalcContext& ctx, bool& converged);
 // Donor and acceptor sums of the proton balance (sets H+'s sums and total).
 void ComputeProtonSums(CalcContext& ctx);
 // sumAll, the bulk sums and the calculated total of one system component.
+// Adds an amount of the unknown held by a species of `kind` to the sum of
+// its class (dissolved, adsorbed, solid; organic kinds have their own sums).
+void AddToSums(SystemComponent& sc, int32_t kind, double amount);
 void CombineSums(SystemComponent& sc, double bulkFraction);
 // The ratio update of one mass-balance component.
 void RatioUpdate(CalcContext& ctx, int32_t component);

@@ -50,6 +50,14 @@ enum InputType : int32_t {
     InpTypeGasPres = 4,
 };
 
+// Species that count as dissolved: in the dissolved sums, the ionic strength
+// and the charge balance.
+constexpr bool IsDissolvedKind(int32_t kind) {
+    return kind == FreeComponent || kind == FreeHydroxide || kind == GasLigand || kind == RedoxPartner ||
+           kind == ComplexSpecies;
+}
+constexpr bool IsSolidKind(int32_t kind) { return kind == RedoxPartnerSolid || kind == SolidSpecies; }
+
 // Index rule of every two-dimensional table.
 constexpr int32_t Position(int32_t column, int32_t row, int32_t columnCount) {
     return row * columnCount + column;
