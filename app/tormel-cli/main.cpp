@@ -1,6 +1,6 @@
 // tormel-cli: the program without windows, for scripts and cluster nodes.
 //
-//   tormel-cli /run:water.i64 [result.o64]    calculate one input file
+//   tormel-cli /run:water.i64 [result.o64]    calculate one input file (or .csv, .xml: an export)
 //   tormel-cli /batch:jobs.txt [--jobs N]     calculate every job of a batch file
 //   tormel-cli result.o64                     show the result tables of an output file
 //   tormel-cli water.i64                      read and check an input file
@@ -33,7 +33,8 @@ const char* kUsage =
     "       tormel-cli FILE.o64 | FILE.i64\n"
     "       tormel-cli --database | --list components|equilibria|literature\n"
     "  /run:      calculate one input file; the results go to OUTPUT (default: the\n"
-    "             input's name with .o64 in the output folder)\n"
+    "             input's name with .o64 in the output folder); an OUTPUT ending in\n"
+    "             .csv or .xml gets the tab-separated text or the XML spreadsheet\n"
     "  /batch:    calculate every job of a batch file (one \"input output\" per line);\n"
     "             problems are written to batch_log.txt\n"
     "  --jobs N   calculate N jobs of a batch at the same time\n"

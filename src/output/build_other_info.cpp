@@ -1,13 +1,22 @@
-// The block builders of the report are not written yet: until they are, a
-// set's blocks are all absent (empty titles), which every reader of the
-// blocks (output file, exports, viewer) handles as "nothing to show".
 #include "output/build_other_info.h"
+
+#include "output/other_info_blocks.h"
 
 namespace tormel {
 
-void BuildOtherInfo(ResultStore& store, int32_t set, const ResultContext& /*context*/) {
+void BuildOtherInfo(ResultStore& store, int32_t set, const ResultContext& context, const ChemicalSystem* database) {
     if (set < 0 || set >= store.SetCount()) return;
-    store.sets[set].otherInfo = InfoBlocks{};
+    ResultSet& target = store.sets[set];
+    const OtherInfoSource source{
+        target, ViewSet(store, set), context.language, context.options, context.separator, database};
+    InfoBlocks& blocks = target.otherInfo;
+    BuildGeneralBlock(source, blocks[InfoGeneral]);
+    BuildMsaBlock(source, blocks[InfoMsa]);
+    BuildOrganicBlock(source, blocks[InfoOrganic]);
+    BuildSolidsBlock(source, blocks[InfoSolids]);
+    BuildGasesBlock(source, blocks[InfoGases]);
+    BuildAdsorptionBlock(source, blocks[InfoAdsorption]);
+    BuildInputBlock(source, blocks[InfoInput]);
 }
 
 }  // namespace tormel

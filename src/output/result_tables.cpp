@@ -31,20 +31,6 @@ std::string Plain(double value, const OutputOptions& options) {
     return FormatNumber(value, options.formats.scientific, true, DecimalSeparator{});
 }
 
-// The proton component's rows follow the switches of the calculation; every
-// other component shows the amounts it has.
-bool SummaryRowShown(const ComponentResult& component, int32_t i, int32_t r, const InputSnapshot& snapshot) {
-    const double amount = component.amounts[r];
-    if (i != 0) return amount > 0;
-    const InputProblem& in = snapshot.input;
-    switch (r) {
-        case AmountDissolved: return true;
-        case AmountAdsorbed: return in.adsorption;
-        case AmountSolid: return in.precipitation || (in.redox && amount != 0);
-        case AmountOrganic: return in.organicComplexation;
-        default: return snapshot.protonBalance || (in.redox && amount != 0);
-    }
-}
 
 bool FreeKind(int32_t kind) {
     return kind == FreeComponent || kind == FreeHydroxide || kind == RedoxPartner || kind == RedoxPartnerSolid;
@@ -61,6 +47,19 @@ bool SpeciesShown(const SpeciesResult& p, int32_t n, double b, const ComponentRe
 }
 
 }  // namespace
+
+bool SummaryRowShown(const ComponentResult& component, int32_t i, int32_t r, const InputSnapshot& snapshot) {
+    const double amount = component.amounts[r];
+    if (i != 0) return amount > 0;
+    const InputProblem& in = snapshot.input;
+    switch (r) {
+        case AmountDissolved: return true;
+        case AmountAdsorbed: return in.adsorption;
+        case AmountSolid: return in.precipitation || (in.redox && amount != 0);
+        case AmountOrganic: return in.organicComplexation;
+        default: return snapshot.protonBalance || (in.redox && amount != 0);
+    }
+}
 
 std::vector<SpeciesListEntry> ParseSpeciesList(std::string_view list) {
     std::vector<SpeciesListEntry> entries;

@@ -27,6 +27,11 @@ struct DetailsRow {
     int32_t constantsKey = -1;  // 0 when the row has constants
 };
 
+// Whether amount row r (AmountRow) of component i of a set is shown: the
+// proton component (i = 0) by the switches of the calculation, every other
+// component when the amount is above 0.
+bool SummaryRowShown(const ComponentResult& component, int32_t i, int32_t r, const InputSnapshot& snapshot);
+
 // The summary rows of component i of `set`. Sets the set's summary pie text.
 std::vector<SummaryRow> SummaryTable(ResultStore& store, int32_t set, int32_t i, const ResultContext& context);
 

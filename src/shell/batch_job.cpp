@@ -4,9 +4,15 @@
 #include "input/consistency_report.h"
 #include "input/input_file_reader.h"
 #include "shell/command_line.h"
+#include "output/export_csv.h"
+#include "output/export_xml.h"
 #include "output/output_file.h"
 
 namespace tormel {
+
+const char* SaveFailureKey(SaveStatus status) {
+    return status == SaveStatus::UnknownKind ? "ErrorJobOutputType" : "ErrorJobSave";
+}
 
 namespace {
 
@@ -37,11 +43,18 @@ SaveOutcome SaveResults(const Workspace& ws, const std::string& path) {
             break;
         }
         case ResultFileKind::Csv:
-        case ResultFileKind::Xml:
-            // the tab-separated and XML spreadsheet exports are written here once they exist
-            outcome.status = SaveStatus::ExportUnavailable;
-            outcome.detail = path;
+        case ResultFileKind::Xml: {
+            FileError error;
+            const ExportContext context{ws.language, ws.outputOptions};
+            const bool written = ResultFileKindOf(path) == ResultFileKind::Csv
+                                     ? ExportCsv(path, "\t", ws.results, 0, context, &error)
+                                     : ExportXml(path, ws.results, 0, context, &error);
+            if (!written) {
+                outcome.status = SaveStatus::Failed;
+                outcome.detail = path + ": " + error.message;
+            }
             break;
+        }
         case ResultFileKind::Unknown:
             outcome.status = SaveStatus::UnknownKind;
             outcome.detail = path;

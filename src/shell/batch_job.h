@@ -19,7 +19,10 @@ enum class ResultFileKind {
 };
 ResultFileKind ResultFileKindOf(const std::string& path);
 
-enum class SaveStatus { Saved, Failed, ExportUnavailable, UnknownKind };
+enum class SaveStatus { Saved, Failed, UnknownKind };
+
+// The [Batch] language key that names a failed save.
+const char* SaveFailureKey(SaveStatus status);
 
 struct SaveOutcome {
     SaveStatus status = SaveStatus::Saved;

@@ -87,10 +87,7 @@ std::string LogEntries(const Language& language, const BatchItem& item) {
             break;
         }
         case JobStatus::SaveFailed: {
-            const char* key = outcome.save.status == SaveStatus::ExportUnavailable ? "ErrorJobExport"
-                              : outcome.save.status == SaveStatus::UnknownKind     ? "ErrorJobOutputType"
-                                                                                   : "ErrorJobSave";
-            entries += BatchJobErrorEntry(language, key, item.line, outcome.save.detail);
+            entries += BatchJobErrorEntry(language, SaveFailureKey(outcome.save.status), item.line, outcome.save.detail);
             break;
         }
     }

@@ -47,9 +47,7 @@ void ShowJobFailure(Workspace& ws, const JobOutcome& outcome) {
         case JobStatus::ReadFailed: key = "ErrorJobRead"; break;
         case JobStatus::NotCalculated: key = "ErrorJobCalc"; break;
         case JobStatus::SaveFailed:
-            key = outcome.save.status == SaveStatus::ExportUnavailable ? "ErrorJobExport"
-                  : outcome.save.status == SaveStatus::UnknownKind     ? "ErrorJobOutputType"
-                                                                       : "ErrorJobSave";
+            key = SaveFailureKey(outcome.save.status);
             detail = outcome.save.detail;
             break;
     }
@@ -97,7 +95,7 @@ bool OpenOutputFromCommandLine(Workspace& ws, const std::string& path, const Com
     }
     LoadOutputOptions(ws.outputOptions, ws.settings);
     RebuildNumberFormats(ws.outputOptions);
-    BuildOtherInfo(ws.results, 0, MakeResultContext(ws));
+    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
     if (services.showOutput) services.showOutput(ws);
     return true;
 }
@@ -149,7 +147,7 @@ CommandLineOutcome PrintOutputFile(Workspace& ws, const CommandLine& line, const
         return End(ws, services, 0);
     }
     LoadOutputOptions(ws.outputOptions, ws.settings);
-    BuildOtherInfo(ws.results, 0, MakeResultContext(ws));
+    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
     services.printOutput(ws);
     return End(ws, services, 0);
 }

@@ -99,7 +99,7 @@ TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
                "\"good.i64\" \"three quotes.o64\n"
                "missing.i64 missing.o64\n"
                "cold.i64 cold.o64\n"
-               "good.i64 good.csv\n"
+               "good.i64 good.txt\n"
                "good.i64 good.o64\n");
     int progressCalls = 0;
     options.progress = [&](const BatchProgress& p) {
@@ -110,7 +110,7 @@ TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
     const BatchSummary summary = RunBatchFile(ws, ws.folders.inputFolder + "jobs.txt", options);
     EXPECT_EQ(summary.ExitCode(), 1);
     EXPECT_EQ(summary.syntaxErrors, 2);
-    EXPECT_EQ(summary.failedJobs, 2) << "the unreadable input and the export";
+    EXPECT_EQ(summary.failedJobs, 2) << "the unreadable input and the unknown output type";
     EXPECT_EQ(progressCalls, 6);
     EXPECT_TRUE(FileExists(ws.folders.outputFolder + "cold.o64")) << "a warning does not stop the job";
     EXPECT_TRUE(FileExists(ws.folders.outputFolder + "good.o64"));
@@ -123,7 +123,7 @@ TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
         "The input file of this job could not be read; the job was not calculated:\n(missing.i64 missing.o64)\n";
     EXPECT_EQ(log.substr(0, expectedStart.size()), expectedStart) << log;
     const size_t warning = log.find("Please check the input:\n");
-    const size_t exportEntry = log.find("Tab-separated text and XML spreadsheets cannot be written yet");
+    const size_t exportEntry = log.find("The output name has none of the extensions .o64, .csv or .xml");
     EXPECT_NE(warning, std::string::npos);
     EXPECT_NE(exportEntry, std::string::npos);
     EXPECT_LT(warning, exportEntry);

@@ -77,14 +77,15 @@ TEST_F(CommandLineRun, SwitchInCapitalsReadsFromTheInputFolderAndWritesTheOutput
     EXPECT_GT(ViewSet(store, 0).species.size(), 10u);
 }
 
-TEST_F(CommandLineRun, ExportsAndUnknownExtensionsAreAnsweredWithAMessage) {
+TEST_F(CommandLineRun, ExportsAreWrittenByExtensionAndUnknownExtensionsAnsweredWithAMessage) {
     ASSERT_TRUE(WriteReferenceInput(CaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "water.i64"));
-    const CommandLineOutcome csv = Handle({"/run:water.i64", "result.csv"});
-    EXPECT_EQ(csv.exitCode, 1);
-    EXPECT_NE(LastMessage().find("Tab-separated text and XML spreadsheets cannot be written yet"), std::string::npos);
-    EXPECT_NE(LastMessage().find(ws.folders.outputFolder + "result.csv"), std::string::npos);
-    EXPECT_FALSE(FileExists(ws.folders.outputFolder + "result.csv"));
+    EXPECT_EQ(Handle({"/run:water.i64", "result.csv"}).exitCode, 0);
+    EXPECT_TRUE(FileExists(ws.folders.outputFolder + "result.csv"));
+    EXPECT_EQ(Handle({"/run:water.i64", "result.XML"}).exitCode, 0);
+    EXPECT_TRUE(FileExists(ws.folders.outputFolder + "result.XML"));
     EXPECT_EQ(Handle({"/run:water.i64", "result.txt"}).exitCode, 1);
+    EXPECT_NE(LastMessage().find("The output name has none of the extensions"), std::string::npos);
+    EXPECT_FALSE(FileExists(ws.folders.outputFolder + "result.txt"));
     EXPECT_EQ(Handle({"/run:missing.i64"}).exitCode, 1);
     EXPECT_NE(LastMessage().find("could not be read"), std::string::npos);
 }

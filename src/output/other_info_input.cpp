@@ -1,0 +1,181 @@
+// Block 6: an echo of the input the set was calculated from: description,
+// pH and ionic strength, activity model, convergence, temperature,
+// neutralisation, the equilibria included, the redox potential, and the
+// value and kind of input of every component.
+#include <cmath>
+
+#include "core/c_number.h"
+#include "input/value_text.h"
+#include "output/amount_units.h"
+#include "output/other_info_blocks.h"
+#include "output/other_info_writer.h"
+
+namespace tormel {
+
+namespace {
+
+constexpr int32_t kDaviesModel = 1;
+constexpr int32_t kFirstOptionRow = 8;
+constexpr int32_t kRedoxGroupWithFreeMember = 5;
+// pE to millivolts at 25 degrees C
+constexpr double kMillivoltsPerPe = 59.159;
+
+// Removes the last UTF-8 character.
+void DropLastCharacter(std::string& text) {
+    while (!text.empty()) {
+        const unsigned char last = static_cast<unsigned char>(text.back());
+        text.pop_back();
+        if ((last & 0xC0) != 0x80) break;  // not a continuation byte: the character is gone
+    }
+}
+
+std::string InputTypeKey(int32_t inputType) {
+    switch (inputType) {
+        case InpTypeNotSpecified:
+        case InpTypeTotalConc:
+            return "InpTypeTotalConc";
+        case InpTypeFreeConc:
+            return "InpTypeFreeConc";
+        case InpTypeFreeAct:
+            return "InpTypeFreeAct";
+        case InpTypeGasPres:
+            return "InpTypeGasPres";
+        default:
+            return std::string();
+    }
+}
+
+// The name of a database component, empty when it is not at hand.
+std::string DatabaseName(const OtherInfoSource& source, int32_t index) {
+    if (!source.database || index < 0 || static_cast<size_t>(index) >= source.database->components.size())
+        return std::string();
+    return source.database->components[index].name;
+}
+
+void FixedRows(const OtherInfoSource& source, InfoBlockWriter& w) {
+    const InputSnapshot& snapshot = source.set.snapshot;
+    const InputProblem& in = snapshot.input;
+
+    std::string description(TrimBlanksAndLineFeeds(in.description));
+    if (description.empty()) description += source.Text("InpDescrNone");
+    w.Text(0, source.Text("InpDescr"));
+    w.Text(1, description);
+    w.NextRow();
+    w.Text(0, source.Text("pH:"));
+    w.Text(1, source.Text(snapshot.protonBalance ? "VarCalc" : "InppHFix"));
+    w.NextRow();
+    w.Text(0, source.Text("I"));
+    if (in.ionicStrengthFixed) {
+        w.Text(1, source.Text("InppHFixAt"));
+        w.Scientific(2, in.fixedIonicStrength);
+        w.Text(3, "M");
+    } else {
+        w.Text(1, source.Text("VarCalc"));
+    }
+    w.NextRow();
+    w.Text(0, source.Text("IModel"));
+    w.Text(1, in.ionicStrengthModel == kDaviesModel ? "Davies" : "MSA");
+    w.NextRow();
+    w.Text(0, source.Text("InpConvCrit"));
+    w.Scientific(1, in.convergenceCriterion - 1);
+    w.NextRow();
+    w.Text(0, source.Text("InpTemp"));
+    w.Number(1, in.temperature, FormatC("%.0f", in.temperature));
+    w.Text(2, "\u00B0C");
+    w.NextRow();
+    w.Text(0, source.Text("InpTempCorr1"));
+    w.Text(1, source.Text("InpTempCorr" + std::to_string(std::clamp(in.temperatureCorrection, 0, 2) + 2)));
+    w.NextRow();
+    w.Text(0, source.Text("InpNeutr1"));
+    if (in.forceNeutral)
+        w.Text(1, source.Text("InpNeutr2a") + " " + DatabaseName(source, in.neutraliseCation) + " " +
+                      source.Text("InpNeutr2b") + " " + DatabaseName(source, in.neutraliseAnion));
+    else
+        w.Text(1, source.Text("InpNeutr3"));
+}
+
+// The included equilibria from row 8 on, one per row; the counter ends on the
+// row after the last one.
+void IncludedOptions(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlock& block) {
+    const InputProblem& in = source.Input();
+    w.MoveTo(kFirstOptionRow);
+    auto option = [&](const char* key) {
+        w.Text(1, source.Text(key));
+        w.NextRow();
+    };
+    if (in.precipitation) option("EquilSol");
+    if (in.adsorption) option("EquilAds");
+    if (in.redox) option("EquilRed");
+    if (in.organicComplexation) {
+        option("OrgCompl");
+        const int32_t model = in.organicModel == Model5 ? 5 : in.organicModel == Model6 ? 6 : 7;
+        w.Text(1, source.Text("OrgModel" + std::to_string(model)) + " " + source.set.header.organicReference + ")");
+        w.NextRow();
+    }
+    if (w.Row() == kFirstOptionRow) return;
+    if (!in.organicComplexation) {
+        InfoCell& last = block.Cell(1, w.Row() - 1);
+        DropLastCharacter(last.text);
+    }
+    block.Cell(0, kFirstOptionRow).text = source.Text("EquilIncl");
+}
+
+}  // namespace
+
+void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
+    InfoBlockWriter w(block, source.options.formats, source.separator);
+    block.title = source.Text("InputShort");
+    block.longText = source.Text("InputLong");
+    block.columnCount = 4;
+    const InputProblem& in = source.Input();
+    const int32_t units = source.options.units.units, order = source.options.units.order;
+
+    FixedRows(source, w);
+    IncludedOptions(source, w, block);
+
+    const auto& infos = source.view.componentInfos;
+    const auto& components = source.view.components;
+    if (in.redox) {
+        for (const ComponentInfo& info : infos) {
+            if (info.kind != Electron) continue;
+            const double pE = -std::log10(info.inputValue);
+            w.NextRow();
+            w.Text(0, source.Text("Redox_pE"));
+            w.Logarithm(1, pE);
+            w.NextRow();
+            w.Text(0, source.Text("Redox_mV"));
+            w.Logarithm(1, pE * kMillivoltsPerPe);
+            w.Text(2, "mV");
+            break;
+        }
+    }
+
+    w.NextRow();
+    for (size_t i = 0; i < infos.size(); ++i) {
+        const ComponentInfo& info = infos[i];
+        if (info.kind != Cation && info.kind != Ligand && info.kind != Ads && info.kind != RedSol && info.kind != Gas)
+            continue;
+        std::string name = info.name;
+        if (in.redox && info.kind != Gas && i < components.size() && !components[i].displayName.empty())
+            name = components[i].displayName;
+        w.Text(0, std::move(name));
+        w.Scientific(1, ConvertAmount(info.inputValue, info.molarMass, units, order));
+        w.Text(2, UnitLabel(false, info.inputType == InpTypeGasPres, false, units, order));
+        if (info.inputType != kRedoxGroupWithFreeMember) w.Text(3, source.Text(InputTypeKey(info.inputType)));
+        w.NextRow();
+    }
+
+    if (in.organicComplexation) {
+        w.Text(0, source.Text("DOC"));
+        w.Scientific(1, in.docConcentration);
+        w.Text(2, source.Text("DOCUnit"));
+        w.Text(3, source.Text("InpTypeTotalConc"));
+        w.NextRow();
+        w.Text(0, source.Text("DOCFr"));
+        w.Scientific(1, in.fulvicFraction);
+        w.NextRow();
+    }
+    w.Finish(w.Row());
+}
+
+}  // namespace tormel

@@ -1,0 +1,96 @@
+// Block 3: solids. With precipitation, the solids of the calculation with
+// their amounts and saturation; without, the saturation index of every solid
+// that could form from the components of the input.
+#include "output/amount_units.h"
+#include "output/other_info_blocks.h"
+#include "output/other_info_writer.h"
+
+namespace tormel {
+
+namespace {
+
+// Rows of solids that are present or oversaturated carry this key (plus ten
+// times their reaction definition).
+constexpr int64_t kSolidPresentKey = 3;
+// Saturation indexes within this distance of 0 count as equilibrium.
+constexpr double kSaturationBand = 0.0005;
+
+void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlock& block) {
+    block.columnCount = 8;
+    const ResultHeader& header = source.set.header;
+    const auto& species = source.view.species;
+    const int32_t units = source.options.units.units, order = source.options.units.order;
+    bool anyRow = false;
+    for (int32_t s = std::max(0, header.firstPrecipitatedSolid); s <= header.lastPrecipitatedSolid; ++s) {
+        if (static_cast<size_t>(s) >= species.size()) break;
+        const SpeciesResult& solid = species[s];
+        if (anyRow) w.NextRow();
+        anyRow = true;
+        w.Text(0, solid.name);
+        w.Scientific(1, ConvertAmount(solid.concentration, 1, units, order));
+        w.Text(2, UnitLabel(true, false, false, units, order));
+        w.Logarithm(3, solid.saturationValue);
+        if (solid.concentration != 0) {
+            w.Text(4, source.Text("SolidInEq"));
+            w.SetKey(kSolidPresentKey);
+        } else {
+            w.Text(4, source.Text("SolidUnderSat"));
+        }
+        w.Logarithm(5, solid.intrinsicLogK);
+        w.Logarithm(6, solid.conditionalLogK);
+        w.Text(7, solid.literature);
+        w.AddToKey(10 * static_cast<int64_t>(solid.reactionDefinition));
+    }
+    block.longText += " ";
+    if (anyRow) {
+        block.longText += source.Text("SolidsConsid");
+        block.gridHeader = source.Text("GridHeaderSolidsWithPrecip");
+        w.Finish(w.Row() + 1);
+    } else {
+        block.longText += source.Text("SolidsNotPresentButConsid");
+    }
+}
+
+void SolidSaturations(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlock& block) {
+    block.columnCount = 6;
+    bool anyRow = false;
+    for (const SolidSaturation& solid : source.view.solidChecks) {
+        if (anyRow) w.NextRow();
+        anyRow = true;
+        w.Text(0, solid.name);
+        w.Logarithm(1, solid.saturationIndex);
+        if (solid.saturationIndex >= kSaturationBand) {
+            w.Text(2, source.Text("SolidOverSat"));
+            w.SetKey(kSolidPresentKey);
+        } else if (solid.saturationIndex < -kSaturationBand) {
+            w.Text(2, source.Text("SolidUnderSat"));
+        } else {
+            w.Text(2, source.Text("SolidInEq"));
+        }
+        w.Logarithm(3, solid.logK);
+        w.Logarithm(4, solid.conditionalLogK);
+        w.Text(5, solid.literature);
+        w.AddToKey(10 * static_cast<int64_t>(solid.reactionDefinition));
+    }
+    if (anyRow) {
+        block.longText += " " + source.Text("SolidsNotConsid");
+        block.gridHeader = source.Text("GridHeaderSolidsNoPrecip");
+        w.Finish(w.Row() + 1);
+    } else {
+        block.longText.clear();
+    }
+}
+
+}  // namespace
+
+void BuildSolidsBlock(const OtherInfoSource& source, InfoBlock& block) {
+    InfoBlockWriter w(block, source.options.formats, source.separator);
+    block.title = source.Text("Solids");
+    block.longText = block.title;
+    if (source.Input().precipitation)
+        PrecipitatedSolids(source, w, block);
+    else
+        SolidSaturations(source, w, block);
+}
+
+}  // namespace tormel

@@ -1,0 +1,78 @@
+#include "output/other_info_writer.h"
+
+#include <algorithm>
+
+#include "core/c_number.h"
+
+namespace tormel {
+
+namespace {
+
+// Rows the grid holds before it first grows, and the rows it grows by.
+constexpr size_t kInitialRows = 50;
+constexpr size_t kGrowthRows = 10;
+
+}  // namespace
+
+InfoBlockWriter::InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator)
+    : block_(block), formats_(formats), separator_(separator) {
+    block_ = InfoBlock{};
+    block_.cells.reserve(kInitialRows * kInfoColumns);
+    block_.rowKeys.reserve(kInitialRows);
+}
+
+void InfoBlockWriter::MoveTo(int32_t row) {
+    row_ = std::max(row_, row);
+    const size_t needed = static_cast<size_t>(row_) + 1;
+    if (needed > block_.rowKeys.capacity()) {
+        size_t capacity = block_.rowKeys.capacity();
+        while (capacity < needed) capacity += kGrowthRows;
+        block_.rowKeys.reserve(capacity);
+        block_.cells.reserve(capacity * kInfoColumns);
+    }
+}
+
+InfoCell& InfoBlockWriter::Cell(int32_t column) {
+    MoveTo(row_);
+    return block_.Cell(std::clamp(column, 0, kInfoColumns - 1), row_);
+}
+
+void InfoBlockWriter::Text(int32_t column, std::string text) {
+    InfoCell& cell = Cell(column);
+    cell.text = std::move(text);
+    cell.numeric = false;
+    cell.number = 0;
+}
+
+void InfoBlockWriter::Number(int32_t column, double value, std::string text) {
+    InfoCell& cell = Cell(column);
+    cell.text = std::move(text);
+    cell.numeric = true;
+    cell.number = value;
+}
+
+void InfoBlockWriter::Scientific(int32_t column, double value) {
+    Number(column, value, FormatNumber(value, formats_.scientific, false, separator_));
+}
+
+void InfoBlockWriter::Logarithm(int32_t column, double value) {
+    Number(column, value, FormatNumber(value, formats_.logarithm, false, separator_));
+}
+
+void InfoBlockWriter::Percentage(int32_t column, double fraction) {
+    Number(column, fraction, FormatNumber(fraction * 100, formats_.percentage, false, separator_));
+}
+
+void InfoBlockWriter::Integer(int32_t column, int32_t value) { Number(column, value, FormatC("%d", value)); }
+
+void InfoBlockWriter::SetKey(int64_t key) {
+    Cell(0);  // the row exists from here on
+    block_.rowKeys[static_cast<size_t>(row_)] = key;
+}
+
+void InfoBlockWriter::AddToKey(int64_t amount) {
+    Cell(0);
+    block_.rowKeys[static_cast<size_t>(row_)] += amount;
+}
+
+}  // namespace tormel

@@ -1,0 +1,70 @@
+// The program without windows writes the exports that the output name's
+// extension asks for, from "/run:" and from a batch file.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "core/text_file.h"
+#include "core/utf16.h"
+#include "result_test_support.h"
+
+namespace tormel::test {
+namespace {
+
+std::string DecodedFile(const std::string& path) {
+    const std::optional<std::u16string> text = ReadUtf16File(path);
+    return text ? Utf16ToUtf8(*text) : std::string();
+}
+
+std::string TextFile(const std::string& path) {
+    std::ifstream in(path);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+struct CliHome {
+    TempFolder folder;
+    std::string home = folder.File("home/");
+
+    CliHome() { std::filesystem::create_directories(home + "Input"); }
+    // Runs tormel-cli with the arguments; its exit code.
+    int Run(const std::string& arguments) {
+        const std::string command = "TORMEL64_HOME='" + home + "' '" + std::string(TORMEL_PROGRAM_DIR) +
+                                    "tormel-cli' " + arguments + " > '" + folder.File("cli.log") + "' 2>&1";
+        const int status = std::system(command.c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+    std::string Log() { return TextFile(folder.File("cli.log")); }
+};
+
+TEST(ExportRun, RunWritesTheExportTheExtensionAsksFor) {
+    CliHome cli;
+    ASSERT_TRUE(WriteReferenceInput(std::string(TORMEL_TEST_DATA) + "/reference/co2_open_ph8.json",
+                                    cli.home + "Input/water.i64"));
+    ASSERT_EQ(cli.Run("/run:water.i64 water.csv"), 0) << cli.Log();
+    const std::string csv = DecodedFile(cli.home + "Output/water.csv");
+    EXPECT_EQ(csv.rfind("\"Calculated with TORMEL Next, version ", 0), 0u) << csv.substr(0, 200);
+    EXPECT_NE(csv.find("\n\"Gas controlled ligands\"\n"), std::string::npos);
+    EXPECT_NE(csv.find("\n\"Block 1: General\"\n\"Number of iterations\"\t"), std::string::npos);
+
+    ASSERT_EQ(cli.Run("/run:water.i64 water.xml"), 0) << cli.Log();
+    const std::string xml = DecodedFile(cli.home + "Output/water.xml");
+    EXPECT_EQ(xml.rfind("<?xml version=\"1.0\"?>\n<?mso-application progid=\"Excel.Sheet\"?>", 0), 0u);
+    EXPECT_NE(xml.find("<Worksheet ss:Name=\"Gas controlled ligands\">"), std::string::npos);
+    EXPECT_NE(xml.find("Block 5: Gases"), std::string::npos);
+}
+
+TEST(ExportRun, BatchJobsWriteExportsToo) {
+    CliHome cli;
+    ASSERT_TRUE(WriteReferenceInput(std::string(TORMEL_TEST_DATA) + "/reference/carbonate_soft_ph6.json",
+                                    cli.home + "Input/soft.i64"));
+    ASSERT_TRUE(
+        WriteUtf16File(cli.home + "Input/jobs.txt", std::string_view("soft.i64 soft.csv\nsoft.i64 soft.xml\n")));
+    ASSERT_EQ(cli.Run("/batch:jobs.txt"), 0) << cli.Log();
+    EXPECT_NE(DecodedFile(cli.home + "Output/soft.csv").find("\"Ligands\""), std::string::npos);
+    EXPECT_NE(DecodedFile(cli.home + "Output/soft.xml").find("<Worksheet ss:Name=\"Ligands\">"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tormel::test

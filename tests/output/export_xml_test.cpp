@@ -1,0 +1,427 @@
+// The XML spreadsheet export, read back by a strict little XML parser: the
+// document must be well-formed, and the worksheets, rows, cells and styles
+// must be where a spreadsheet program will look for them.
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <map>
+#include <optional>
+#include <vector>
+
+#include "core/c_number.h"
+#include "core/text_file.h"
+#include "core/utf16.h"
+#include "export_test_support.h"
+#include "output/export_xml.h"
+#include "output/xml_escape.h"
+#include "support/temp_folder.h"
+
+namespace tormel::test {
+namespace {
+
+// ---- a strict reader for the XML the export writes ----
+// Elements, attributes in double quotes and character data with the
+// predefined entities; processing instructions only before the root. Anything
+// else, and every well-formedness error, fails.
+
+struct XmlNode {
+    std::string name;
+    std::map<std::string, std::string> attributes;
+    std::vector<XmlNode> children;
+    std::string text;  // character data directly inside, entities decoded
+
+    const XmlNode* Child(const std::string& childName) const {
+        for (const XmlNode& child : children)
+            if (child.name == childName) return &child;
+        return nullptr;
+    }
+    std::string Attribute(const std::string& key) const {
+        const auto it = attributes.find(key);
+        return it == attributes.end() ? std::string() : it->second;
+    }
+};
+
+class XmlParser {
+public:
+    explicit XmlParser(std::string_view text) : s_(text) {}
+
+    std::optional<XmlNode> Document() {
+        if (!Next("<?xml ")) return Fail("no XML declaration at the start");
+        while (Next("<?")) at_ = std::min(s_.size(), s_.find("?>", at_) + 2);
+        std::optional<XmlNode> root = Element();
+        SkipSpace();
+        if (root && at_ != s_.size()) return Fail("content after the root element");
+        return root;
+    }
+    const std::string& Error() const { return error_; }
+
+private:
+    std::nullopt_t Fail(const std::string& why) {
+        if (error_.empty()) error_ = why + " at offset " + std::to_string(at_);
+        return std::nullopt;
+    }
+    bool Next(std::string_view p) {
+        SkipSpace();
+        return s_.substr(at_, p.size()) == p;
+    }
+    void SkipSpace() {
+        while (at_ < s_.size() && std::strchr(" \t\r\n", s_[at_]) && s_[at_] != 0) ++at_;
+    }
+    std::string Name() {
+        const size_t start = at_;
+        while (at_ < s_.size() && (std::isalnum(static_cast<unsigned char>(s_[at_])) || s_[at_] == ':')) ++at_;
+        return std::string(s_.substr(start, at_ - start));
+    }
+    // Character data up to `stop`, entities decoded; a stray "<" or "&" fails.
+    bool CharData(char stop, std::string& out) {
+        static const std::map<std::string_view, char> kEntities = {
+            {"amp", '&'}, {"lt", '<'}, {"gt", '>'}, {"quot", '"'}, {"apos", '\''}};
+        while (at_ < s_.size() && s_[at_] != stop) {
+            if (s_[at_] == '<') return Fail("'<' in character data"), false;
+            if (s_[at_] != '&') {
+                out += s_[at_++];
+                continue;
+            }
+            const size_t end = s_.find(';', at_);
+            const auto entity =
+                end == std::string_view::npos ? kEntities.end() : kEntities.find(s_.substr(at_ + 1, end - at_ - 1));
+            if (entity == kEntities.end()) return Fail("bad entity reference"), false;
+            out += entity->second;
+            at_ = end + 1;
+        }
+        return at_ < s_.size() || (Fail("unexpected end"), false);
+    }
+    std::optional<XmlNode> Element() {
+        if (!Next("<")) return Fail("element expected");
+        ++at_;
+        XmlNode node;
+        node.name = Name();
+        if (node.name.empty()) return Fail("element without a name");
+        while (!Next("/>") && !Next(">")) {
+            const std::string key = Name();
+            if (key.empty() || s_.substr(at_, 2) != "=\"") return Fail("malformed attribute in <" + node.name + ">");
+            at_ += 2;
+            std::string value;
+            if (!CharData('"', value)) return std::nullopt;
+            ++at_;
+            if (!node.attributes.emplace(key, value).second) return Fail("attribute repeated: " + key);
+            if (at_ < s_.size() && !std::strchr(" \t\r\n/>", s_[at_])) return Fail("attributes run together");
+        }
+        if (Next("/>")) {
+            at_ += 2;
+            return node;
+        }
+        ++at_;
+        while (true) {
+            if (!CharData('<', node.text)) return std::nullopt;
+            if (s_.substr(at_, 2) == "</") {
+                at_ += 2;
+                if (Name() != node.name || !Next(">")) return Fail("closing tag does not match <" + node.name + ">");
+                ++at_;
+                return node;
+            }
+            std::optional<XmlNode> child = Element();
+            if (!child) return std::nullopt;
+            node.children.push_back(std::move(*child));
+        }
+    }
+
+    std::string_view s_;
+    size_t at_ = 0;
+    std::string error_;
+};
+
+// ---- the workbook as a spreadsheet program sees it ----
+
+struct SheetCell {
+    bool empty = true;
+    std::string style;
+    std::string type;
+    std::string value;
+};
+using SheetRows = std::vector<std::vector<SheetCell>>;
+
+struct Workbook {
+    XmlNode root;
+    std::vector<std::string> sheetNames;
+    std::map<std::string, SheetRows> sheets;
+};
+
+Workbook ReadWorkbook(const std::string& text) {
+    XmlParser parser(text);
+    std::optional<XmlNode> root = parser.Document();
+    EXPECT_TRUE(root.has_value()) << parser.Error();
+    Workbook book;
+    if (!root) return book;
+    book.root = *root;
+    for (const XmlNode& sheet : root->children) {
+        if (sheet.name != "Worksheet") continue;
+        const std::string name = sheet.Attribute("ss:Name");
+        book.sheetNames.push_back(name);
+        SheetRows& rows = book.sheets[name];
+        const XmlNode* table = sheet.Child("Table");
+        if (!table) continue;
+        for (const XmlNode& row : table->children) {
+            rows.emplace_back();
+            for (const XmlNode& cell : row.children) {
+                SheetCell c;
+                c.style = cell.Attribute("ss:StyleID");
+                if (const XmlNode* data = cell.Child("Data")) {
+                    c.empty = false;
+                    c.type = data->Attribute("ss:Type");
+                    c.value = data->text;
+                }
+                rows.back().push_back(c);
+            }
+        }
+    }
+    return book;
+}
+
+// The row whose first cell holds `text`, or nullptr.
+const std::vector<SheetCell>* FindRow(const SheetRows& rows, const std::string& text) {
+    for (const auto& row : rows)
+        if (!row.empty() && row[0].value == text) return &row;
+    return nullptr;
+}
+
+std::vector<std::string> FirstCells(const SheetRows& rows) {
+    std::vector<std::string> texts;
+    for (const auto& row : rows) texts.push_back(row.empty() ? std::string() : row[0].value);
+    return texts;
+}
+
+struct XmlFixture {
+    Language language{EnglishLanguageFile()};
+    OutputOptions options;
+    std::tm when{};
+    XmlFixture() {
+        when.tm_year = 2024 - 1900;
+        when.tm_mon = 5;
+        when.tm_mday = 5;
+        when.tm_hour = 14;
+        when.tm_min = 3;
+        when.tm_sec = 7;
+    }
+    Workbook Export(const ResultStore& store) {
+        return ReadWorkbook(FormatXmlExport(store, 0, ExportContext{language, options}, when));
+    }
+};
+
+void ExpectCell(const SheetCell& cell, const std::string& type, const std::string& value,
+                const std::string& style = "") {
+    EXPECT_FALSE(cell.empty);
+    EXPECT_EQ(cell.type, type);
+    EXPECT_EQ(cell.value, value);
+    EXPECT_EQ(cell.style, style);
+}
+
+TEST(XmlExport, WorkbookWithoutGasHasFourSheetsAndItsContentsSayNothingOfGases) {
+    XmlFixture f;
+    const Workbook book = f.Export(ExportSampleStore());
+    EXPECT_EQ(book.sheetNames, (std::vector<std::string>{"Contents", "Cations", "Ligands", "Other info"}));
+    const std::vector<std::string> contents = FirstCells(book.sheets.at("Contents"));
+    const std::vector<std::string> expected = {"This workbook holds the results for the cations and the ligands.",
+                                               "Sheet Cations: every cation with its species.",
+                                               "Sheet Ligands: every ligand with its species.",
+                                               "Sheet Other info: general information about the calculation.",
+                                               "",
+                                               "",
+                                               "",
+                                               "Made with TORMEL Next."};
+    EXPECT_EQ(contents, expected);
+}
+
+TEST(XmlExport, GasComponentAddsItsSheetAndDefaultNamesStandInForMissingTexts) {
+    XmlFixture f;
+    const ResultStore store = ExportSampleStore({.gas = true});
+    const Workbook english = f.Export(store);
+    ASSERT_EQ(english.sheetNames.size(), 5u);
+    EXPECT_EQ(english.sheetNames[3], "Gas controlled ligands");
+    const std::vector<std::string> contents = FirstCells(english.sheets.at("Contents"));
+    EXPECT_EQ(contents[0],
+              "This workbook holds the results for the cations, the ligands and the gas controlled ligands.");
+    EXPECT_EQ(contents[3], "Sheet Gas controlled ligands: every ligand fixed by a gas.");
+    EXPECT_NE(FindRow(english.sheets.at("Gas controlled ligands"), "HCO3"), nullptr);
+    EXPECT_EQ(FindRow(english.sheets.at("Ligands"), "HCO3"), nullptr);
+
+    Language none;
+    const Workbook bare = ReadWorkbook(FormatXmlExport(store, 0, ExportContext{none, f.options}, f.when));
+    EXPECT_EQ(bare.sheetNames,
+              (std::vector<std::string>{"Contents", "Cations", "Ligands", "Gas controlled ligands", "Other info"}));
+}
+
+TEST(XmlExport, ComponentSheetRowsCellsAndStyles) {
+    XmlFixture f;
+    const Workbook book = f.Export(ExportSampleStore());
+    const SheetRows& cations = book.sheets.at("Cations");
+    std::vector<std::string> firsts = FirstCells(cations);
+    const std::vector<std::string> head = {"H",   "Summary", "Fraction", "Dissolved H", "", "Details", "Species",
+                                           "H +", "",        "",         "Ca"};
+    firsts.resize(head.size());
+    EXPECT_EQ(firsts, head);
+    EXPECT_EQ(cations[0][0].style, "s1");
+
+    // the proton has no percentages: no fraction cell in the summary, an empty one in the details
+    const auto* protonSummary = FindRow(cations, "Dissolved H");
+    ASSERT_NE(protonSummary, nullptr);
+    ASSERT_EQ(protonSummary->size(), 3u);
+    ExpectCell((*protonSummary)[1], "Number", "1E-07", "s3");
+    const auto* proton = FindRow(cations, "H +");
+    ASSERT_NE(proton, nullptr);
+    ASSERT_EQ(proton->size(), 8u);  // no literature cell for a free species
+    EXPECT_TRUE((*proton)[3].empty);
+    ExpectCell((*proton)[4], "Number", "1E-07", "s3");
+    EXPECT_TRUE((*proton)[6].empty);
+    EXPECT_TRUE((*proton)[7].empty);
+
+    // the fraction is kept as a fraction and shown by the percentage style
+    const auto* dissolved = FindRow(cations, "Dissolved Ca");
+    ASSERT_NE(dissolved, nullptr);
+    ASSERT_EQ(dissolved->size(), 4u);
+    ExpectCell((*dissolved)[1], "Number", "0.000244140625", "s3");
+    ExpectCell((*dissolved)[2], "String", "M");
+    ExpectCell((*dissolved)[3], "Number", "0.25", "s2");
+
+    const auto* complex = FindRow(cations, "CaCO3 (aq)");
+    ASSERT_NE(complex, nullptr);
+    ASSERT_EQ(complex->size(), 9u);
+    ExpectCell((*complex)[3], "Number", "0.125", "s2");
+    ExpectCell((*complex)[6], "Number", "3.22", "s4");
+    ExpectCell((*complex)[8], "String", "Plummer & Busenberg <1982>");
+}
+
+TEST(XmlExport, FractionOfAZeroTotalIsWrittenAsTextNotAsAnInvalidNumber) {
+    XmlFixture f;
+    ResultStore store = ExportSampleStore();
+    store.components[1].amounts[AmountTotal] = 0;
+    const Workbook book = f.Export(store);
+    const auto* dissolved = FindRow(book.sheets.at("Cations"), "Dissolved Ca");
+    ASSERT_NE(dissolved, nullptr);
+    ASSERT_EQ(dissolved->size(), 4u);
+    ExpectCell((*dissolved)[3], "String", "INF");
+}
+
+TEST(XmlExport, OrganicSiteRowInMicromolar) {
+    XmlFixture f;
+    f.options.units.order = 2;
+    const Workbook book = f.Export(ExportSampleStore({.organic = true}));
+    const auto* site = FindRow(book.sheets.at("Cations"), "FA-monodentate");
+    ASSERT_NE(site, nullptr);
+    ASSERT_EQ(site->size(), 9u);
+    ExpectCell((*site)[1], "Number", "2", "s3");
+    ExpectCell((*site)[2], "String", "\u00B5M");
+    const double fraction = static_cast<double>(static_cast<float>(2e-6)) * 1024;
+    ExpectCell((*site)[3], "Number", FormatC("%.16G", fraction), "s2");
+    for (int k = 4; k < 8; ++k) EXPECT_TRUE((*site)[k].empty);
+    ExpectCell((*site)[8], "String", "Tipping 1998");
+}
+
+TEST(XmlExport, OtherInfoSheetSplitsTheGridHeaderAndKeepsNumbers) {
+    XmlFixture f;
+    ResultStore store = ExportSampleStore();
+    InfoBlock& block = store.sets[0].otherInfo[3];
+    block.title = "Solids";
+    block.gridHeader = "Solid,Saturation index,State";
+    block.columnCount = 3;
+    block.rowCount = 2;
+    block.Cell(0, 0).text = "Calcite";
+    InfoCell& number = block.Cell(1, 0);
+    number.text = "0,563";
+    number.numeric = true;
+    number.number = 0.5632;
+    block.Cell(0, 1).text = "Gypsum";
+    const Workbook book = f.Export(store);
+    const SheetRows& rows = book.sheets.at("Other info");
+
+    const std::vector<std::string> firsts = FirstCells(rows);
+    const std::vector<std::string> expected = {"Block 1 (not used in this calculation)",
+                                               "",
+                                               "Block 2 (not used in this calculation)",
+                                               "",
+                                               "Block 3 (not used in this calculation)",
+                                               "",
+                                               "Block 4: Solids",
+                                               "Solid",
+                                               "Calcite",
+                                               "Gypsum",
+                                               ""};
+    ASSERT_GE(firsts.size(), expected.size());
+    EXPECT_EQ(std::vector<std::string>(firsts.begin(), firsts.begin() + expected.size()), expected);
+    EXPECT_EQ(rows[6][0].style, "s1");
+    ASSERT_EQ(rows[7].size(), 3u);
+    ExpectCell(rows[7][1], "String", "Saturation index");
+    ExpectCell(rows[7][2], "String", "State");
+    ExpectCell(rows[8][1], "Number", "0.5632");
+    ASSERT_EQ(rows[9].size(), 3u);
+    ExpectCell(rows[9][2], "String", "");
+}
+
+TEST(XmlExport, PrologPropertiesAndStyles) {
+    XmlFixture f;
+    const std::string text = FormatXmlExport(ExportSampleStore(), 0, ExportContext{f.language, f.options}, f.when);
+    EXPECT_EQ(text.rfind("<?xml version=\"1.0\"?>\n<?mso-application progid=\"Excel.Sheet\"?><Workbook ", 0), 0u);
+    const Workbook book = ReadWorkbook(text);
+    EXPECT_EQ(book.root.Attribute("xmlns"), "urn:schemas-microsoft-com:office:spreadsheet");
+    EXPECT_EQ(book.root.Attribute("xmlns:ss"), "urn:schemas-microsoft-com:office:spreadsheet");
+    EXPECT_EQ(book.root.Attribute("xmlns:o"), "urn:schemas-microsoft-com:office:office");
+    EXPECT_EQ(book.root.Attribute("xmlns:x"), "urn:schemas-microsoft-com:office:excel");
+    EXPECT_EQ(book.root.Attribute("xmlns:html"), "http://www.w3.org/TR/REC-html40");
+
+    const XmlNode* properties = book.root.Child("DocumentProperties");
+    ASSERT_NE(properties, nullptr);
+    std::vector<std::string> names;
+    for (const XmlNode& child : properties->children) names.push_back(child.name);
+    EXPECT_EQ(names, (std::vector<std::string>{"Author", "LastAuthor", "Created", "LastSaved", "Company", "Version"}));
+    EXPECT_EQ(properties->Child("Created")->text, "06- 5-2024T14:03:07Z");
+    EXPECT_EQ(properties->Child("LastSaved")->text, "06- 5-2024T14:03:07Z");
+    EXPECT_EQ(properties->Child("Company")->text, "TORMEL Next (64 bits)");
+    EXPECT_EQ(properties->Child("Version")->text, "14.00");
+    EXPECT_EQ(XmlDocumentDate(f.when), "06- 5-2024T14:03:07Z");
+
+    std::map<std::string, std::string> formats;
+    for (const XmlNode& style : book.root.Child("Styles")->children)
+        if (const XmlNode* format = style.Child("NumberFormat"))
+            formats[style.Attribute("ss:ID")] = format->Attribute("ss:Format");
+    EXPECT_EQ(formats, (std::map<std::string, std::string>{{"s2", "0.00%"}, {"s3", "0.000E+00"}, {"s4", "0.000"}}));
+}
+
+TEST(XmlExport, EscapingKeepsTheDocumentWellFormed) {
+    EXPECT_EQ(XmlEscape("a & b < c > d \"e\""), "a &amp; b &lt; c &gt; d \"e\"");
+    EXPECT_EQ(XmlEscapeAttribute("Sheet \"1\" & <2>"), "Sheet &quot;1&quot; &amp; &lt;2&gt;");
+    EXPECT_EQ(XmlEscape(std::string("a\x01"
+                                    "b\tc\x1f",
+                                    6)),
+              "ab\tc");
+
+    // the reader refuses what a spreadsheet program would refuse
+    for (const char* broken : {"<?xml version=\"1.0\"?><a>&</a>", "<?xml version=\"1.0\"?><a><b></a></b>",
+                               "<?xml version=\"1.0\"?><a x=\"1\"y=\"2\"/>", "<?xml version=\"1.0\"?><a>1 < 2</a>"})
+        EXPECT_FALSE(XmlParser(broken).Document().has_value()) << broken;
+
+    XmlFixture f;
+    ResultStore store = ExportSampleStore();
+    store.components[1].displayName = "Ca <\"&\x02>";
+    const Workbook book = f.Export(store);
+    EXPECT_NE(FindRow(book.sheets.at("Cations"), "Ca <\"&>"), nullptr);
+}
+
+TEST(XmlExport, FileIsUtf16AndRefusedWhereItCannotBeCreated) {
+    XmlFixture f;
+    TempFolder folder;
+    const ResultStore store = ExportSampleStore({.gas = true, .organic = true});
+    const std::string path = folder.File("water.xml");
+    FileError error;
+    ASSERT_TRUE(ExportXml(path, store, 0, ExportContext{f.language, f.options}, &error)) << error.message;
+    EXPECT_EQ(ReadBinaryFile(path)->substr(0, 4), std::string("\xFF\xFE<\0", 4));
+    const std::optional<std::u16string> back = ReadUtf16File(path);
+    ASSERT_TRUE(back.has_value());
+    EXPECT_EQ(ReadWorkbook(Utf16ToUtf8(*back)).sheetNames.size(), 5u);
+
+    const std::string missing = folder.File("missing/water.xml");
+    EXPECT_FALSE(ExportXml(missing, store, 0, ExportContext{f.language, f.options}, &error));
+    EXPECT_FALSE(FileExists(missing));
+}
+
+}  // namespace
+}  // namespace tormel::test

@@ -1,0 +1,144 @@
+// Several result sets side by side: output files taken into a comparison
+// each become a set; removing a set moves the later ones down intact;
+// removing the last one, or closing, empties the store.
+#include <gtest/gtest.h>
+
+#include "output/build_other_info.h"
+#include "output/output_file.h"
+#include "output/result_set_list.h"
+#include "result_test_support.h"
+
+namespace tormel::test {
+namespace {
+
+struct ThreeOutputs {
+    TempFolder folder;
+    RecordingUi ui;
+    Workspace ws;
+    std::vector<std::string> paths;
+    std::vector<ResultStore> alone;  // each file read on its own into set 0
+
+    ThreeOutputs() {
+        PrepareWorkspace(ws, folder, ui);
+        const char* cases[] = {"carbonate_soft_ph6", "co2_open_ph8", "seawater_major_ions"};
+        for (int k = 0; k < 3; ++k) {
+            const std::string file = std::string(TORMEL_TEST_DATA) + "/reference/" + cases[k] + ".json";
+            EXPECT_TRUE(CalculateReferenceCase(ws, file, k == 2 ? 2 : 1)) << cases[k];
+            ws.results.sets[0].snapshot.input.description = std::string("Water ") + cases[k];
+            paths.push_back(folder.File(std::string(cases[k]) + ".o64"));
+            EXPECT_TRUE(WriteOutputFile(paths.back(), ws.results, 0));
+            ResultStore store;
+            EXPECT_FALSE(ReadOutputFile(paths.back(), store, 0).has_value());
+            BuildOtherInfo(store, 0, MakeResultContext(ws));
+            alone.push_back(std::move(store));
+        }
+    }
+};
+
+void ExpectSameReport(const ResultStore& expected, const ResultStore& actual, int32_t set) {
+    for (int32_t b = 0; b < kInfoBlockCount; ++b) {
+        const InfoBlock& x = expected.sets[0].otherInfo[b];
+        const InfoBlock& y = actual.sets[set].otherInfo[b];
+        EXPECT_EQ(x.title, y.title) << "block " << b;
+        ASSERT_EQ(x.rowCount, y.rowCount) << "block " << b;
+        for (int32_t r = 0; r < x.rowCount; ++r) {
+            const InfoCell* p = x.FindCell(0, r);
+            const InfoCell* q = y.FindCell(0, r);
+            EXPECT_EQ(p ? p->text : "", q ? q->text : "") << "block " << b << " row " << r;
+        }
+    }
+}
+
+TEST(ResultSets, RemovingTheSecondOfThreeMovesTheThirdDownIntact) {
+    ThreeOutputs t;
+    ResultStore store;
+    ComparisonList list;
+    const ResultContext context = MakeResultContext(t.ws);
+    for (const std::string& path : t.paths) ASSERT_FALSE(AddToComparison(store, list, path, context).has_value());
+    ASSERT_EQ(store.SetCount(), 3);
+    ASSERT_EQ(list.rows.size(), 3u);
+    EXPECT_EQ(list.rows[2].number, "#3");
+    EXPECT_EQ(list.rows[2].description, "Water seawater_major_ions");
+    for (int32_t s = 0; s < 3; ++s) {
+        ExpectSetsEqual(t.alone[s], 0, store, s);
+        ExpectSameReport(t.alone[s], store, s);
+    }
+
+    RemoveFromComparison(store, list, 1);
+    ASSERT_EQ(store.SetCount(), 2);
+    ExpectSetsEqual(t.alone[0], 0, store, 0);
+    ExpectSetsEqual(t.alone[2], 0, store, 1);
+    ExpectSameReport(t.alone[2], store, 1);
+    // the store's arrays hold exactly the records of the two sets
+    EXPECT_EQ(store.species.size(), t.alone[0].species.size() + t.alone[2].species.size());
+    EXPECT_EQ(store.salts.size(), t.alone[2].salts.size());
+    EXPECT_EQ(store.msaIons.size(), t.alone[2].msaIons.size());
+    ASSERT_EQ(list.rows.size(), 2u);
+    EXPECT_EQ(list.rows[1].number, "#2");
+    EXPECT_EQ(list.rows[1].path, t.paths[2]);
+    EXPECT_EQ(list.rows[1].description, "Water seawater_major_ions");
+
+    RemoveFromComparison(store, list, 0);
+    ASSERT_EQ(store.SetCount(), 1);
+    ExpectSetsEqual(t.alone[2], 0, store, 0);
+    EXPECT_EQ(list.rows[0].number, "#1");
+
+    // the last one empties the store and the list
+    RemoveFromComparison(store, list, 0);
+    EXPECT_EQ(store.SetCount(), 1);
+    EXPECT_EQ(store.sets[0].header.componentCount, 0);
+    EXPECT_TRUE(store.components.empty());
+    EXPECT_TRUE(store.species.empty());
+    EXPECT_TRUE(store.sets[0].otherInfo[0].title.empty());
+    EXPECT_FALSE(store.holdsLoadedOutput);
+    EXPECT_TRUE(list.rows.empty());
+}
+
+TEST(ResultSets, RefusedFileLeavesStoreAndListAsTheyWere) {
+    ThreeOutputs t;
+    ResultStore store;
+    ComparisonList list;
+    const ResultContext context = MakeResultContext(t.ws);
+    ASSERT_FALSE(AddToComparison(store, list, t.paths[0], context).has_value());
+    ASSERT_FALSE(AddToComparison(store, list, t.paths[1], context).has_value());
+
+    const std::string bad = t.folder.File("bad.o64");
+    WriteBytes(bad, Utf16Bytes("Not an output file\nDo NOT manually edit this file\nFormat version: 1.3\n"));
+    const std::optional<OutputFileError> error = AddToComparison(store, list, bad, context);
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->key, "ErrorOpen1");
+    EXPECT_EQ(store.SetCount(), 2);
+    EXPECT_EQ(list.rows.size(), 2u);
+    ExpectSetsEqual(t.alone[1], 0, store, 1);
+
+    // adding after the refusal takes the next number
+    ASSERT_FALSE(AddToComparison(store, list, t.paths[2], context).has_value());
+    EXPECT_EQ(list.rows[2].number, "#3");
+    ExpectSetsEqual(t.alone[2], 0, store, 2);
+
+    CloseComparison(store, list);
+    EXPECT_EQ(store.SetCount(), 1);
+    EXPECT_TRUE(store.reactions.empty());
+    EXPECT_TRUE(list.rows.empty());
+}
+
+TEST(ResultSets, RemovingTheFirstSetAndNumbersOfLongLists) {
+    ThreeOutputs t;
+    ResultStore store;
+    ComparisonList list;
+    const ResultContext context = MakeResultContext(t.ws);
+    for (const std::string& path : t.paths) ASSERT_FALSE(AddToComparison(store, list, path, context).has_value());
+    RemoveResultSet(store, 0);
+    ASSERT_EQ(store.SetCount(), 2);
+    ExpectSetsEqual(t.alone[1], 0, store, 0);
+    ExpectSetsEqual(t.alone[2], 0, store, 1);
+    RemoveResultSet(store, 5);  // no such set
+    EXPECT_EQ(store.SetCount(), 2);
+
+    EXPECT_EQ(ComparisonNumber(7), "#7");
+    EXPECT_EQ(ComparisonNumber(42), "#42");
+    EXPECT_EQ(ComparisonNumber(123), "#12");
+}
+
+}  // namespace
+}  // namespace tormel::test
