@@ -8,8 +8,6 @@ namespace tormel {
 
 namespace {
 
-constexpr int32_t kMsaModel = 2;
-
 void ResetBalanceSums(SystemComponent& sc) { sc.sumDissolved = sc.sumOther = sc.sumAdsorbed = sc.sumSolid = 0; }
 
 // The balance sums of the unknowns the solver did not balance (fixed

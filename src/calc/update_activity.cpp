@@ -8,8 +8,6 @@ namespace tormel {
 
 namespace {
 
-constexpr int32_t kMsaModel = 2;
-
 // Davies conditional constant: log K + logGamma1 * dz^2.
 double DaviesWorkingLogK(const Species& sp, double logGamma1) { return sp.logK + logGamma1 * sp.deltaZ2; }
 

@@ -9,11 +9,15 @@
 
 namespace tormel {
 
+// Activity models of the input problem.
+constexpr int32_t kDaviesModel = 1;
+constexpr int32_t kMsaModel = 2;
+
 struct InputProblem {
     std::string description;
     bool ionicStrengthFixed = false;
     double fixedIonicStrength = 0;  // mol/L; kept by a reset
-    int32_t ionicStrengthModel = 2;  // 1 Davies, 2 MSA
+    int32_t ionicStrengthModel = kMsaModel;
     double convergenceCriterion = 1.0001;
     double temperature = 25;  // degrees C
     int32_t temperatureCorrection = 0;  // 0 none, 1 when all enthalpies known, 2 always

@@ -11,7 +11,6 @@ namespace tormel {
 
 namespace {
 
-constexpr int32_t kDaviesModel = 1;
 
 bool Reported(int32_t type) { return type == Cation || type == Electron || type == Ligand || type == Ads || type == Gas; }
 

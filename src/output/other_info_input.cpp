@@ -14,7 +14,6 @@ namespace tormel {
 
 namespace {
 
-constexpr int32_t kDaviesModel = 1;
 constexpr int32_t kFirstOptionRow = 8;
 constexpr int32_t kRedoxGroupWithFreeMember = 5;
 // pE to millivolts at 25 degrees C

@@ -11,7 +11,6 @@ namespace tormel {
 
 namespace {
 
-constexpr int32_t kDaviesModel = 1;
 
 }  // namespace
 

@@ -11,7 +11,6 @@ namespace {
 constexpr size_t kWholeLineLimit = 258;
 constexpr size_t kQuotedLimit = 259;
 constexpr size_t kOrganicReferenceLimit = 8190;
-constexpr int32_t kDaviesModel = 1;
 
 std::string OneLine(std::string text, size_t limit) {
     std::replace(text.begin(), text.end(), '\n', ' ');
