@@ -26,7 +26,6 @@ void AddToSums(SystemComponent& sc, int32_t kind, double amount) {
         sc.sumAdsorbed += amount;
     else if (IsSolidKind(kind))
         sc.sumSolid += amount;
-    // organic kinds: the organic model's sums
 }
 
 void CombineSums(SystemComponent& sc, double bulkFraction) {
@@ -46,6 +45,7 @@ void ComputeProtonSums(CalcContext& ctx) {
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {
         const Species& sp = chem.species[s];
+        if (IsOrganicKind(sp.kind)) continue;
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             if (term.systemComponent != 0 || term.coefficient == 0) continue;
@@ -81,6 +81,7 @@ void TotalsAndRatios(CalcContext& ctx, bool& converged) {
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {
         const Species& sp = chem.species[s];
+        if (IsOrganicKind(sp.kind)) continue;  // summed by the organic model
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             SystemComponent& sc = scs[term.systemComponent];

@@ -1,6 +1,8 @@
 // Concentrations of the species from the free concentrations of the unknowns:
 // c_s = 10^(workingLogK + sum nu log c).
 #include <cmath>
+#include <numbers>
+#include <vector>
 
 #include "calc/solver.h"
 
@@ -20,6 +22,9 @@ bool ComputedHere(int32_t kind) {
 }  // namespace
 
 void SpeciesConcentrations(ChemicalSystem& chem) {
+    // log10 of each unknown once, not once per species term
+    std::vector<double> logFree(chem.systemComponents.size());
+    for (size_t j = 0; j < logFree.size(); ++j) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {
         Species& sp = chem.species[s];
@@ -28,9 +33,9 @@ void SpeciesConcentrations(ChemicalSystem& chem) {
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             if (term.coefficient == 0) continue;
-            exponent += term.coefficient * std::log10(chem.systemComponents[term.systemComponent].freeConcentration);
+            exponent += term.coefficient * logFree[term.systemComponent];
         }
-        sp.concentration = std::pow(10.0, exponent);
+        sp.concentration = std::exp(exponent * std::numbers::ln10);
     }
 }
 

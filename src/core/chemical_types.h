@@ -57,6 +57,9 @@ constexpr bool IsDissolvedKind(int32_t kind) {
            kind == ComplexSpecies;
 }
 constexpr bool IsSolidKind(int32_t kind) { return kind == RedoxPartnerSolid || kind == SolidSpecies; }
+// Species bound by dissolved organic matter (kinds 9 to 72); their sums are
+// the organic model's own.
+constexpr bool IsOrganicKind(int32_t kind) { return kind > SolidSpecies; }
 
 // Index rule of every two-dimensional table.
 constexpr int32_t Position(int32_t column, int32_t row, int32_t columnCount) {

@@ -38,7 +38,7 @@ bool FreeKind(int32_t kind) {
 
 bool SpeciesShown(const SpeciesResult& p, int32_t n, double b, const ComponentResult& component,
                   const OutputOptions& options) {
-    if (p.kind > SolidSpecies) return false;
+    if (IsOrganicKind(p.kind)) return false;
     if (options.showAll) return p.kind != SolidSpecies || p.concentration != 0;
     if (!component.percentagesAllowed) return true;
     const double total = component.amounts[AmountTotal];
