@@ -11,7 +11,7 @@
 #include <string>
 
 #include "../tests/calc/real_database.h"
-#include "calc/run_calculation.h"
+#include "timed_calculation.h"
 
 namespace {
 
@@ -65,20 +65,8 @@ void SolveOrganicWater(benchmark::State& state, int32_t model, bool protonBalanc
     ChemicalSystem chem = *database;
     InputProblem input;
     NaturalWater(chem, input, model, protonBalance);
-    int32_t iterations = 0;
-    bool converged = true;
-    for (auto _ : state) {
-        SolverState solver;  // every run starts like the first calculation of a session
-        CalcContext ctx{chem, input, solver};
-        const CalculationOutcome out = RunCalculation(ctx, false);
-        iterations = out.solve.iterations;
-        converged = converged && out.solve.converged;
-        benchmark::DoNotOptimize(chem.species.data());
-    }
-    state.counters["solver_iterations"] = iterations;
-    state.counters["species"] = static_cast<double>(chem.species.size());
+    bench::TimeCalculation(state, chem, input, bench::SolverStart::Fresh);
     state.counters["unknowns"] = static_cast<double>(chem.systemComponents.size());
-    if (!converged) state.SkipWithError("not converged");
 }
 
 const bool kRegistered = [] {

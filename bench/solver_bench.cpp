@@ -9,6 +9,7 @@
 #ifndef TORMEL_TEST_DATA
 #define TORMEL_TEST_DATA TORMEL_SOURCE_DIR "/tests/data"
 #endif
+#include "../tests/calc/component_inputs.cpp"
 #include "../tests/calc/json_reader.cpp"
 #include "../tests/calc/real_database.cpp"
 #include "../tests/calc/reference_case.cpp"
@@ -22,6 +23,7 @@
 #include <vector>
 
 #include "calc/run_calculation.h"
+#include "timed_calculation.h"
 
 namespace {
 
@@ -41,20 +43,7 @@ void SolveCase(benchmark::State& state, JsonValue reference, bool precipitation)
         return;
     }
     input.precipitation = input.precipitation || precipitation;
-    SolverState solver;
-    int32_t iterations = 0;
-    bool converged = true;
-    for (auto _ : state) {
-        solver.ionicStrength = 0;  // every run starts like the first calculation of a session
-        CalcContext ctx{chem, input, solver};
-        const CalculationOutcome out = RunCalculation(ctx, false);
-        iterations = out.solve.iterations;
-        converged = converged && out.solve.converged;
-        benchmark::DoNotOptimize(chem.species.data());
-    }
-    state.counters["solver_iterations"] = iterations;
-    state.counters["species"] = static_cast<double>(chem.species.size());
-    if (!converged) state.SkipWithError("not converged");
+    bench::TimeCalculation(state, chem, input, bench::SolverStart::Reset);
 }
 
 // A fixed set of random waters (the sequence of the precipitation tests),

@@ -1,12 +1,17 @@
 #include <gtest/gtest.h>
 
 #include "calc/assemble_system.h"
-#include "calc/synthetic_database.h"
+#include "calc/calc_fixture.h"
 #include "calc/temperature.h"
 
 namespace tormel::test {
 
 namespace {
+bool Assemble(CalcFixture& f) {
+    CalcContext ctx = f.Context();
+    return AssembleSystem(ctx);
+}
+
 int32_t Coefficient(const ChemicalSystem& chem, int32_t s, int32_t systemComponent) {
     const int32_t count = static_cast<int32_t>(chem.species.size());
     for (int32_t e = 0; e < chem.species[s].componentTerms; ++e) {
@@ -20,8 +25,7 @@ int32_t Coefficient(const ChemicalSystem& chem, int32_t s, int32_t systemCompone
 TEST(CalcAssembly, OnlyHydrogenGivesHydrogenAndHydroxide) {
     CalcFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    CalcContext ctx = f.Context();
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     ASSERT_EQ(f.chem.systemComponents.size(), 1u);
     EXPECT_EQ(f.chem.systemComponents[0].name, "H");
     ASSERT_EQ(f.chem.species.size(), 2u);
@@ -39,10 +43,8 @@ TEST(CalcAssembly, OnlyHydrogenGivesHydrogenAndHydroxide) {
 TEST(CalcAssembly, ComplexNeedsAllItsComponents) {
     CalcFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kCa, InpTypeTotalConc, 1e-3);
-    f.Set(kCl, InpTypeTotalConc, 2e-3);
-    CalcContext ctx = f.Context();
-    ASSERT_TRUE(AssembleSystem(ctx));
+    f.SetTotals({{kCa, 1e-3}, {kCl, 2e-3}});
+    ASSERT_TRUE(Assemble(f));
     EXPECT_GE(f.SpeciesIndex("CaCl+"), 0);
     EXPECT_GE(f.SpeciesIndex("CaOH+"), 0);
     EXPECT_LT(f.SpeciesIndex("NaCl"), 0);    // Na has value 0
@@ -64,8 +66,7 @@ TEST(CalcAssembly, GasLigandComplexTakesTheGasConstant) {
     f.Set(kH, InpTypeFreeAct, 1e-8);
     f.Set(kCa, InpTypeTotalConc, 1e-3);
     f.Set(kCO2Gas, InpTypeGasPres, 3.16e-4);
-    CalcContext ctx = f.Context();
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     const int32_t gasLigand = f.SpeciesIndex("free CO3");
     ASSERT_GE(gasLigand, 0);
     EXPECT_EQ(f.chem.species[gasLigand].kind, GasLigand);
@@ -90,8 +91,7 @@ TEST(CalcAssembly, RedoxGroupJoinsWhenOneMemberIsGiven) {
     f.Set(kH, InpTypeFreeAct, 1e-3);
     f.Set(kFe3, InpTypeTotalConc, 2e-4);  // only the oxidised member is given
     f.Set(kElectron, InpTypeFreeAct, 1e-12);
-    CalcContext ctx = f.Context();
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     EXPECT_TRUE(f.chem.components[kFe2].inInput);
     // one unknown for the group, named after its head, balanced by the sum
     int32_t groupUnknowns = 0;
@@ -117,8 +117,7 @@ TEST(CalcAssembly, RedoxGroupJoinsWhenOneMemberIsGiven) {
     CalcFixture g;
     g.Set(kH, InpTypeFreeAct, 1e-3);
     g.Set(kFe3, InpTypeTotalConc, 2e-4);
-    CalcContext gctx = g.Context();
-    ASSERT_TRUE(AssembleSystem(gctx));
+    ASSERT_TRUE(Assemble(g));
     EXPECT_FALSE(g.chem.components[kFe2].inInput);
     EXPECT_GT(g.chem.components[kFe3].systemIndex, 0);
 }
@@ -129,8 +128,7 @@ TEST(CalcAssembly, RedoxGroupWithFreeMemberIsFixedByIt) {
     f.Set(kH, InpTypeFreeAct, 1e-3);
     f.Set(kFe2, InpTypeTotalConc, 1e-4);
     f.Set(kFe3, InpTypeFreeAct, 1e-6);
-    CalcContext ctx = f.Context();
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     const SystemComponent& head = f.chem.systemComponents[f.chem.components[kFe2].systemIndex];
     EXPECT_EQ(head.balanceKind, 5);
     EXPECT_EQ(head.givenMember, kFe3);
@@ -143,12 +141,11 @@ TEST(CalcAssembly, TemperatureCorrectionModes) {
     f.Set(kH, InpTypeFreeAct, 1e-7);
     f.Set(kCa, InpTypeTotalConc, 1e-3);  // brings CaOH+, whose enthalpy is unknown
     f.Set(kCO3, InpTypeTotalConc, 1e-3);
-    CalcContext ctx = f.Context();
     f.input.temperatureCorrection = 1;
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     EXPECT_FALSE(f.chem.temperatureCorrectionApplied);
     f.input.temperatureCorrection = 2;
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     EXPECT_TRUE(f.chem.temperatureCorrectionApplied);
     const Species& hco3 = f.chem.species[f.SpeciesIndex("HCO3-")];
     EXPECT_DOUBLE_EQ(hco3.tempCorrection, TemperatureTerm(10, -14900));
@@ -158,10 +155,10 @@ TEST(CalcAssembly, TemperatureCorrectionModes) {
     // mode 1 corrects when every species has its enthalpy
     f.Set(kCa, InpTypeTotalConc, 0);
     f.input.temperatureCorrection = 1;
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     EXPECT_TRUE(f.chem.temperatureCorrectionApplied);
     f.input.temperatureCorrection = 0;
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     EXPECT_FALSE(f.chem.temperatureCorrectionApplied);
 }
 
@@ -169,10 +166,8 @@ TEST(CalcAssembly, AdsorbedSpeciesRowsAndCharges) {
     CalcFixture f;
     f.input.adsorption = true;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kCa, InpTypeTotalConc, 1e-3);
-    f.Set(kSite, InpTypeTotalConc, 1e-4);
-    CalcContext ctx = f.Context();
-    ASSERT_TRUE(AssembleSystem(ctx));
+    f.SetTotals({{kCa, 1e-3}, {kSite, 1e-4}});
+    ASSERT_TRUE(Assemble(f));
     const int32_t site = f.SpeciesIndex("free Hfo_wOH");
     ASSERT_GE(site, 0);
     EXPECT_EQ(f.chem.species[site].kind, AdsorbedSpecies);
@@ -188,7 +183,7 @@ TEST(CalcAssembly, AdsorbedSpeciesRowsAndCharges) {
     EXPECT_EQ(f.chem.reactionReactants[Position(0, row, width)].name, "Ca");
     // without the adsorption option no adsorbed species are formed
     f.input.adsorption = false;
-    ASSERT_TRUE(AssembleSystem(ctx));
+    ASSERT_TRUE(Assemble(f));
     EXPECT_LT(f.SpeciesIndex("Hfo_wOCa+"), 0);
 }
 

@@ -15,6 +15,7 @@
 #include <cmath>
 #include <cstdio>
 
+#include "calc/component_inputs.h"
 #include "calc/real_database.h"
 #include "calc/run_calculation.h"
 
@@ -54,11 +55,7 @@ constexpr MeasuredSalt kSalts[] = {
 // concentration c (mol/L of salt), read from the salt table.
 double ModelGamma(const ChemicalSystem& database, const MeasuredSalt& salt, double c) {
     ChemicalSystem chem = database;
-    for (Component& comp : chem.components) {
-        comp.inputValue = 0;
-        comp.inputType = comp.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    }
-    chem.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
+    ClearInputs(chem);
     Component& h = chem.components[chem.hydrogenIndex];
     h.inputType = InpTypeFreeAct;
     h.inputValue = 1e-7;
@@ -101,7 +98,7 @@ TEST(CalcMsa, MeanActivityCoefficientsOfChlorides) {
 
 }  // namespace tormel::test
 
-#include "calc/synthetic_database.h"
+#include "calc/calc_fixture.h"
 
 namespace tormel::test {
 
@@ -109,9 +106,7 @@ TEST(CalcMsa, UnsizedComplexKeepsDaviesConstantAndSaltsAreNamed) {
     CalcFixture f;
     f.input.ionicStrengthModel = 2;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kNa, InpTypeTotalConc, 0.05);
-    f.Set(kCa, InpTypeTotalConc, 0.02);
-    f.Set(kCl, InpTypeTotalConc, 0.09);
+    f.SetTotals({{kNa, 0.05}, {kCa, 0.02}, {kCl, 0.09}});
     CalcContext ctx = f.Context();
     const CalculationOutcome out = RunCalculation(ctx, false);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;

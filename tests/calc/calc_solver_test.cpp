@@ -34,10 +34,7 @@ void ExpectRelative(double actual, double expected, double tolerance, const char
 TEST(CalcSolver, CalciumChlorideCarbonateAtFixedPh) {
     CalcFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kNa, InpTypeTotalConc, 1e-3);
-    f.Set(kCa, InpTypeTotalConc, 1e-3);
-    f.Set(kCl, InpTypeTotalConc, 2e-3);
-    f.Set(kCO3, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kNa, 1e-3}, {kCa, 1e-3}, {kCl, 2e-3}, {kCO3, 1e-3}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.assembled);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -68,9 +65,7 @@ TEST(CalcSolver, CalciumChlorideCarbonateAtFixedPh) {
 
 TEST(CalcSolver, SodiumBicarbonateByProtonBalance) {
     CalcFixture f;
-    f.Set(kH, InpTypeTotalConc, 1e-3);
-    f.Set(kNa, InpTypeTotalConc, 1e-3);
-    f.Set(kCO3, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kH, 1e-3}, {kNa, 1e-3}, {kCO3, 1e-3}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     // electroneutral: the given totals carry no net charge
@@ -91,8 +86,7 @@ TEST(CalcSolver, SodiumBicarbonateByProtonBalance) {
 TEST(CalcSolver, NetProtonTotalAtHydroxideReferenceUsesDonorAcceptorRatio) {
     CalcFixture f;
     f.Set(kH, InpTypeTotalConc, 0);  // Na2CO3: no protons beyond the reference forms
-    f.Set(kNa, InpTypeTotalConc, 2e-3);
-    f.Set(kCO3, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kNa, 2e-3}, {kCO3, 1e-3}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     const double donors = Conc(f, "free H") + Conc(f, "HCO3-") + 2 * Conc(f, "H2CO3");
@@ -103,8 +97,7 @@ TEST(CalcSolver, NetProtonTotalAtHydroxideReferenceUsesDonorAcceptorRatio) {
 TEST(CalcSolver, AcidStrongEnoughToForbidNewtonStillConverges) {
     // free H+ above 1e-4 keeps the Newton step off in proton-balance mode
     CalcFixture f;
-    f.Set(kH, InpTypeTotalConc, 0.02);
-    f.Set(kCl, InpTypeTotalConc, 0.02);
+    f.SetTotals({{kH, 0.02}, {kCl, 0.02}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     ExpectRelative(Conc(f, "free H") - Conc(f, "free OH"), 0.02, kTight, "proton total");
@@ -140,8 +133,7 @@ TEST(CalcSolver, OnlyHydrogenAtFixedPh) {
 TEST(CalcSolver, GasFixesTheDissolvedLigand) {
     CalcFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-8);
-    f.Set(kCa, InpTypeTotalConc, 5e-4);
-    f.Set(kCl, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kCa, 5e-4}, {kCl, 1e-3}});
     f.Set(kCO2Gas, InpTypeGasPres, std::pow(10.0, -3.5));
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -158,8 +150,7 @@ TEST(CalcSolver, RedoxSplitFollowsThePe) {
     CalcFixture f;
     f.input.redox = true;
     f.Set(kH, InpTypeFreeAct, std::pow(10.0, -2.5));
-    f.Set(kFe3, InpTypeTotalConc, 2e-4);
-    f.Set(kCl, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kFe3, 2e-4}, {kCl, 1e-3}});
     f.Set(kElectron, InpTypeFreeAct, std::pow(10.0, -12.8));
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -187,9 +178,7 @@ TEST(CalcSolver, AdsorptionBalancesSitesAndMetals) {
     CalcFixture f;
     f.input.adsorption = true;
     f.Set(kH, InpTypeFreeAct, std::pow(10.0, -7.5));
-    f.Set(kCa, InpTypeTotalConc, 1e-4);
-    f.Set(kCl, InpTypeTotalConc, 2e-4);
-    f.Set(kSite, InpTypeTotalConc, 2e-4);
+    f.SetTotals({{kCa, 1e-4}, {kCl, 2e-4}, {kSite, 2e-4}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     ExpectRelative(Conc(f, "free Hfo_wOH") + Conc(f, "Hfo_wOH2+") + Conc(f, "Hfo_wOCa+"), 2e-4, kTight, "sites");
@@ -210,11 +199,7 @@ TEST(CalcSolver, CriterionIsTightenedInStages) {
     for (double criterion : {1.001, 1.0001, 1.00001, 1.000001, 1 / 1.000001}) {
         CalcFixture f;
         f.input.convergenceCriterion = criterion;
-        f.Set(kH, InpTypeTotalConc, 1e-3);
-        f.Set(kNa, InpTypeTotalConc, 1e-3);
-        f.Set(kCa, InpTypeTotalConc, 5e-4);
-        f.Set(kCl, InpTypeTotalConc, 1e-3);
-        f.Set(kCO3, InpTypeTotalConc, 1e-3);
+        f.SetTotals({{kH, 1e-3}, {kNa, 1e-3}, {kCa, 5e-4}, {kCl, 1e-3}, {kCO3, 1e-3}});
         const CalculationOutcome out = Calculate(f);
         ASSERT_TRUE(out.solve.converged) << criterion;
         // the stage the solve ends at: the input criterion, or 1.0001 when that is looser
@@ -230,8 +215,7 @@ TEST(CalcSolver, CriterionIsTightenedInStages) {
 TEST(CalcSolver, IonicStrengthStartValues) {
     CalcFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kCa, InpTypeTotalConc, 0.01);
-    f.Set(kCl, InpTypeTotalConc, 0.02);
+    f.SetTotals({{kCa, 0.01}, {kCl, 0.02}});
     CalcContext ctx = f.Context();
     ASSERT_TRUE(AssembleSystem(ctx));
     // first calculation of the run: half the sum of total z^2 (H+ starts at 1e-7)
@@ -252,9 +236,7 @@ TEST(CalcSolver, IonicStrengthStartValues) {
 
 TEST(CalcSolver, CancelStopsWithoutResults) {
     CalcFixture f;
-    f.Set(kH, InpTypeTotalConc, 1e-3);
-    f.Set(kNa, InpTypeTotalConc, 1e-3);
-    f.Set(kCO3, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kH, 1e-3}, {kNa, 1e-3}, {kCO3, 1e-3}});
     UiServices ui;
     std::vector<SolverProgress> reports;
     ui.progress = [&](const SolverProgress& p) {
@@ -286,8 +268,7 @@ TEST(CalcSolver, IterationBoundEndsWithNamedWorstComponent) {
     CalcFixture f;
     f.state.maxIterations = 2;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kCa, InpTypeTotalConc, 1e-3);
-    f.Set(kCl, InpTypeTotalConc, 2e-3);
+    f.SetTotals({{kCa, 1e-3}, {kCl, 2e-3}});
     bool built = false;
     CalcContext ctx = f.Context();
     ctx.buildResults = [&](CalcContext&) { built = true; };

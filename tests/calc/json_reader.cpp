@@ -57,9 +57,27 @@ private:
         pos_ += word.size();
         return true;
     }
-    bool String(std::string& out) {
-        if (pos_ >= s_.size() || s_[pos_] != '"') return false;
+    // Steps over `c` when it comes next.
+    bool Consume(char c) {
+        if (pos_ >= s_.size() || s_[pos_] != c) return false;
         ++pos_;
+        return true;
+    }
+    // The items of an object or an array, from its opening bracket to
+    // `close`, separated by commas; `item` reads one.
+    template <class ReadItem>
+    bool Items(char close, ReadItem item) {
+        ++pos_;
+        SkipSpace();
+        if (Consume(close)) return true;
+        for (;;) {
+            if (!item()) return false;
+            SkipSpace();
+            if (!Consume(',')) return Consume(close);
+        }
+    }
+    bool String(std::string& out) {
+        if (!Consume('"')) return false;
         while (pos_ < s_.size() && s_[pos_] != '"') {
             char c = s_[pos_++];
             if (c == '\\') {
@@ -112,39 +130,26 @@ private:
         const char c = s_[pos_];
         if (c == '{') {
             v.kind = JsonValue::Kind::Object;
-            ++pos_;
-            SkipSpace();
-            if (pos_ < s_.size() && s_[pos_] == '}') return ++pos_, true;
-            for (;;) {
+            return Items('}', [&] {
                 SkipSpace();
                 std::string key;
                 if (!String(key)) return false;
                 SkipSpace();
-                if (pos_ >= s_.size() || s_[pos_] != ':') return false;
-                ++pos_;
+                if (!Consume(':')) return false;
                 JsonValue member;
                 if (!Value(member, depth + 1)) return false;
                 v.members.emplace_back(std::move(key), std::move(member));
-                SkipSpace();
-                if (pos_ < s_.size() && s_[pos_] == ',') { ++pos_; continue; }
-                if (pos_ < s_.size() && s_[pos_] == '}') return ++pos_, true;
-                return false;
-            }
+                return true;
+            });
         }
         if (c == '[') {
             v.kind = JsonValue::Kind::Array;
-            ++pos_;
-            SkipSpace();
-            if (pos_ < s_.size() && s_[pos_] == ']') return ++pos_, true;
-            for (;;) {
+            return Items(']', [&] {
                 JsonValue item;
                 if (!Value(item, depth + 1)) return false;
                 v.items.push_back(std::move(item));
-                SkipSpace();
-                if (pos_ < s_.size() && s_[pos_] == ',') { ++pos_; continue; }
-                if (pos_ < s_.size() && s_[pos_] == ']') return ++pos_, true;
-                return false;
-            }
+                return true;
+            });
         }
         if (c == '"') {
             v.kind = JsonValue::Kind::String;

@@ -80,9 +80,7 @@ void ExpectNeutral(const NeutralFixture& f) {
 TEST(Neutralise, ExcessCationChargeRaisesTheAnionAtFixedPh) {
     NeutralFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kNa, InpTypeTotalConc, 2e-3);
-    f.Set(kCa, InpTypeTotalConc, 1e-3);
-    f.Set(kCl, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kNa, 2e-3}, {kCa, 1e-3}, {kCl, 1e-3}});
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
     EXPECT_GT(out.passes, 0);
@@ -110,8 +108,7 @@ TEST(Neutralise, ExcessCationChargeRaisesTheAnionAtFixedPh) {
 TEST(Neutralise, ExcessAnionChargeRaisesTheCation) {
     NeutralFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kNa, InpTypeTotalConc, 1e-3);
-    f.Set(kCl, InpTypeTotalConc, 5e-3);
+    f.SetTotals({{kNa, 1e-3}, {kCl, 5e-3}});
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
     ExpectNeutral(f);
@@ -122,8 +119,7 @@ TEST(Neutralise, ExcessAnionChargeRaisesTheCation) {
 TEST(Neutralise, AlreadyNeutralSolvesOnce) {
     NeutralFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kNa, InpTypeTotalConc, 1e-3);
-    f.Set(kCl, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kNa, 1e-3}, {kCl, 1e-3}});
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
     EXPECT_EQ(out.passes, 0);
@@ -150,10 +146,7 @@ TEST(Neutralise, AnionNotInTheInputJoinsTheSystem) {
 TEST(Neutralise, ProtonBalanceTakesTheFirstEstimateFromTheTotals) {
     // Na2CO3 + NaHCO3 with 1 mM too much Na: the totals' excess goes to Cl
     NeutralFixture f;
-    f.Set(kH, InpTypeTotalConc, 1e-3);
-    f.Set(kNa, InpTypeTotalConc, 4e-3);
-    f.Set(kCO3, InpTypeTotalConc, 2e-3);
-    f.Set(kCl, InpTypeTotalConc, 1e-4);
+    f.SetTotals({{kH, 1e-3}, {kNa, 4e-3}, {kCO3, 2e-3}, {kCl, 1e-4}});
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
     ExpectNeutral(f);
@@ -163,9 +156,7 @@ TEST(Neutralise, ProtonBalanceTakesTheFirstEstimateFromTheTotals) {
 
     // an anion not yet in the input gets the estimate and joins: the first solve is neutral
     NeutralFixture g;
-    g.Set(kH, InpTypeTotalConc, 1e-3);
-    g.Set(kNa, InpTypeTotalConc, 4e-3);
-    g.Set(kCO3, InpTypeTotalConc, 2e-3);
+    g.SetTotals({{kH, 1e-3}, {kNa, 4e-3}, {kCO3, 2e-3}});
     const NeutraliseOutcome joined = g.Run();
     ASSERT_TRUE(joined.neutral) << joined.message;
     EXPECT_EQ(joined.passes, 0);
@@ -177,8 +168,7 @@ TEST(Neutralise, CancelEndsWithoutResults) {
     NeutralFixture f;
     f.cancelAtSecondSolve = true;
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kNa, InpTypeTotalConc, 2e-3);
-    f.Set(kCl, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kNa, 2e-3}, {kCl, 1e-3}});
     const NeutraliseOutcome out = f.Run();
     EXPECT_TRUE(out.cancelled);
     EXPECT_FALSE(out.neutral);
@@ -195,8 +185,7 @@ TEST(Neutralise, PassesAreBoundedWithAClearMessage) {
     NeutralFixture f;
     f.input.neutraliseAnion = kCO3;
     f.Set(kH, InpTypeFreeAct, 1e-4);
-    f.Set(kNa, InpTypeTotalConc, 1e-3);
-    f.Set(kCO3, InpTypeTotalConc, 1e-4);
+    f.SetTotals({{kNa, 1e-3}, {kCO3, 1e-4}});
     const NeutraliseOutcome out = f.Run();
     EXPECT_FALSE(out.neutral);
     EXPECT_EQ(out.passes, kMaxNeutralisePasses);

@@ -3,14 +3,14 @@
 // tests: formation constants (log K of the solid from its components at
 // 25 °C) chosen for each scenario.
 #include <initializer_list>
-#include <utility>
 
 #include "core/chemical_system.h"
+#include "support/database_builder.h"
 
 namespace tormel::test {
 
 // Appends a solid equilibrium; returns its index.
 int32_t AddSolidEquilibrium(ChemicalSystem& chem, const char* name, double logK,
-                            std::initializer_list<std::pair<int32_t, int32_t>> terms);
+                            std::initializer_list<ReactionTerm> terms);
 
 }  // namespace tormel::test

@@ -105,9 +105,7 @@ TEST(PrecipitationAssembly, SolidsAreFormedLikeComplexesAndCounted) {
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     AddSolidEquilibrium(f.chem, "Portlandite", -22.8, {{kCa, 1}, {kH, -2}});
     AddSolidEquilibrium(f.chem, "Siderite", 10.24, {{kFe2, 1}, {kCO3, 1}});  // Fe(II) not in the input
-    f.Set(kH, InpTypeTotalConc, 1e-3);
-    f.Set(kCa, InpTypeTotalConc, 1e-3);
-    f.Set(kCO3, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kH, 1e-3}, {kCa, 1e-3}, {kCO3, 1e-3}});
     CalcContext ctx = f.Ctx();
     ASSERT_TRUE(AssembleSystem(ctx));
     const TypeRange range = f.chem.solidSpeciesRange;
@@ -144,8 +142,7 @@ TEST(PrecipitationAssembly, SolidThatNoBalanceLimitsRefusesTheCalculation) {
     f.Set(kH, InpTypeFreeAct, 1e-8);
     f.Set(kCa, InpTypeFreeAct, 1e-3);
     f.Set(kCO3, InpTypeFreeConc, 1e-4);
-    f.Set(kNa, InpTypeTotalConc, 1e-3);
-    f.Set(kCl, InpTypeTotalConc, 1e-3);
+    f.SetTotals({{kNa, 1e-3}, {kCl, 1e-3}});
     const CalculationOutcome out = f.Run();
     EXPECT_FALSE(out.assembled);
     EXPECT_EQ(out.solve.iterations, 0);
@@ -162,10 +159,7 @@ TEST(Precipitation, CalciteFromAnOversaturatedWaterAtFixedPh) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     f.Set(kH, InpTypeFreeAct, std::pow(10.0, -8.3));
-    f.Set(kCa, InpTypeTotalConc, 3e-3);
-    f.Set(kCO3, InpTypeTotalConc, 4e-3);
-    f.Set(kNa, InpTypeTotalConc, 2e-3);
-    f.Set(kCl, InpTypeTotalConc, 6e-3);
+    f.SetTotals({{kCa, 3e-3}, {kCO3, 4e-3}, {kNa, 2e-3}, {kCl, 6e-3}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     const double calcite = f.Amount("Calcite");
@@ -191,8 +185,7 @@ TEST(Precipitation, UndersaturatedWaterFormsNothing) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     f.Set(kH, InpTypeFreeAct, 1e-6);
-    f.Set(kCa, InpTypeTotalConc, 1e-4);
-    f.Set(kCO3, InpTypeTotalConc, 1e-4);
+    f.SetTotals({{kCa, 1e-4}, {kCO3, 1e-4}});
     ASSERT_TRUE(f.Run().solve.converged);
     EXPECT_EQ(f.Amount("Calcite"), 0.0);
     EXPECT_LT(f.SaturationIndex("Calcite"), 0);
@@ -204,8 +197,7 @@ TEST(Precipitation, HydroxideFromAProtonBalance) {
     // H+ (coefficient -2), the pH comes from the proton balance
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "Portlandite", -22.8, {{kCa, 1}, {kH, -2}});
-    f.Set(kH, InpTypeTotalConc, -0.1);
-    f.Set(kCa, InpTypeTotalConc, 0.05);
+    f.SetTotals({{kH, -0.1}, {kCa, 0.05}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     const double solid = f.Amount("Portlandite");
@@ -228,11 +220,7 @@ TEST(Precipitation, OneSolidPerComponentPerCheckButHydrogenIsSharedAtFixedPh) {
     AddSolidEquilibrium(f.chem, "Portlandite", -22.8, {{kCa, 1}, {kH, -2}});
     AddSolidEquilibrium(f.chem, "Ferrihydrite", -3.19, {{kFe3, 1}, {kH, -3}});
     f.Set(kH, InpTypeFreeAct, std::pow(10.0, -12.6));
-    f.Set(kCa, InpTypeTotalConc, 0.06);
-    f.Set(kCO3, InpTypeTotalConc, 0.01);
-    f.Set(kFe3, InpTypeTotalConc, 1e-5);
-    f.Set(kNa, InpTypeTotalConc, 0.02);
-    f.Set(kCl, InpTypeTotalConc, 0.1);
+    f.SetTotals({{kCa, 0.06}, {kCO3, 0.01}, {kFe3, 1e-5}, {kNa, 0.02}, {kCl, 0.1}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     const int32_t calcite = f.EnteredIn("Calcite");
@@ -259,9 +247,7 @@ TEST(Precipitation, SolidThatMustDissolveCompletelyLeaves) {
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     AddSolidEquilibrium(f.chem, "CaCl2(s)", 9.0, {{kCa, 1}, {kCl, 2}});
     f.Set(kH, InpTypeFreeAct, 1e-10);
-    f.Set(kCa, InpTypeTotalConc, 0.01);
-    f.Set(kCO3, InpTypeTotalConc, 0.005);
-    f.Set(kCl, InpTypeTotalConc, 0.06);
+    f.SetTotals({{kCa, 0.01}, {kCO3, 0.005}, {kCl, 0.06}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     ASSERT_GT(f.EnteredIn("Calcite"), 0);
@@ -283,9 +269,7 @@ TEST(Precipitation, SolidThatReleasesAComponent) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "CaCl(Na-1)(s)", 1.5, {{kCa, 1}, {kCl, 1}, {kNa, -1}});
     f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kCa, InpTypeTotalConc, 0.01);
-    f.Set(kCl, InpTypeTotalConc, 0.02);
-    f.Set(kNa, InpTypeTotalConc, 0.001);
+    f.SetTotals({{kCa, 0.01}, {kCl, 0.02}, {kNa, 0.001}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     const double solid = f.Amount("CaCl(Na-1)(s)");
@@ -308,9 +292,7 @@ TEST(Precipitation, SolidMadeOfTwoPresentSolidsReplacesOneOfThem) {
     AddSolidEquilibrium(f.chem, "CaCl2(s)", 8.0, {{kCa, 1}, {kCl, 2}});
     AddSolidEquilibrium(f.chem, "Ca2CO3Cl2(s)", 16.9, {{kCa, 2}, {kCO3, 1}, {kCl, 2}});
     f.Set(kH, InpTypeFreeAct, 1e-10);
-    f.Set(kCa, InpTypeTotalConc, 0.02);
-    f.Set(kCO3, InpTypeTotalConc, 0.005);
-    f.Set(kCl, InpTypeTotalConc, 0.06);
+    f.SetTotals({{kCa, 0.02}, {kCO3, 0.005}, {kCl, 0.06}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     EXPECT_GT(f.EnteredIn("Ca2CO3Cl2(s)"), 0);
@@ -329,8 +311,7 @@ TEST(Precipitation, CheckScalesAPresentSolidBySquareOfItsRatio) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     f.Set(kH, InpTypeFreeAct, std::pow(10.0, -8.3));
-    f.Set(kCa, InpTypeTotalConc, 3e-3);
-    f.Set(kCO3, InpTypeTotalConc, 4e-3);
+    f.SetTotals({{kCa, 3e-3}, {kCO3, 4e-3}});
     ASSERT_TRUE(f.Run().solve.converged);
     const double before = f.Amount("Calcite");
     ASSERT_GT(before, 0);

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdio>
 
+#include "component_inputs.h"
+
 namespace tormel::test {
 
 namespace {
@@ -75,11 +77,7 @@ RandomWater MakeRandomWater(std::mt19937& rng) {
 bool ApplyRandomWater(const RandomWater& water, const ChemicalSystem& database, double criterion,
                       ChemicalSystem& chem, InputProblem& input) {
     chem = database;
-    for (Component& c : chem.components) {
-        c.inputValue = 0;
-        c.inputType = c.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    }
-    chem.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
+    ClearInputs(chem);
     Component& hydrogen = chem.components[chem.hydrogenIndex];
     if (water.protonBalance) {
         hydrogen.inputType = InpTypeTotalConc;

@@ -10,6 +10,7 @@
 #include "calc/calc_context.h"
 #include "calc/run_calculation.h"
 #include "calc/temperature.h"
+#include "component_inputs.h"
 
 namespace tormel::test {
 
@@ -102,11 +103,7 @@ private:
     }
 
     bool SetUp() {
-        for (Component& comp : chem_.components) {
-            comp.inputValue = 0;
-            comp.inputType = comp.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-        }
-        chem_.components[chem_.hydroxideIndex].inputType = InpTypeNotSpecified;
+        ClearInputs(chem_);
         const JsonValue* options = c_.Find("options");
         input_.redox = options && options->BoolOr("redox", false);
         input_.adsorption = options && options->BoolOr("adsorption", false);

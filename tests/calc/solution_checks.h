@@ -4,7 +4,7 @@
 #include <cmath>
 #include <string>
 
-#include "calc/synthetic_database.h"
+#include "calc/calc_fixture.h"
 
 namespace tormel::test {
 

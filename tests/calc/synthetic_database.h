@@ -1,11 +1,7 @@
 #pragma once
 // A small chemical database built in code, with constants close to the real
 // ones, for tests whose answers can be checked by hand.
-#include <string>
-
-#include "calc/calc_context.h"
 #include "core/chemical_system.h"
-#include "input/input_problem.h"
 
 namespace tormel::test {
 
@@ -42,28 +38,5 @@ enum SyntheticEquilibrium : int32_t {
 };
 
 ChemicalSystem BuildSyntheticDatabase();
-
-// Sets every component's input to nothing (H+ and OH included).
-void ClearInputs(ChemicalSystem& chem);
-
-// A calculation context over a chemical system, an input problem and a
-// solver state that the fixture owns.
-struct CalcFixture {
-    ChemicalSystem chem = BuildSyntheticDatabase();
-    InputProblem input;
-    SolverState state;
-    CalcFixture() {
-        ClearInputs(chem);
-        input.ionicStrengthModel = 1;  // Davies
-        input.convergenceCriterion = 1.000001;
-    }
-    CalcContext Context() { return CalcContext{chem, input, state}; }
-    void Set(int32_t component, int32_t type, double value) {
-        chem.components[component].inputType = type;
-        chem.components[component].inputValue = value;
-    }
-    // index of the species with the given name; -1 when absent
-    int32_t SpeciesIndex(const std::string& name) const;
-};
 
 }  // namespace tormel::test

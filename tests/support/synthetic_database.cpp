@@ -3,45 +3,22 @@
 #include <filesystem>
 #include <stdexcept>
 
+#include "support/database_builder.h"
+
 namespace tormel::test {
 
 namespace {
 
 int32_t AddComponent(ChemicalSystem& chem, int32_t type, const std::string& name, int32_t charge, double mass = 0,
                      double diameter = 0, int32_t model = 0) {
-    Component c;
-    c.type = type;
-    c.name = name;
-    c.charge = (type == RedSol || type == Gas) ? 0 : charge;
-    c.molarMass = mass;
-    c.ionDiameter = diameter;
+    Component c = MakeComponent(type, name, (type == RedSol || type == Gas) ? 0 : charge, mass, diameter);
     c.organicModel = model;
     chem.components.push_back(c);
     return static_cast<int32_t>(chem.components.size() - 1);
 }
 
-struct Term {
-    int32_t coefficient;
-    int32_t component;
-};
-
-void AddEquilibrium(ChemicalSystem& chem, Equilibrium q, std::initializer_list<Term> terms) {
-    chem.equilibria.push_back(q);
-    const size_t eqCount = chem.equilibria.size();
-    std::vector<int32_t> matrix(chem.components.size() * eqCount, 0);
-    for (size_t c = 0; c < chem.components.size(); ++c)
-        for (size_t e = 0; e + 1 < eqCount; ++e) matrix[c * eqCount + e] = chem.stoichiometry[c * (eqCount - 1) + e];
-    for (const Term& t : terms) matrix[static_cast<size_t>(t.component) * eqCount + eqCount - 1] = t.coefficient;
-    chem.stoichiometry = std::move(matrix);
-    chem.equilibria.back().componentCount = static_cast<int32_t>(terms.size());
-}
-
 Equilibrium Eq(int32_t type, const std::string& name, int32_t charge, double logK, int32_t deltaZ2, int32_t literature) {
-    Equilibrium q;
-    q.type = type;
-    q.name = name;
-    q.charge = charge;
-    q.logK = logK;
+    Equilibrium q = MakeEquilibrium(type, name, charge, logK);
     q.deltaZ2 = deltaZ2;
     q.literatureRef = literature;
     return q;
@@ -73,38 +50,38 @@ ChemicalSystem SyntheticDatabase() {
                        "Tipping (1998) Humic ion-binding model VI"};
 
     // water: H2O = H+ + OH-, written as the formation of water
-    AddEquilibrium(chem, Eq(EqWater, "H2O", 0, 14.0, -2, 1), {{1, h}, {1, oh}});
-    AddEquilibrium(chem, Eq(EqComplex, "HCO3", -1, 10.329, -4, 2), {{1, h}, {1, co3}});
+    AppendEquilibrium(chem, Eq(EqWater, "H2O", 0, 14.0, -2, 1), {{h, 1}, {oh, 1}});
+    AppendEquilibrium(chem, Eq(EqComplex, "HCO3", -1, 10.329, -4, 2), {{h, 1}, {co3, 1}});
     chem.equilibria.back().hasEnthalpy = true;
     chem.equilibria.back().enthalpy = -14900;
     chem.equilibria.back().complexDiameter = 4e-10;
-    AddEquilibrium(chem, Eq(EqComplex, "CaCO3", 0, 3.22, -8, 2), {{1, ca}, {1, co3}});
-    AddEquilibrium(chem, Eq(EqComplex, "CaHCO3", 1, 11.43, -6, 2), {{1, ca}, {1, h}, {1, co3}});
-    AddEquilibrium(chem, Eq(EqAdsorption, "Hfo_wOCa", 1, 5.0, 3, -1), {{1, hfo}, {1, ca}, {-1, h}});
+    AppendEquilibrium(chem, Eq(EqComplex, "CaCO3", 0, 3.22, -8, 2), {{ca, 1}, {co3, 1}});
+    AppendEquilibrium(chem, Eq(EqComplex, "CaHCO3", 1, 11.43, -6, 2), {{ca, 1}, {h, 1}, {co3, 1}});
+    AppendEquilibrium(chem, Eq(EqAdsorption, "Hfo_wOCa", 1, 5.0, 3, -1), {{hfo, 1}, {ca, 1}, {h, -1}});
     // Redox and gas equilibria hold their linked component in the link, not in
     // the stoichiometry: Fe(II) - e = Fe(III), Mn(II) - 4 H - 2 e = MnO2(s),
     // CO3 + 2 H = CO2(g).
     Equilibrium fe = Eq(EqRedox, "Fe(III)/Fe(II)", 0, -13.02, 0, 1);
     fe.linkedComponent = fe3;
     fe.linkedCoefficient = 1;
-    AddEquilibrium(chem, fe, {{1, fe2}, {-1, e}});
+    AppendEquilibrium(chem, fe, {{fe2, 1}, {e, -1}});
     Equilibrium mnq = Eq(EqRedox, "Mn(II)/MnO2(s)", 0, 41.38, 0, 0);
     mnq.linkedComponent = mno2;
     mnq.linkedCoefficient = 1;
-    AddEquilibrium(chem, mnq, {{1, mn}, {-4, h}, {-2, e}});
+    AppendEquilibrium(chem, mnq, {{mn, 1}, {h, -4}, {e, -2}});
     Equilibrium gas = Eq(EqGas, "CO2(g)", 0, -18.147, 0, 3);
     gas.linkedComponent = co2g;
     gas.linkedCoefficient = 1;
-    AddEquilibrium(chem, gas, {{1, co3}, {2, h}});
-    AddEquilibrium(chem, Eq(EqSolid, "Calcite", 0, 8.48, -8, 2), {{1, ca}, {1, co3}});
-    AddEquilibrium(chem, Eq(EqComplex, "FeCl(CO3)OH", -2, 4.0, 0, 0), {{1, fe3}, {1, cl}, {1, co3}, {1, oh}});
+    AppendEquilibrium(chem, gas, {{co3, 1}, {h, 2}});
+    AppendEquilibrium(chem, Eq(EqSolid, "Calcite", 0, 8.48, -8, 2), {{ca, 1}, {co3, 1}});
+    AppendEquilibrium(chem, Eq(EqComplex, "FeCl(CO3)OH", -2, 4.0, 0, 0), {{fe3, 1}, {cl, 1}, {co3, 1}, {oh, 1}});
     Equilibrium org5 = Eq(EqOrganic, "FA5-Ca", 2, -3.2, 0, 0);
     org5.organicModel = Model5;
-    AddEquilibrium(chem, org5, {{1, ca}, {1, fa5}});
+    AppendEquilibrium(chem, org5, {{ca, 1}, {fa5, 1}});
     Equilibrium org7 = Eq(EqOrganic, "FA7-Ca", 2, -2.5, 0, 3);
     org7.organicModel = Model7;
     org7.organicReal2 = 1.7;
-    AddEquilibrium(chem, org7, {{1, ca}, {1, fa7}});
+    AppendEquilibrium(chem, org7, {{ca, 1}, {fa7, 1}});
 
     for (int32_t model = Model5; model <= Model7; ++model) {
         OrganicModelParameters& p = chem.Organic(model);

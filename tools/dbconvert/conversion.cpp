@@ -132,7 +132,13 @@ private:
     void ConvertOrganic();
 
     int DeltaZ2(const Expr& e, int formedCharge, bool surface) const;
-    bool CheckUsable(const Expr& e, const std::string& kind, const std::string& name, int line);
+    // False, with the reason in the report, when `e` is missing (`why` says
+    // why it could not be written) or cannot be stored.
+    bool CheckUsable(const std::optional<Expr>& e, const std::string& why, const std::string& kind,
+                     const std::string& name, int line);
+    // The equilibrium of `type` that forms `name` with `charge` as `e` writes
+    // it; the literature reference and any links are the caller's.
+    OutputEquilibrium Formed(const Expr& e, int type, const std::string& name, int charge, bool surface) const;
     void Fill();
 };
 
@@ -469,7 +475,13 @@ int Converter::DeltaZ2(const Expr& e, int formedCharge, bool surface) const {
     return static_cast<int>(std::lround(sum));
 }
 
-bool Converter::CheckUsable(const Expr& e, const std::string& kind, const std::string& name, int line) {
+bool Converter::CheckUsable(const std::optional<Expr>& expr, const std::string& why, const std::string& kind,
+                            const std::string& name, int line) {
+    if (!expr) {
+        report().skipped.push_back({kind, name, line, why});
+        return false;
+    }
+    const Expr& e = *expr;
     if (!IsIntegral(e)) {
         std::string terms;
         for (const auto& [c, v] : e.coef)
@@ -489,6 +501,20 @@ bool Converter::CheckUsable(const Expr& e, const std::string& kind, const std::s
         return false;
     }
     return true;
+}
+
+OutputEquilibrium Converter::Formed(const Expr& e, int type, const std::string& name, int charge,
+                                    bool surface) const {
+    OutputEquilibrium out;
+    out.eq.type = type;
+    out.eq.name = name;
+    out.eq.charge = charge;
+    out.eq.logK = e.logK;
+    out.eq.hasEnthalpy = e.enthalpyKnown;
+    out.eq.enthalpy = e.enthalpyKnown ? e.enthalpy : 0;
+    out.eq.deltaZ2 = DeltaZ2(e, charge, surface);
+    out.coef = e.coef;
+    return out;
 }
 
 void Converter::ConvertAqueous() {
@@ -525,21 +551,10 @@ void Converter::ConvertAqueous() {
         }
 
         std::string why;
-        auto e = Express(name, &why);
-        if (!e) {
-            report().skipped.push_back({"aqueous species", name, entry.line, why});
-            continue;
-        }
-        if (!CheckUsable(*e, "aqueous species", name, entry.line)) continue;
+        const auto e = Express(name, &why);
+        if (!CheckUsable(e, why, "aqueous species", name, entry.line)) continue;
         SpeciesName sn = SplitCharge(name);
-        OutputEquilibrium out;
-        out.eq.type = tormel::EqComplex;
-        out.eq.name = sn.formula;
-        out.eq.charge = sn.charge;
-        out.eq.logK = e->logK;
-        out.eq.hasEnthalpy = e->enthalpyKnown;
-        out.eq.enthalpy = e->enthalpyKnown ? e->enthalpy : 0;
-        out.eq.deltaZ2 = DeltaZ2(*e, sn.charge, false);
+        OutputEquilibrium out = Formed(*e, tormel::EqComplex, sn.formula, sn.charge, false);
         if (auto d = IonDiameter(name)) {
             out.eq.complexDiameter = *d;
             report().complexesWithDiameter.push_back(name);
@@ -549,7 +564,6 @@ void Converter::ConvertAqueous() {
             report().notes.push_back({"aqueous species", name, entry.line,
                                       entry.analytic ? "only an analytic expression is given; enthalpy unknown"
                                                      : "no delta_h; enthalpy unknown"});
-        out.coef = e->coef;
         complexes_.push_back(out);
     }
 }
@@ -594,18 +608,10 @@ void Converter::ConvertRedox() {
                                             "of another; no such relation follows from the data"});
             continue;
         }
-        OutputEquilibrium out;
-        out.eq.type = tormel::EqRedox;
-        out.eq.name = ca.name;
-        out.eq.charge = ca.charge;
-        out.eq.logK = e.logK;
-        out.eq.hasEnthalpy = e.enthalpyKnown;
-        out.eq.enthalpy = e.enthalpyKnown ? e.enthalpy : 0;
-        out.eq.deltaZ2 = DeltaZ2(e, ca.charge, false);
+        OutputEquilibrium out = Formed(e, tormel::EqRedox, ca.name, ca.charge, false);
         out.eq.linkedComponent = a;
         out.eq.linkedCoefficient = 1;
         out.eq.literatureRef = literature_.AddSourceCode(def ? def->logKSource : "");
-        out.coef = e.coef;
         redox_.push_back(out);
     }
 }
@@ -625,22 +631,11 @@ void Converter::ConvertPhases() {
         const char* kind = p.isGas ? "gas" : "solid";
         if (p.reaction.left.empty()) continue;
         std::string why;
-        auto e = Generic(p, p.reaction.left[0].species, &why, true);
-        if (!e) {
-            report().skipped.push_back({kind, p.phaseName, p.line, why});
-            continue;
-        }
-        if (!CheckUsable(*e, kind, p.phaseName, p.line)) continue;
+        const auto e = Generic(p, p.reaction.left[0].species, &why, true);
+        if (!CheckUsable(e, why, kind, p.phaseName, p.line)) continue;
         if (!p.isGas) {
-            OutputEquilibrium out;
-            out.eq.type = tormel::EqSolid;
-            out.eq.name = p.phaseName;
-            out.eq.logK = e->logK;
-            out.eq.hasEnthalpy = e->enthalpyKnown;
-            out.eq.enthalpy = e->enthalpyKnown ? e->enthalpy : 0;
-            out.eq.deltaZ2 = DeltaZ2(*e, 0, false);
+            OutputEquilibrium out = Formed(*e, tormel::EqSolid, p.phaseName, 0, false);
             out.eq.literatureRef = literature_.AddSourceCode(p.logKSource);
-            out.coef = e->coef;
             solids_.push_back(out);
             continue;
         }
@@ -665,17 +660,10 @@ void Converter::ConvertPhases() {
         g.species = p.phaseName;
         int gi = static_cast<int>(comps_.size());
         comps_.push_back(g);
-        OutputEquilibrium out;
-        out.eq.type = tormel::EqGas;
-        out.eq.name = p.phaseName;
-        out.eq.logK = e->logK;
-        out.eq.hasEnthalpy = e->enthalpyKnown;
-        out.eq.enthalpy = e->enthalpyKnown ? e->enthalpy : 0;
-        out.eq.deltaZ2 = DeltaZ2(*e, 0, false);
+        OutputEquilibrium out = Formed(*e, tormel::EqGas, p.phaseName, 0, false);
         out.eq.linkedComponent = gi;
         out.eq.linkedCoefficient = 1;
         out.eq.literatureRef = literature_.AddSourceCode(p.logKSource);
-        out.coef = e->coef;
         gases_.push_back(out);
         for (const auto& r : redox_) {
             bool member = r.eq.linkedComponent == ligand || r.coef.count(ligand);
@@ -694,24 +682,12 @@ void Converter::ConvertSurface() {
         const std::string& defined = entry.reaction.right[0].species;
         if (surfaceDefs_[defined] != &entry) continue;
         std::string why;
-        auto e = Express(defined, &why);
-        if (!e) {
-            report().skipped.push_back({"surface species", defined, entry.line, why});
-            continue;
-        }
-        if (!CheckUsable(*e, "surface species", defined, entry.line)) continue;
+        const auto e = Express(defined, &why);
+        if (!CheckUsable(e, why, "surface species", defined, entry.line)) continue;
         SpeciesName sn = SplitCharge(defined);
-        OutputEquilibrium out;
-        out.eq.type = tormel::EqAdsorption;
-        out.eq.name = sn.formula;
-        out.eq.charge = sn.charge;
-        out.eq.logK = e->logK;
-        out.eq.hasEnthalpy = e->enthalpyKnown;
-        out.eq.enthalpy = e->enthalpyKnown ? e->enthalpy : 0;
-        out.eq.deltaZ2 = DeltaZ2(*e, sn.charge, true);
+        OutputEquilibrium out = Formed(*e, tormel::EqAdsorption, sn.formula, sn.charge, true);
         out.eq.literatureRef = entry.logKSource.empty() ? literature_.Add(kCitationSurface)
                                                         : literature_.AddSourceCode(entry.logKSource);
-        out.coef = e->coef;
         adsorption_.push_back(out);
     }
 }
