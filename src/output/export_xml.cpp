@@ -43,7 +43,9 @@ public:
         if (!std::isfinite(value)) return Text(FormatC("%.16G", value));
         out_ += "<Cell ss:StyleID=\"" + std::string(style) + "\">" + NumberData(value) + "</Cell>";
     }
-    void Empty() { out_ += "<Cell/>"; }
+    void Empty(int count = 1) {
+        for (int k = 0; k < count; ++k) out_ += "<Cell/>";
+    }
     void Break() { out_ += "</Row>\n<Row>"; }
     void Row(std::initializer_list<std::string_view> texts) {
         for (const std::string_view text : texts) Text(text);
@@ -60,6 +62,23 @@ private:
 
     std::string& out_;
 };
+
+// The cells a row of a component sheet opens with: its label, its amount in
+// the chosen units and the unit.
+void AmountCells(SheetWriter& sheet, std::string_view label, double converted, std::string_view unit) {
+    sheet.Text(label);
+    sheet.Styled(kScientific, converted);
+    sheet.Text(unit);
+}
+
+// The share of `amount` in the component's total where percentages are
+// allowed, else an empty cell that keeps the later cells in their columns.
+void FractionCell(SheetWriter& sheet, const ExportComponent& rows, double amount, bool singlePrecisionAmount) {
+    if (rows.percentagesAllowed)
+        sheet.Styled(kPercent, ExportFraction(amount, rows.total, singlePrecisionAmount));
+    else
+        sheet.Empty();
+}
 
 class XmlWriter {
 public:
@@ -137,9 +156,7 @@ private:
         sheet.Row({c.Text("Summary")});
         sheet.Row({c.Text("Fraction"), c.Text("Concentration"), c.Text("Unit"), c.Text("Percentage")});
         for (const ExportAmountRow& row : rows.summary) {
-            sheet.Text(row.label);
-            sheet.Styled(kScientific, row.converted);
-            sheet.Text(row.unit);
+            AmountCells(sheet, row.label, row.converted, row.unit);
             if (rows.percentagesAllowed) sheet.Styled(kPercent, ExportFraction(row.amount, rows.total, false));
             sheet.Break();
         }
@@ -148,40 +165,28 @@ private:
         sheet.Row({c.Text("Species"), c.Text("Concentration"), c.Text("Unit"), c.Text("Percentage"), c.Text("Activity"),
                    c.Text("Unit"), c.Text("IntrinsicK"), c.Text("ConditionalK"), c.Text("LitRef")});
         for (const ExportSpeciesRow& row : rows.species) {
-            sheet.Text(row.name);
-            sheet.Styled(kScientific, row.concentration);
-            sheet.Text(row.unit);
-            if (rows.percentagesAllowed)
-                sheet.Styled(kPercent, ExportFraction(row.share, rows.total, false));
-            else
-                sheet.Empty();
+            AmountCells(sheet, row.name, row.concentration, row.unit);
+            FractionCell(sheet, rows, row.share, false);
             if (row.hasActivity) {
                 sheet.Styled(kScientific, row.activity);
                 sheet.Text(row.activityUnit);
             } else {
-                sheet.Empty();
-                sheet.Empty();
+                sheet.Empty(2);
             }
             if (row.hasConstants) {
                 sheet.Styled(kDecimals, row.intrinsicLogK);
                 sheet.Styled(kDecimals, row.conditionalLogK);
             } else {
-                sheet.Empty();
-                sheet.Empty();
+                sheet.Empty(2);
             }
             if (row.hasLiterature) sheet.Text(row.literature);
             sheet.Break();
         }
         const std::string& reference = store_.sets[set_].header.organicReference;
         for (const ExportSiteRow& row : rows.sites) {
-            sheet.Text(row.label);
-            sheet.Styled(kScientific, row.converted);
-            sheet.Text(row.unit);
-            if (rows.percentagesAllowed)
-                sheet.Styled(kPercent, ExportFraction(row.amount, rows.total, true));
-            else
-                sheet.Empty();
-            for (int k = 0; k < 4; ++k) sheet.Empty();
+            AmountCells(sheet, row.label, row.converted, row.unit);
+            FractionCell(sheet, rows, row.amount, true);
+            sheet.Empty(4);
             sheet.Text(reference);
             sheet.Break();
         }

@@ -11,9 +11,7 @@ namespace tormel {
 void BuildAdsorptionBlock(const OtherInfoSource& source, InfoBlock& block) {
     InfoBlockWriter w(block, source.options.formats, source.separator);
     if (!source.Input().adsorption) return;
-    block.title = source.Text("AdsShort");
-    block.longText = source.Text("AdsLong");
-    block.columnCount = 4;
+    w.Heading(source.Text("AdsShort"), source.Text("AdsLong"), 4);
 
     const auto& components = source.view.components;
     const double protons = components.empty() ? 0 : components[0].amounts[AmountAdsorbed];
@@ -22,15 +20,9 @@ void BuildAdsorptionBlock(const OtherInfoSource& source, InfoBlock& block) {
         if (components[i].kind == Cation) cations += components[i].amounts[AmountAdsorbed];
     const double total = protons + cations;
 
-    auto amountRow = [&w, total](std::string label, double amount) {
-        w.Text(0, std::move(label));
-        w.Scientific(1, amount);
-        w.Text(2, "M");
-        w.Percentage(3, amount / total);
-    };
-    amountRow(source.Text("OrgBoundNo"), protons);
+    w.AmountShare(source.Text("OrgBoundNo"), protons, total);
     w.NextRow();
-    amountRow(source.Text("OrgBoundYes"), cations);
+    w.AmountShare(source.Text("OrgBoundYes"), cations, total);
 
     const int32_t reportedEnd =
         std::min<int32_t>(source.set.header.reportedComponentCount, static_cast<int32_t>(components.size()));
@@ -41,7 +33,7 @@ void BuildAdsorptionBlock(const OtherInfoSource& source, InfoBlock& block) {
         if (a == 0) continue;
         if (!source.options.showAll && !(a > source.options.cutOff * total)) continue;
         w.NextRow();
-        amountRow(std::string(kInfoIndent) + c.displayName, a);
+        w.AmountShare(std::string(kInfoIndent) + c.displayName, a, total);
     }
     w.Finish(w.Row() + 1);
 }

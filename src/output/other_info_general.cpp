@@ -11,6 +11,15 @@ namespace {
 constexpr int32_t kGeneralRows = 6;
 constexpr int32_t kGeneralRowsWithOrganic = 16;
 
+// Fills the current row with a label, a value in the scientific format and
+// the value's unit (empty for a ratio), then moves to the next row.
+void ValueRow(InfoBlockWriter& w, std::string label, double value, std::string unit) {
+    w.Text(0, std::move(label));
+    w.Scientific(1, value);
+    w.Text(2, std::move(unit));
+    w.NextRow();
+}
+
 }  // namespace
 
 void BuildGeneralBlock(const OtherInfoSource& source, InfoBlock& block) {
@@ -23,24 +32,11 @@ void BuildGeneralBlock(const OtherInfoSource& source, InfoBlock& block) {
     w.Text(0, source.Text("NumIt"));
     w.Integer(1, header.iterationCount);
     w.NextRow();
-    w.Text(0, source.Text("I"));
-    w.Scientific(1, snapshot.ReportedIonicStrength());
-    w.Text(2, "M");
-    w.NextRow();
-    w.Text(0, source.Text("ChrgPos"));
-    w.Scientific(1, header.cationCharge);
-    w.Text(2, "eq");
-    w.NextRow();
-    w.Text(0, source.Text("ChrgNeg"));
-    w.Scientific(1, header.anionCharge);
-    w.Text(2, "eq");
-    w.NextRow();
-    w.Text(0, source.Text("ChrgDiff"));
-    w.Scientific(1, header.cationCharge - header.anionCharge);
-    w.Text(2, "eq");
-    w.NextRow();
-    w.Text(0, source.Text("ChrgRatio"));
-    w.Scientific(1, header.cationCharge / header.anionCharge);
+    ValueRow(w, source.Text("I"), snapshot.ReportedIonicStrength(), "M");
+    ValueRow(w, source.Text("ChrgPos"), header.cationCharge, "eq");
+    ValueRow(w, source.Text("ChrgNeg"), header.anionCharge, "eq");
+    ValueRow(w, source.Text("ChrgDiff"), header.cationCharge - header.anionCharge, "eq");
+    ValueRow(w, source.Text("ChrgRatio"), header.cationCharge / header.anionCharge, "");
 
     if (!source.Input().organicComplexation) {
         w.Finish(kGeneralRows);
@@ -49,33 +45,16 @@ void BuildGeneralBlock(const OtherInfoSource& source, InfoBlock& block) {
     const OrganicFractionValues& fulvic = snapshot.fractions[0];
     const OrganicFractionValues& humic = snapshot.fractions[1];
     w.MoveTo(7);  // row 6 stays empty
-    w.Text(0, source.Text("OrgChrgGrid1FA"));
-    w.Scientific(1, fulvic.charge);
-    w.Text(2, source.Text("OrgChrgUnitFA"));
-    w.NextRow();
-    w.Text(0, source.Text("OrgRatio"));
-    w.Scientific(1, fulvic.enrichment);
-    w.NextRow();
-    w.Text(0, source.Text("OrgChrgGrid1HA"));
-    w.Scientific(1, humic.charge);
-    w.Text(2, source.Text("OrgChrgUnitHA"));
-    w.NextRow();
-    w.Text(0, source.Text("OrgRatio"));
-    w.Scientific(1, humic.enrichment);
+    ValueRow(w, source.Text("OrgChrgGrid1FA"), fulvic.charge, source.Text("OrgChrgUnitFA"));
+    ValueRow(w, source.Text("OrgRatio"), fulvic.enrichment, "");
+    ValueRow(w, source.Text("OrgChrgGrid1HA"), humic.charge, source.Text("OrgChrgUnitHA"));
+    ValueRow(w, source.Text("OrgRatio"), humic.enrichment, "");
     w.MoveTo(12);  // row 11 stays empty
     w.Text(0, source.Text("OrgVolTxt"));
     w.NextRow();
-    w.Text(0, source.Text("OrgVolFA"));
-    w.Scientific(1, fulvic.volumeFraction);
-    w.Text(2, "L/L");
-    w.NextRow();
-    w.Text(0, source.Text("OrgVolHA"));
-    w.Scientific(1, humic.volumeFraction);
-    w.Text(2, "L/L");
-    w.NextRow();
-    w.Text(0, source.Text("OrgVolSolut"));
-    w.Scientific(1, snapshot.bulkFraction);
-    w.Text(2, "L/L");
+    ValueRow(w, source.Text("OrgVolFA"), fulvic.volumeFraction, "L/L");
+    ValueRow(w, source.Text("OrgVolHA"), humic.volumeFraction, "L/L");
+    ValueRow(w, source.Text("OrgVolSolut"), snapshot.bulkFraction, "L/L");
     w.Finish(kGeneralRowsWithOrganic);
 }
 

@@ -9,17 +9,10 @@
 
 namespace tormel {
 
-namespace {
-
-
-}  // namespace
-
 void BuildMsaBlock(const OtherInfoSource& source, InfoBlock& block) {
     InfoBlockWriter w(block, source.options.formats, source.separator);
     if (source.Input().ionicStrengthModel == kDaviesModel) return;
-    block.title = "MSA";
-    block.longText = source.Text("MSALong");
-    block.columnCount = 6;
+    w.Heading("MSA", source.Text("MSALong"), 6);
 
     w.Text(0, source.Text("MSA1a") + " " + std::to_string(source.view.salts.size()) + " " + source.Text("MSA1b"));
     for (const SaltRecord& salt : source.view.salts) {

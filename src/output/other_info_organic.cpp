@@ -60,9 +60,7 @@ const char* SiteSuffix(int32_t site) {
 void BuildOrganicBlock(const OtherInfoSource& source, InfoBlock& block) {
     InfoBlockWriter w(block, source.options.formats, source.separator);
     if (!source.Input().organicComplexation) return;
-    block.title = source.Text("OrgTitleShort");
-    block.longText = source.Text("OrgTitleLong");
-    block.columnCount = 5;
+    w.Heading(source.Text("OrgTitleShort"), source.Text("OrgTitleLong"), 5);
 
     const auto& components = source.view.components;
     const auto& species = source.view.species;
@@ -107,10 +105,7 @@ void BuildOrganicBlock(const OtherInfoSource& source, InfoBlock& block) {
     };
     auto amountRow = [&w, &reference](std::string label, double amount, double whole) {
         w.NextRow();
-        w.Text(0, std::move(label));
-        w.Scientific(1, amount);
-        w.Text(2, "M");
-        w.Percentage(3, amount / whole);
+        w.AmountShare(std::move(label), amount, whole);
         w.Text(4, reference);
     };
     const std::string indent(kInfoIndent), indent2 = indent + indent;

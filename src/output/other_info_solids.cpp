@@ -15,6 +15,17 @@ constexpr int64_t kSolidPresentKey = 3;
 // Saturation indexes within this distance of 0 count as equilibrium.
 constexpr double kSaturationBand = 0.0005;
 
+// The last cells of a solid's row, from `column` on: log K, conditional
+// log K and literature. The row key grows by ten times the solid's reaction
+// definition.
+void ConstantCells(InfoBlockWriter& w, int32_t column, double logK, double conditionalLogK,
+                   const std::string& literature, int32_t reactionDefinition) {
+    w.Logarithm(column, logK);
+    w.Logarithm(column + 1, conditionalLogK);
+    w.Text(column + 2, literature);
+    w.AddToKey(10 * static_cast<int64_t>(reactionDefinition));
+}
+
 void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlock& block) {
     block.columnCount = 8;
     const ResultHeader& header = source.set.header;
@@ -36,10 +47,7 @@ void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoB
         } else {
             w.Text(4, source.Text("SolidUnderSat"));
         }
-        w.Logarithm(5, solid.intrinsicLogK);
-        w.Logarithm(6, solid.conditionalLogK);
-        w.Text(7, solid.literature);
-        w.AddToKey(10 * static_cast<int64_t>(solid.reactionDefinition));
+        ConstantCells(w, 5, solid.intrinsicLogK, solid.conditionalLogK, solid.literature, solid.reactionDefinition);
     }
     block.longText += " ";
     if (anyRow) {
@@ -67,10 +75,7 @@ void SolidSaturations(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlo
         } else {
             w.Text(2, source.Text("SolidInEq"));
         }
-        w.Logarithm(3, solid.logK);
-        w.Logarithm(4, solid.conditionalLogK);
-        w.Text(5, solid.literature);
-        w.AddToKey(10 * static_cast<int64_t>(solid.reactionDefinition));
+        ConstantCells(w, 3, solid.logK, solid.conditionalLogK, solid.literature, solid.reactionDefinition);
     }
     if (anyRow) {
         block.longText += " " + source.Text("SolidsNotConsid");

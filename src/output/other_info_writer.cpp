@@ -63,6 +63,19 @@ void InfoBlockWriter::Percentage(int32_t column, double fraction) {
     Number(column, fraction, FormatNumber(fraction * 100, formats_.percentage, false, separator_));
 }
 
+void InfoBlockWriter::AmountShare(std::string label, double amount, double whole) {
+    Text(0, std::move(label));
+    Scientific(1, amount);
+    Text(2, "M");
+    Percentage(3, amount / whole);
+}
+
+void InfoBlockWriter::Heading(std::string title, std::string longText, int32_t columns) {
+    block_.title = std::move(title);
+    block_.longText = std::move(longText);
+    block_.columnCount = columns;
+}
+
 void InfoBlockWriter::Integer(int32_t column, int32_t value) { Number(column, value, FormatC("%d", value)); }
 
 void InfoBlockWriter::SetKey(int64_t key) {

@@ -35,12 +35,17 @@ public:
     void Integer(int32_t column, int32_t value);
     // A numeric cell with a text of the caller's.
     void Number(int32_t column, double value, std::string text);
+    // Columns 0 to 3 of the current row: the label, an amount in mol/L, its
+    // unit "M" and the amount's share of `whole` as a percentage.
+    void AmountShare(std::string label, double amount, double whole);
     // The key of the current row is set or increased.
     void SetKey(int64_t key);
     void AddToKey(int64_t amount);
 
     // Title, long text, grid header and column count of the block.
     InfoBlock& Block() { return block_; }
+    // Sets the block's title, long text and column count.
+    void Heading(std::string title, std::string longText, int32_t columns);
     // Sets the row count: `rows` as the block's rule says.
     void Finish(int32_t rows) { block_.rowCount = rows; }
 

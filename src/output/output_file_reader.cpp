@@ -88,6 +88,16 @@ private:
     size_t ComponentCount(int32_t value) const { return std::min(Count(value), textSize_ / kShortestInfoLine + 1); }
     // A 1-based index of the file as the 0-based index it stands for.
     static int32_t Index(int32_t value) { return value == INT32_MIN ? INT32_MIN : value - 1; }
+    // A count, then that many records appended to `list`, each read by
+    // `read` (false when a field of it cannot be read).
+    template <class Record, class Read>
+    bool CountedRecords(std::vector<Record>& list, Read read) {
+        int32_t count = 0;
+        if (!Int(count)) return false;
+        for (size_t i = 0; i < Count(count); ++i)
+            if (!read(list.emplace_back())) return false;
+        return true;
+    }
 
     bool ParseAll(ResultSet& set, SetRecords& records, InputProblem* currentInput, const UiServices* ui) {
         ResultHeader& header = set.header;
@@ -202,53 +212,43 @@ private:
     }
 
     bool ParseSpecies(SetRecords& records) {
-        int32_t count = 0;
-        if (!Int(count)) return false;
-        for (size_t i = 0; i < Count(count); ++i) {
-            SpeciesResult& s = records.species.emplace_back();
+        return CountedRecords(records.species, [this](SpeciesResult& s) {
             if (!Quoted(s.name) || !Int(s.kind) || !Double(s.concentration) || !Flag(s.hasActivity)) return false;
             if (s.hasActivity && !Double(s.activity)) return false;
             if (!Flag(s.hasConstants)) return false;
             if (s.hasConstants && (!Double(s.intrinsicLogK) || !Double(s.conditionalLogK))) return false;
             if (!Quoted(s.literature) || !Int(s.category) || !Int(s.reactionDefinition)) return false;
             s.reactionDefinition = Index(s.reactionDefinition);
-        }
-        return true;
+            return true;
+        });
     }
 
     bool ParseMsa(MsaSummary& msa, SetRecords& records) {
-        int32_t count = 0;
-        if (!Int(count)) return false;
-        for (size_t i = 0; i < Count(count); ++i) {
-            SaltRecord& salt = records.salts.emplace_back();
-            if (!Quoted(salt.formula) || !Int(salt.cation) || !Int(salt.ligand) || !Double(salt.meanActivityCoefficient))
-                return false;
-        }
-        if (!Int(count)) return false;
+        const bool salts = CountedRecords(records.salts, [this](SaltRecord& salt) {
+            return Quoted(salt.formula) && Int(salt.cation) && Int(salt.ligand) && Double(salt.meanActivityCoefficient);
+        });
+        if (!salts) return false;
         const bool withIonSize = static_cast<double>(version_) > kIonSizeVersion;
-        for (size_t i = 0; i < Count(count); ++i) {
-            MsaIonResult& ion = records.msaIons.emplace_back();
+        const bool ions = CountedRecords(records.msaIons, [this, withIonSize](MsaIonResult& ion) {
             if (!Quoted(ion.name) || !Int(ion.charge) || !Double(ion.gamma) || !Double(ion.lnGamma) ||
                 !Double(ion.lnGammaHardSphere) || !Double(ion.lnGammaElectrostatic))
                 return false;
-            if (withIonSize && !Double(ion.ionSize)) return false;
-        }
+            return !withIonSize || Double(ion.ionSize);
+        });
+        if (!ions) return false;
         return Double(msa.delta) && Double(msa.hardSphere[0]) && Double(msa.hardSphere[1]) &&
                Double(msa.hardSphere[2]) && Double(msa.zeta[0]) && Double(msa.zeta[1]) && Double(msa.zeta[2]) &&
                Double(msa.zeta[3]) && Double(msa.screening) && Double(msa.pPrime) && Double(msa.omega);
     }
 
     bool ParseSolidChecks(SetRecords& records) {
-        int32_t count = 0;
-        if (!Int(count)) return false;
-        for (size_t i = 0; i < Count(count); ++i) {
-            SolidSaturation& s = records.solidChecks.emplace_back();
+        return CountedRecords(records.solidChecks, [this](SolidSaturation& s) {
             if (!Quoted(s.name) || !Double(s.saturationIndex) || !Double(s.logK) || !Double(s.conditionalLogK) ||
                 !Int(s.reactionDefinition) || !Quoted(s.literature))
                 return false;
             s.reactionDefinition = Index(s.reactionDefinition);
-        }
-        return true;
+            return true;
+        });
     }
 
     // The range of precipitated solids and their saturation values; the range
@@ -268,16 +268,13 @@ private:
     }
 
     bool ParseGases(SetRecords& records) {
-        int32_t count = 0;
-        if (!Int(count)) return false;
-        for (size_t i = 0; i < Count(count); ++i) {
-            GasResult& g = records.gases.emplace_back();
+        return CountedRecords(records.gases, [this](GasResult& g) {
             if (!Quoted(g.name) || !Double(g.partialPressure) || !Double(g.ligandConcentration) || !Double(g.logK) ||
                 !Double(g.conditionalLogK) || !Int(g.reactionDefinition) || !Quoted(g.literature))
                 return false;
             g.reactionDefinition = Index(g.reactionDefinition);
-        }
-        return true;
+            return true;
+        });
     }
 
     bool ParseComponentInfos(SetRecords& records, size_t count) {
@@ -303,15 +300,10 @@ private:
     }
 
     bool ParseReactions(SetRecords& records) {
-        int32_t count = 0;
-        if (!Int(count)) return false;
-        for (size_t i = 0; i < Count(count); ++i) {
-            ReactionDefinition& r = records.reactions.emplace_back();
-            if (!ParseSide(r.reactants) || !ParseSide(r.products) || !Double(r.logK) || !Quoted(r.literature) ||
-                !Quoted(r.note))
-                return false;
-        }
-        return true;
+        return CountedRecords(records.reactions, [this](ReactionDefinition& r) {
+            return ParseSide(r.reactants) && ParseSide(r.products) && Double(r.logK) && Quoted(r.literature) &&
+                   Quoted(r.note);
+        });
     }
 };
 

@@ -53,14 +53,35 @@ std::vector<int32_t> EquilibriumComponents(const ChemicalSystem& chem, int32_t e
     return components;
 }
 
-// Those components as the reactants of a reaction definition.
-void FillReactants(const ChemicalSystem& chem, int32_t e, const std::vector<int32_t>& components,
-                   ReactionDefinition& definition) {
+// The reaction definition of equilibrium e: `components` as its reactants,
+// the equilibrium's own species with `coefficient` as its product.
+ReactionDefinition DefinitionOf(const ChemicalSystem& chem, int32_t e, const std::vector<int32_t>& components,
+                                int32_t coefficient) {
+    const Equilibrium& eq = chem.equilibria[e];
+    ReactionDefinition definition;
     for (size_t n = 0; n < components.size() && n < kMaxReactionEntries; ++n) {
         const Component& comp = chem.components[components[n]];
         definition.reactants[n] =
             ReactionEntry{chem.Coefficient(components[n], e), comp.name, comp.charge, comp.charge == 0 ? "(aq)" : ""};
     }
+    definition.products[0] = ReactionEntry{coefficient, eq.name, 0, ""};
+    definition.logK = eq.logK;
+    definition.literature = LiteratureText(chem, eq.literatureRef);
+    return definition;
+}
+
+// Files a solid check or gas result with its reaction definition: the record
+// takes the two log K values, the definition's literature and the index the
+// definition gets as it joins the set's reactions.
+template <class Record>
+void AddWithDefinition(double logK, double conditionalLogK, ReactionDefinition definition, Record record,
+                       std::vector<Record>& list, SetRecords& records) {
+    record.logK = logK;
+    record.conditionalLogK = conditionalLogK;
+    record.literature = definition.literature;
+    record.reactionDefinition = static_cast<int32_t>(records.reactions.size());
+    records.reactions.push_back(std::move(definition));
+    list.push_back(std::move(record));
 }
 
 }  // namespace
@@ -78,25 +99,16 @@ void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRe
         if (!AllComponentsInInput(chem, e)) continue;
         const Equilibrium& eq = chem.equilibria[e];
         const std::vector<int32_t> components = EquilibriumComponents(chem, e, eq.componentCount);
-        ReactionDefinition definition;
-        FillReactants(chem, e, components, definition);
+        ReactionDefinition definition = DefinitionOf(chem, e, components, 1);
+        definition.note = solidNote;
         double product = 1;
         for (const int32_t k : components) product *= std::pow(FreeValue(chem, k, 0), chem.Coefficient(k, e));
         const double conditional = ConditionalLogK(calc, eq);
-        definition.products[0] = ReactionEntry{1, eq.name, 0, ""};
-        definition.logK = eq.logK;
-        definition.literature = LiteratureText(chem, eq.literatureRef);
-        definition.note = solidNote;
 
         SolidSaturation solid;
         solid.name = eq.name;
         solid.saturationIndex = std::log10(product / std::pow(10.0, -conditional));
-        solid.logK = eq.logK;
-        solid.conditionalLogK = conditional;
-        solid.literature = definition.literature;
-        solid.reactionDefinition = static_cast<int32_t>(records.reactions.size());
-        records.reactions.push_back(std::move(definition));
-        records.solidChecks.push_back(std::move(solid));
+        AddWithDefinition(eq.logK, conditional, std::move(definition), std::move(solid), records.solidChecks, records);
     }
 }
 
@@ -117,22 +129,14 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
         for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
             const Component& ligand = chem.components[k];
             if (ligand.type != Ligand || !ligand.inInput || chem.Coefficient(k, e) == 0) continue;
-            ReactionDefinition definition;
-            FillReactants(chem, e, EquilibriumComponents(chem, e, chem.ComponentCount()), definition);
-            definition.products[0] = ReactionEntry{static_cast<int32_t>(eq.linkedCoefficient), eq.name, 0, ""};
-            definition.logK = eq.logK;
-            definition.literature = LiteratureText(chem, eq.literatureRef);
+            ReactionDefinition definition = DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.ComponentCount()),
+                                                         static_cast<int32_t>(eq.linkedCoefficient));
 
             GasResult gas;
             gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);
             gas.partialPressure = pressure;
             gas.ligandConcentration = FreeValue(chem, k, 1) * calc.state.bulkFraction;
-            gas.logK = eq.logK;
-            gas.conditionalLogK = conditional;
-            gas.literature = definition.literature;
-            gas.reactionDefinition = static_cast<int32_t>(records.reactions.size());
-            records.reactions.push_back(std::move(definition));
-            records.gases.push_back(std::move(gas));
+            AddWithDefinition(eq.logK, conditional, std::move(definition), std::move(gas), records.gases, records);
         }
     }
 }

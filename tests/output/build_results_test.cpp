@@ -15,22 +15,9 @@
 namespace tormel::test {
 namespace {
 
-std::string CaseFile(const char* id) { return std::string(TORMEL_TEST_DATA) + "/reference/" + id + ".json"; }
-
-struct Calculated {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
-    bool ok = false;
-    explicit Calculated(const std::string& file, int32_t model = 1) {
-        PrepareWorkspace(ws, folder, ui);
-        ok = CalculateReferenceCase(ws, file, model);
-    }
-};
-
 TEST(BuildResults, SpeciesListsAddUpToTheDissolvedAmounts) {
     for (const std::string& file : ReferenceCaseFiles()) {
-        Calculated c(file);
+        CalculatedWorkspace c(file);
         SCOPED_TRACE(std::filesystem::path(file).stem().string());
         ASSERT_TRUE(c.ok);
         const SetView view = ViewSet(c.ws.results, 0);
@@ -64,7 +51,7 @@ TEST(BuildResults, SolidAndGasSaturationAgreesWithTheReferenceFigures) {
         ASSERT_TRUE(reference.has_value());
         const JsonValue* options = reference->Find("options");
         if (options && options->BoolOr("precipitation", false)) continue;
-        Calculated c(file);
+        CalculatedWorkspace c(file);
         SCOPED_TRACE(std::filesystem::path(file).stem().string());
         ASSERT_TRUE(c.ok);
         const SetView view = ViewSet(c.ws.results, 0);
@@ -92,7 +79,7 @@ TEST(BuildResults, SolidAndGasSaturationAgreesWithTheReferenceFigures) {
 }
 
 TEST(BuildResults, GasComponentsAreHeadedByTheLigandTheyControl) {
-    Calculated c(CaseFile("co2_open_ph8"));
+    CalculatedWorkspace c(ReferenceCaseFile("co2_open_ph8"));
     ASSERT_TRUE(c.ok);
     const SetView view = ViewSet(c.ws.results, 0);
     const ComponentResult* gas = nullptr;
@@ -112,8 +99,8 @@ TEST(BuildResults, GasComponentsAreHeadedByTheLigandTheyControl) {
 }
 
 TEST(BuildResults, ProtonPercentagesOnlyInProtonBalanceMode) {
-    Calculated fixed(CaseFile("carbonate_hard_ph8_3"));
-    Calculated balance(CaseFile("nahco3_proton_balance"));
+    CalculatedWorkspace fixed(ReferenceCaseFile("carbonate_hard_ph8_3"));
+    CalculatedWorkspace balance(ReferenceCaseFile("nahco3_proton_balance"));
     ASSERT_TRUE(fixed.ok && balance.ok);
     EXPECT_FALSE(ViewSet(fixed.ws.results, 0).components[0].percentagesAllowed);
     EXPECT_FALSE(fixed.ws.results.sets[0].snapshot.protonBalance);
@@ -123,7 +110,7 @@ TEST(BuildResults, ProtonPercentagesOnlyInProtonBalanceMode) {
 }
 
 TEST(BuildResults, MsaIonsAndSaltsComeFromTheSolvedSystem) {
-    Calculated c(CaseFile("seawater_major_ions"), 2);
+    CalculatedWorkspace c(ReferenceCaseFile("seawater_major_ions"), 2);
     ASSERT_TRUE(c.ok);
     const SetView view = ViewSet(c.ws.results, 0);
     ASSERT_FALSE(view.msaIons.empty());
@@ -140,7 +127,7 @@ TEST(BuildResults, MsaIonsAndSaltsComeFromTheSolvedSystem) {
         EXPECT_NEAR(std::log(ion.gamma), ion.lnGamma, 1e-9);
         EXPECT_GT(ion.ionSize, 0);
     }
-    Calculated davies(CaseFile("seawater_major_ions"), 1);
+    CalculatedWorkspace davies(ReferenceCaseFile("seawater_major_ions"), 1);
     EXPECT_TRUE(ViewSet(davies.ws.results, 0).msaIons.empty());
 }
 

@@ -3,7 +3,6 @@
 // site rows, and the "Other info" blocks with their grid headers and cells.
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <vector>
 
 #include "core/c_number.h"
@@ -11,7 +10,9 @@
 #include "core/utf16.h"
 #include "export_test_support.h"
 #include "output/export_csv.h"
+#include "result_test_support.h"
 #include "support/temp_folder.h"
+#include "text_lines.h"
 
 namespace tormel::test {
 namespace {
@@ -20,14 +21,11 @@ struct CsvFixture {
     Language language{EnglishLanguageFile()};
     OutputOptions options;
     ExportContext Context() const { return ExportContext{language, options}; }
+    // The lines of the tab-separated export of set 0.
+    std::vector<std::string> ExportLines(const ResultStore& store) const {
+        return Lines(FormatCsvExport(store, 0, "\t", Context()));
+    }
 };
-
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
 
 bool HasLine(const std::vector<std::string>& lines, const std::string& line) {
     for (const std::string& l : lines)
@@ -68,8 +66,7 @@ TEST(CsvExport, FirstExportedLigandFollowsTheCationsHeading) {
 
 TEST(CsvExport, SummaryFractionsArePlainFractionsOfTheTotal) {
     CsvFixture f;
-    const ResultStore store = ExportSampleStore();
-    const std::vector<std::string> lines = Lines(FormatCsvExport(store, 0, "\t", f.Context()));
+    const std::vector<std::string> lines = f.ExportLines(ExportSampleStore());
     EXPECT_TRUE(HasLine(lines, "\"Dissolved Ca\"\t0.000244140625\t\"M\"\t0.25"));
     EXPECT_TRUE(HasLine(lines, "\"Precipitated Ca\"\t0.000732421875\t\"M\"\t0.75"));
     EXPECT_TRUE(HasLine(lines, "\"Total Ca\"\t0.0009765625\t\"M\"\t1"));
@@ -81,8 +78,7 @@ TEST(CsvExport, SummaryFractionsArePlainFractionsOfTheTotal) {
 
 TEST(CsvExport, ProtonWithoutPercentagesLeavesTheFractionOut) {
     CsvFixture f;
-    const ResultStore store = ExportSampleStore();
-    const std::vector<std::string> lines = Lines(FormatCsvExport(store, 0, "\t", f.Context()));
+    const std::vector<std::string> lines = f.ExportLines(ExportSampleStore());
     EXPECT_TRUE(HasLine(lines, "\"Dissolved H\"\t1E-07\t\"M\"\t"));
     // fraction empty; activity present; no constants; no literature (free species)
     EXPECT_TRUE(HasLine(lines, "\"H +\"\t1E-07\t\"M\"\t\t1E-07\t\"M\"\t\t\t\"\""));
@@ -91,8 +87,7 @@ TEST(CsvExport, ProtonWithoutPercentagesLeavesTheFractionOut) {
 TEST(CsvExport, OrganicSiteRowsAreUnquotedWithTheSingleRoundedFraction) {
     CsvFixture f;
     f.options.units.order = 2;
-    const ResultStore store = ExportSampleStore({.organic = true});
-    const std::vector<std::string> lines = Lines(FormatCsvExport(store, 0, "\t", f.Context()));
+    const std::vector<std::string> lines = f.ExportLines(ExportSampleStore({.organic = true}));
     const double fraction = static_cast<double>(static_cast<float>(2e-6)) / (1.0 / 1024);
     // label, amount, unit, fraction, four empty columns, reference
     EXPECT_TRUE(HasLine(lines, "FA-monodentate\t2\t\u00B5M\t" + FormatC("%.16G", fraction) + "\t\t\t\t\tTipping 1998"));
@@ -101,27 +96,10 @@ TEST(CsvExport, OrganicSiteRowsAreUnquotedWithTheSingleRoundedFraction) {
     for (const std::string& line : lines) EXPECT_EQ(line.find("HA-"), std::string::npos) << line;
 }
 
-InfoBlock ThreeColumnBlock() {
-    InfoBlock block;
-    block.title = "Solids";
-    block.longText = "Long text";
-    block.gridHeader = "Solid,Saturation index,State";
-    block.columnCount = 3;
-    block.rowCount = 2;
-    block.Cell(0, 0).text = "Calcite";
-    InfoCell& number = block.Cell(1, 0);
-    number.text = "0,563";
-    number.numeric = true;
-    number.number = 0.5632;
-    block.Cell(2, 0).text = "oversaturated";
-    block.Cell(0, 1).text = "Gypsum";  // columns 1 and 2 never filled
-    return block;
-}
-
 TEST(CsvExport, GridHeaderTitlesBecomeQuotedFieldsAndCellsKeepTheirNumbers) {
     CsvFixture f;
     ResultStore store = ExportSampleStore();
-    store.sets[0].otherInfo[3] = ThreeColumnBlock();
+    store.sets[0].otherInfo[3] = SolidsInfoBlock();
     const std::string block =
         "\"Block 4: Solids\"\n\"Long text\"\n"
         "\"Solid\"\t\"Saturation index\"\t\"State\"\n"

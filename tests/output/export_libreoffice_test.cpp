@@ -78,24 +78,21 @@ TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
         GTEST_SKIP() << "LibreOffice (soffice) is not installed; the XML export was not read by a spreadsheet program";
     }
 
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
-    PrepareWorkspace(ws, folder, ui);
-    ASSERT_TRUE(CalculateReferenceCase(ws, std::string(TORMEL_TEST_DATA) + "/reference/co2_open_ph8.json", 2));
-    const std::string xml = folder.File("water.xml");
-    ASSERT_TRUE(ExportXml(xml, ws.results, 0, ExportContext{ws.language, ws.outputOptions}));
+    CalculatedWorkspace c(ReferenceCaseFile("co2_open_ph8"), 2);
+    ASSERT_TRUE(c.ok);
+    const std::string xml = c.folder.File("water.xml");
+    ASSERT_TRUE(ExportXml(xml, c.ws.results, 0, ExportContext{c.ws.language, c.ws.outputOptions}));
 
     // every sheet (token 12 = -1), cells as shown (token 9), UTF-8 (76), comma-separated
-    const fs::path out = folder.File("converted");
+    const fs::path out = c.folder.File("converted");
     const std::string command =
-        "timeout 240 " + Quote(soffice) + " -env:UserInstallation=file://" + folder.File("libreoffice-profile") +
+        "timeout 240 " + Quote(soffice) + " -env:UserInstallation=file://" + c.folder.File("libreoffice-profile") +
         " --headless --norestore --convert-to "
         "'csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,true,false,false,-1'"
         " --outdir " +
-        Quote(out.string()) + " " + Quote(xml) + " > " + Quote(folder.File("soffice.log")) + " 2>&1";
+        Quote(out.string()) + " " + Quote(xml) + " > " + Quote(c.folder.File("soffice.log")) + " 2>&1";
     const int status = std::system(command.c_str());
-    std::ifstream logFile(folder.File("soffice.log"));
+    std::ifstream logFile(c.folder.File("soffice.log"));
     const std::string log((std::istreambuf_iterator<char>(logFile)), std::istreambuf_iterator<char>());
     ASSERT_EQ(status, 0) << command << "\n" << log;
 
@@ -116,7 +113,7 @@ TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
               "This workbook holds the results for the cations, the ligands and the gas controlled ligands.");
 
     // values shown with the styles: scientific "0.000E+00", percentages "0.00%"
-    const SetView view = ViewSet(ws.results, 0);
+    const SetView view = ViewSet(c.ws.results, 0);
     size_t calcium = 0;
     while (calcium < view.components.size() && view.components[calcium].name != "Ca") ++calcium;
     ASSERT_LT(calcium, view.components.size());
@@ -140,7 +137,7 @@ TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
         const auto* row = FindRow(sheets["Cations"], species.name, caRows);
         ASSERT_NE(row, nullptr);
         ASSERT_GE(row->size(), 8u);
-        const double share = species.concentration * entry.coefficient * ws.results.sets[0].snapshot.bulkFraction /
+        const double share = species.concentration * entry.coefficient * c.ws.results.sets[0].snapshot.bulkFraction /
                              ca.amounts[AmountTotal];
         EXPECT_EQ((*row)[3], FormatC("%.2f%%", 100 * share));
         if (species.hasConstants) {
@@ -156,7 +153,7 @@ TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
     EXPECT_NE(FindRow(sheets["Other info"], "Block 5: Gases"), nullptr);
     const auto* iterations = FindRow(sheets["Other info"], "Number of iterations");
     ASSERT_NE(iterations, nullptr);
-    EXPECT_EQ((*iterations)[1], std::to_string(ws.results.sets[0].header.iterationCount));
+    EXPECT_EQ((*iterations)[1], std::to_string(c.ws.results.sets[0].header.iterationCount));
 }
 
 }  // namespace

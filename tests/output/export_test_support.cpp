@@ -4,8 +4,6 @@
 
 namespace tormel::test {
 
-std::string EnglishLanguageFile() { return std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang"; }
-
 ResultStore ExportSampleStore(const ExportSampleOptions& options) {
     ResultStore store;
     ResultSet& set = store.sets[0];
@@ -44,6 +42,23 @@ ResultStore ExportSampleStore(const ExportSampleOptions& options) {
     set.header.reportedComponentCount = static_cast<int32_t>(records.components.size());
     StoreSetRecords(store, 0, records);
     return store;
+}
+
+InfoBlock SolidsInfoBlock() {
+    InfoBlock block;
+    block.title = "Solids";
+    block.longText = "Long text";
+    block.gridHeader = "Solid,Saturation index,State";
+    block.columnCount = 3;
+    block.rowCount = 2;
+    block.Cell(0, 0).text = "Calcite";
+    InfoCell& number = block.Cell(1, 0);
+    number.text = "0,563";
+    number.numeric = true;
+    number.number = 0.5632;
+    block.Cell(2, 0).text = "oversaturated";
+    block.Cell(0, 1).text = "Gypsum";  // columns 1 and 2 never filled
+    return block;
 }
 
 }  // namespace tormel::test

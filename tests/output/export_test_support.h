@@ -16,7 +16,9 @@ struct ExportSampleOptions {
 // matter, calcium holds 2e-6 mol/L at fulvic monodentate sites.
 ResultStore ExportSampleStore(const ExportSampleOptions& options = {});
 
-// The path of the English language file.
-std::string EnglishLanguageFile();
+// A solids block of the "Other info" report: a title, a long text, three
+// column titles, a row with a text, a number (shown as "0,563") and a state,
+// and a row whose second and third cells were never filled.
+InfoBlock SolidsInfoBlock();
 
 }  // namespace tormel::test

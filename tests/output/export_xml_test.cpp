@@ -14,6 +14,7 @@
 #include "export_test_support.h"
 #include "output/export_xml.h"
 #include "output/xml_escape.h"
+#include "result_test_support.h"
 #include "support/temp_folder.h"
 
 namespace tormel::test {
@@ -203,9 +204,8 @@ struct XmlFixture {
         when.tm_min = 3;
         when.tm_sec = 7;
     }
-    Workbook Export(const ResultStore& store) {
-        return ReadWorkbook(FormatXmlExport(store, 0, ExportContext{language, options}, when));
-    }
+    ExportContext Context() const { return ExportContext{language, options}; }
+    Workbook Export(const ResultStore& store) const { return ReadWorkbook(FormatXmlExport(store, 0, Context(), when)); }
 };
 
 void ExpectCell(const SheetCell& cell, const std::string& type, const std::string& value,
@@ -320,17 +320,7 @@ TEST(XmlExport, OrganicSiteRowInMicromolar) {
 TEST(XmlExport, OtherInfoSheetSplitsTheGridHeaderAndKeepsNumbers) {
     XmlFixture f;
     ResultStore store = ExportSampleStore();
-    InfoBlock& block = store.sets[0].otherInfo[3];
-    block.title = "Solids";
-    block.gridHeader = "Solid,Saturation index,State";
-    block.columnCount = 3;
-    block.rowCount = 2;
-    block.Cell(0, 0).text = "Calcite";
-    InfoCell& number = block.Cell(1, 0);
-    number.text = "0,563";
-    number.numeric = true;
-    number.number = 0.5632;
-    block.Cell(0, 1).text = "Gypsum";
+    store.sets[0].otherInfo[3] = SolidsInfoBlock();
     const Workbook book = f.Export(store);
     const SheetRows& rows = book.sheets.at("Other info");
 
@@ -342,6 +332,7 @@ TEST(XmlExport, OtherInfoSheetSplitsTheGridHeaderAndKeepsNumbers) {
                                                "Block 3 (not used in this calculation)",
                                                "",
                                                "Block 4: Solids",
+                                               "Long text",
                                                "Solid",
                                                "Calcite",
                                                "Gypsum",
@@ -349,17 +340,19 @@ TEST(XmlExport, OtherInfoSheetSplitsTheGridHeaderAndKeepsNumbers) {
     ASSERT_GE(firsts.size(), expected.size());
     EXPECT_EQ(std::vector<std::string>(firsts.begin(), firsts.begin() + expected.size()), expected);
     EXPECT_EQ(rows[6][0].style, "s1");
-    ASSERT_EQ(rows[7].size(), 3u);
-    ExpectCell(rows[7][1], "String", "Saturation index");
-    ExpectCell(rows[7][2], "String", "State");
-    ExpectCell(rows[8][1], "Number", "0.5632");
+    ASSERT_EQ(rows[8].size(), 3u);
+    ExpectCell(rows[8][1], "String", "Saturation index");
+    ExpectCell(rows[8][2], "String", "State");
     ASSERT_EQ(rows[9].size(), 3u);
-    ExpectCell(rows[9][2], "String", "");
+    ExpectCell(rows[9][1], "Number", "0.5632");
+    ExpectCell(rows[9][2], "String", "oversaturated");
+    ASSERT_EQ(rows[10].size(), 3u);
+    ExpectCell(rows[10][2], "String", "");
 }
 
 TEST(XmlExport, PrologPropertiesAndStyles) {
     XmlFixture f;
-    const std::string text = FormatXmlExport(ExportSampleStore(), 0, ExportContext{f.language, f.options}, f.when);
+    const std::string text = FormatXmlExport(ExportSampleStore(), 0, f.Context(), f.when);
     EXPECT_EQ(text.rfind("<?xml version=\"1.0\"?>\n<?mso-application progid=\"Excel.Sheet\"?><Workbook ", 0), 0u);
     const Workbook book = ReadWorkbook(text);
     EXPECT_EQ(book.root.Attribute("xmlns"), "urn:schemas-microsoft-com:office:spreadsheet");
@@ -412,14 +405,14 @@ TEST(XmlExport, FileIsUtf16AndRefusedWhereItCannotBeCreated) {
     const ResultStore store = ExportSampleStore({.gas = true, .organic = true});
     const std::string path = folder.File("water.xml");
     FileError error;
-    ASSERT_TRUE(ExportXml(path, store, 0, ExportContext{f.language, f.options}, &error)) << error.message;
+    ASSERT_TRUE(ExportXml(path, store, 0, f.Context(), &error)) << error.message;
     EXPECT_EQ(ReadBinaryFile(path)->substr(0, 4), std::string("\xFF\xFE<\0", 4));
     const std::optional<std::u16string> back = ReadUtf16File(path);
     ASSERT_TRUE(back.has_value());
     EXPECT_EQ(ReadWorkbook(Utf16ToUtf8(*back)).sheetNames.size(), 5u);
 
     const std::string missing = folder.File("missing/water.xml");
-    EXPECT_FALSE(ExportXml(missing, store, 0, ExportContext{f.language, f.options}, &error));
+    EXPECT_FALSE(ExportXml(missing, store, 0, f.Context(), &error));
     EXPECT_FALSE(FileExists(missing));
 }
 

@@ -15,12 +15,9 @@
 namespace tormel::test {
 namespace {
 
-std::string EnglishFile() { return std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang"; }
-std::string CaseFile(const char* id) { return std::string(TORMEL_TEST_DATA) + "/reference/" + id + ".json"; }
-
 // A result set built by hand, with the English texts and default options.
 struct HandSet {
-    Language language{EnglishFile()};
+    Language language{EnglishLanguageFile()};
     Settings settings;
     OutputOptions options;
     ResultStore store;
@@ -57,13 +54,10 @@ SpeciesResult Organic(int32_t kind, double concentration) {
 }
 
 TEST(OtherInfo, DaviesWithoutOrganicMatterHasSixGeneralRowsAndNoMsaOrOrganicBlock) {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
-    PrepareWorkspace(ws, folder, ui);
     // the calculation builds the report with the results
-    ASSERT_TRUE(CalculateReferenceCase(ws, CaseFile("carbonate_hard_ph8_3"), 1));
-    const ResultSet& set = ws.results.sets[0];
+    const CalculatedWorkspace c(ReferenceCaseFile("carbonate_hard_ph8_3"), 1);
+    ASSERT_TRUE(c.ok);
+    const ResultSet& set = c.ws.results.sets[0];
     const InfoBlock& general = set.otherInfo[InfoGeneral];
 
     EXPECT_EQ(general.title, "General");
@@ -87,12 +81,9 @@ TEST(OtherInfo, DaviesWithoutOrganicMatterHasSixGeneralRowsAndNoMsaOrOrganicBloc
 }
 
 TEST(OtherInfo, MsaBlockListsSaltsIonsAndModelParameters) {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
-    PrepareWorkspace(ws, folder, ui);
-    ASSERT_TRUE(CalculateReferenceCase(ws, CaseFile("seawater_major_ions"), 2));
-    const ResultSet& set = ws.results.sets[0];
+    const CalculatedWorkspace c(ReferenceCaseFile("seawater_major_ions"), 2);
+    ASSERT_TRUE(c.ok);
+    const ResultSet& set = c.ws.results.sets[0];
     const InfoBlock& msa = set.otherInfo[InfoMsa];
     const int32_t salts = set.header.saltCount, ions = set.header.msaIonCount;
     ASSERT_GT(salts, 0);
@@ -104,7 +95,7 @@ TEST(OtherInfo, MsaBlockListsSaltsIonsAndModelParameters) {
     const int32_t ionTitles = salts + 3;  // salts from row 1, an empty row, the heading
     EXPECT_EQ(msa.FindCell(0, ionTitles - 1)->text, "Activity coefficients of the ions");
     EXPECT_EQ(msa.FindCell(5, ionTitles)->text, "Ion size (m)");
-    const SetView view = ViewSet(ws.results, 0);
+    const SetView view = ViewSet(c.ws.results, 0);
     const MsaIonResult& firstIon = view.msaIons[0];
     EXPECT_EQ(msa.FindCell(0, ionTitles + 1)->text.rfind(firstIon.name, 0), 0u);
     EXPECT_DOUBLE_EQ(msa.FindCell(1, ionTitles + 1)->number, firstIon.gamma);
@@ -395,14 +386,11 @@ TEST(OtherInfo, InputEchoWithOrganicMatterNamesTheModelAndTheCarbon) {
 }
 
 TEST(OtherInfo, RebuiltFromAnOutputFileAsItWasBuiltFromTheCalculation) {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
-    PrepareWorkspace(ws, folder, ui);
-    ASSERT_TRUE(CalculateReferenceCase(ws, CaseFile("co2_open_ph8"), 2));
-    const ResultContext context = MakeResultContext(ws);
-    const std::string path = folder.File("case.o64");
-    ASSERT_TRUE(WriteOutputFile(path, ws.results, 0));
+    CalculatedWorkspace c(ReferenceCaseFile("co2_open_ph8"), 2);
+    ASSERT_TRUE(c.ok);
+    const ResultContext context = MakeResultContext(c.ws);
+    const std::string path = c.folder.File("case.o64");
+    ASSERT_TRUE(WriteOutputFile(path, c.ws.results, 0));
 
     ResultStore back;
     ASSERT_FALSE(ReadOutputFile(path, back, 0).has_value());
@@ -411,19 +399,19 @@ TEST(OtherInfo, RebuiltFromAnOutputFileAsItWasBuiltFromTheCalculation) {
     BuildOtherInfo(back, 0, context);
     for (int32_t b = 0; b < kInfoBlockCount; ++b) {
         SCOPED_TRACE(b);
-        const InfoBlock& x = ws.results.sets[0].otherInfo[b];
+        const InfoBlock& x = c.ws.results.sets[0].otherInfo[b];
         const InfoBlock& y = back.sets[0].otherInfo[b];
         EXPECT_EQ(x.title, y.title);
         EXPECT_EQ(x.longText, y.longText);
         ASSERT_EQ(x.rowCount, y.rowCount);
         for (int32_t r = 0; r < x.rowCount; ++r)
-            for (int32_t c = 0; c < x.columnCount; ++c) {
-                const InfoCell* p = x.FindCell(c, r);
-                const InfoCell* q = y.FindCell(c, r);
-                EXPECT_EQ(p ? p->text : "", q ? q->text : "") << "row " << r << " column " << c;
+            for (int32_t column = 0; column < x.columnCount; ++column) {
+                const InfoCell* p = x.FindCell(column, r);
+                const InfoCell* q = y.FindCell(column, r);
+                EXPECT_EQ(p ? p->text : "", q ? q->text : "") << "row " << r << " column " << column;
             }
     }
-    EXPECT_FALSE(ws.results.sets[0].otherInfo[InfoGases].title.empty());
+    EXPECT_FALSE(c.ws.results.sets[0].otherInfo[InfoGases].title.empty());
 }
 
 }  // namespace

@@ -3,22 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <sstream>
 
 #include "core/utf16.h"
 #include "output/output_file.h"
 #include "result_test_support.h"
 #include "support/temp_folder.h"
+#include "text_lines.h"
 
 namespace tormel::test {
 namespace {
-
-std::vector<std::string> Lines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
 
 std::optional<OutputFileError> Read(const std::string& text, ResultStore& store, int32_t set = 0,
                                     OutputReadReport* report = nullptr, InputProblem* current = nullptr,
@@ -131,7 +124,7 @@ TEST(OutputFileHeader, VersionBelow11IsRefusedWithTheLineAnd11IsReadWithoutIonSi
         Read("TORMEL NEXT (64 bits) output file\nDo NOT manually edit this file\nFormat version: 1.05\n", store);
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->key, "ErrorOpen4");
-    EXPECT_EQ(OutputFileErrorText(Language(std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang"), *error),
+    EXPECT_EQ(OutputFileErrorText(Language(EnglishLanguageFile()), *error),
               "The format of this output file is too old to be read (Format version: 1.05).");
 
     // the same MSA set as version 1.1: five numbers per ion line

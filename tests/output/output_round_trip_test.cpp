@@ -12,17 +12,14 @@ namespace tormel::test {
 namespace {
 
 void RoundTrip(const std::string& file, int32_t model) {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
-    PrepareWorkspace(ws, folder, ui);
     const std::string id = std::filesystem::path(file).stem().string();
     SCOPED_TRACE(id + (model == 1 ? " (Davies)" : " (MSA)"));
-    ASSERT_TRUE(CalculateReferenceCase(ws, file, model));
+    CalculatedWorkspace c(file, model);
+    ASSERT_TRUE(c.ok);
 
-    const std::string path = folder.File(id + ".o64");
-    ASSERT_TRUE(WriteOutputFile(path, ws.results, 0));
-    ResultStore& store = ws.results;
+    const std::string path = c.folder.File(id + ".o64");
+    ASSERT_TRUE(WriteOutputFile(path, c.ws.results, 0));
+    ResultStore& store = c.ws.results;
     const auto error = ReadOutputFile(path, store, 1);
     ASSERT_FALSE(error.has_value()) << error->key;
     ASSERT_EQ(store.SetCount(), 2);
@@ -40,7 +37,7 @@ TEST(OutputRoundTrip, EveryReferenceCaseReadsBackAsWritten) {
 
 TEST(OutputRoundTrip, MsaResultsKeepSaltsIonsAndIonSizes) {
     for (const char* id : {"seawater_major_ions", "carbonate_hard_ph8_3", "co2_open_ph8"})
-        RoundTrip(std::string(TORMEL_TEST_DATA) + "/reference/" + id + ".json", 2);
+        RoundTrip(ReferenceCaseFile(id), 2);
 }
 
 }  // namespace

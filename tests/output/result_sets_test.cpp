@@ -11,27 +11,36 @@
 namespace tormel::test {
 namespace {
 
-struct ThreeOutputs {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
+// Three reference waters calculated and written as output files, and a
+// comparison to take the files into.
+struct ThreeOutputs : PreparedWorkspace {
     std::vector<std::string> paths;
     std::vector<ResultStore> alone;  // each file read on its own into set 0
+    ResultStore store;               // the comparison's sets
+    ComparisonList list;
 
     ThreeOutputs() {
-        PrepareWorkspace(ws, folder, ui);
         const char* cases[] = {"carbonate_soft_ph6", "co2_open_ph8", "seawater_major_ions"};
         for (int k = 0; k < 3; ++k) {
-            const std::string file = std::string(TORMEL_TEST_DATA) + "/reference/" + cases[k] + ".json";
-            EXPECT_TRUE(CalculateReferenceCase(ws, file, k == 2 ? 2 : 1)) << cases[k];
+            EXPECT_TRUE(CalculateReferenceCase(ws, ReferenceCaseFile(cases[k]), k == 2 ? 2 : 1)) << cases[k];
             ws.results.sets[0].snapshot.input.description = std::string("Water ") + cases[k];
             paths.push_back(folder.File(std::string(cases[k]) + ".o64"));
             EXPECT_TRUE(WriteOutputFile(paths.back(), ws.results, 0));
-            ResultStore store;
-            EXPECT_FALSE(ReadOutputFile(paths.back(), store, 0).has_value());
-            BuildOtherInfo(store, 0, MakeResultContext(ws));
-            alone.push_back(std::move(store));
+            ResultStore read;
+            EXPECT_FALSE(ReadOutputFile(paths.back(), read, 0).has_value());
+            BuildOtherInfo(read, 0, MakeResultContext(ws));
+            alone.push_back(std::move(read));
         }
+    }
+    // Takes the file at `path` into the comparison; the error when it is refused.
+    std::optional<OutputFileError> Add(const std::string& path) {
+        return AddToComparison(store, list, path, MakeResultContext(ws));
+    }
+    // Takes the three files into the comparison; false when one is refused.
+    bool AddAll() {
+        for (const std::string& path : paths)
+            if (Add(path).has_value()) return false;
+        return true;
     }
 };
 
@@ -51,89 +60,80 @@ void ExpectSameReport(const ResultStore& expected, const ResultStore& actual, in
 
 TEST(ResultSets, RemovingTheSecondOfThreeMovesTheThirdDownIntact) {
     ThreeOutputs t;
-    ResultStore store;
-    ComparisonList list;
-    const ResultContext context = MakeResultContext(t.ws);
-    for (const std::string& path : t.paths) ASSERT_FALSE(AddToComparison(store, list, path, context).has_value());
-    ASSERT_EQ(store.SetCount(), 3);
-    ASSERT_EQ(list.rows.size(), 3u);
-    EXPECT_EQ(list.rows[2].number, "#3");
-    EXPECT_EQ(list.rows[2].description, "Water seawater_major_ions");
+    ASSERT_TRUE(t.AddAll());
+    ASSERT_EQ(t.store.SetCount(), 3);
+    ASSERT_EQ(t.list.rows.size(), 3u);
+    EXPECT_EQ(t.list.rows[2].number, "#3");
+    EXPECT_EQ(t.list.rows[2].description, "Water seawater_major_ions");
     for (int32_t s = 0; s < 3; ++s) {
-        ExpectSetsEqual(t.alone[s], 0, store, s);
-        ExpectSameReport(t.alone[s], store, s);
+        ExpectSetsEqual(t.alone[s], 0, t.store, s);
+        ExpectSameReport(t.alone[s], t.store, s);
     }
 
-    RemoveFromComparison(store, list, 1);
-    ASSERT_EQ(store.SetCount(), 2);
-    ExpectSetsEqual(t.alone[0], 0, store, 0);
-    ExpectSetsEqual(t.alone[2], 0, store, 1);
-    ExpectSameReport(t.alone[2], store, 1);
+    RemoveFromComparison(t.store, t.list, 1);
+    ASSERT_EQ(t.store.SetCount(), 2);
+    ExpectSetsEqual(t.alone[0], 0, t.store, 0);
+    ExpectSetsEqual(t.alone[2], 0, t.store, 1);
+    ExpectSameReport(t.alone[2], t.store, 1);
     // the store's arrays hold exactly the records of the two sets
-    EXPECT_EQ(store.species.size(), t.alone[0].species.size() + t.alone[2].species.size());
-    EXPECT_EQ(store.salts.size(), t.alone[2].salts.size());
-    EXPECT_EQ(store.msaIons.size(), t.alone[2].msaIons.size());
-    ASSERT_EQ(list.rows.size(), 2u);
-    EXPECT_EQ(list.rows[1].number, "#2");
-    EXPECT_EQ(list.rows[1].path, t.paths[2]);
-    EXPECT_EQ(list.rows[1].description, "Water seawater_major_ions");
+    EXPECT_EQ(t.store.species.size(), t.alone[0].species.size() + t.alone[2].species.size());
+    EXPECT_EQ(t.store.salts.size(), t.alone[2].salts.size());
+    EXPECT_EQ(t.store.msaIons.size(), t.alone[2].msaIons.size());
+    ASSERT_EQ(t.list.rows.size(), 2u);
+    EXPECT_EQ(t.list.rows[1].number, "#2");
+    EXPECT_EQ(t.list.rows[1].path, t.paths[2]);
+    EXPECT_EQ(t.list.rows[1].description, "Water seawater_major_ions");
 
-    RemoveFromComparison(store, list, 0);
-    ASSERT_EQ(store.SetCount(), 1);
-    ExpectSetsEqual(t.alone[2], 0, store, 0);
-    EXPECT_EQ(list.rows[0].number, "#1");
+    RemoveFromComparison(t.store, t.list, 0);
+    ASSERT_EQ(t.store.SetCount(), 1);
+    ExpectSetsEqual(t.alone[2], 0, t.store, 0);
+    EXPECT_EQ(t.list.rows[0].number, "#1");
 
     // the last one empties the store and the list
-    RemoveFromComparison(store, list, 0);
-    EXPECT_EQ(store.SetCount(), 1);
-    EXPECT_EQ(store.sets[0].header.componentCount, 0);
-    EXPECT_TRUE(store.components.empty());
-    EXPECT_TRUE(store.species.empty());
-    EXPECT_TRUE(store.sets[0].otherInfo[0].title.empty());
-    EXPECT_FALSE(store.holdsLoadedOutput);
-    EXPECT_TRUE(list.rows.empty());
+    RemoveFromComparison(t.store, t.list, 0);
+    EXPECT_EQ(t.store.SetCount(), 1);
+    EXPECT_EQ(t.store.sets[0].header.componentCount, 0);
+    EXPECT_TRUE(t.store.components.empty());
+    EXPECT_TRUE(t.store.species.empty());
+    EXPECT_TRUE(t.store.sets[0].otherInfo[0].title.empty());
+    EXPECT_FALSE(t.store.holdsLoadedOutput);
+    EXPECT_TRUE(t.list.rows.empty());
 }
 
 TEST(ResultSets, RefusedFileLeavesStoreAndListAsTheyWere) {
     ThreeOutputs t;
-    ResultStore store;
-    ComparisonList list;
-    const ResultContext context = MakeResultContext(t.ws);
-    ASSERT_FALSE(AddToComparison(store, list, t.paths[0], context).has_value());
-    ASSERT_FALSE(AddToComparison(store, list, t.paths[1], context).has_value());
+    ASSERT_FALSE(t.Add(t.paths[0]).has_value());
+    ASSERT_FALSE(t.Add(t.paths[1]).has_value());
 
     const std::string bad = t.folder.File("bad.o64");
     WriteBytes(bad, Utf16Bytes("Not an output file\nDo NOT manually edit this file\nFormat version: 1.3\n"));
-    const std::optional<OutputFileError> error = AddToComparison(store, list, bad, context);
+    const std::optional<OutputFileError> error = t.Add(bad);
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->key, "ErrorOpen1");
-    EXPECT_EQ(store.SetCount(), 2);
-    EXPECT_EQ(list.rows.size(), 2u);
-    ExpectSetsEqual(t.alone[1], 0, store, 1);
+    EXPECT_EQ(t.store.SetCount(), 2);
+    EXPECT_EQ(t.list.rows.size(), 2u);
+    ExpectSetsEqual(t.alone[1], 0, t.store, 1);
 
     // adding after the refusal takes the next number
-    ASSERT_FALSE(AddToComparison(store, list, t.paths[2], context).has_value());
-    EXPECT_EQ(list.rows[2].number, "#3");
-    ExpectSetsEqual(t.alone[2], 0, store, 2);
+    ASSERT_FALSE(t.Add(t.paths[2]).has_value());
+    EXPECT_EQ(t.list.rows[2].number, "#3");
+    ExpectSetsEqual(t.alone[2], 0, t.store, 2);
 
-    CloseComparison(store, list);
-    EXPECT_EQ(store.SetCount(), 1);
-    EXPECT_TRUE(store.reactions.empty());
-    EXPECT_TRUE(list.rows.empty());
+    CloseComparison(t.store, t.list);
+    EXPECT_EQ(t.store.SetCount(), 1);
+    EXPECT_TRUE(t.store.reactions.empty());
+    EXPECT_TRUE(t.list.rows.empty());
 }
 
 TEST(ResultSets, RemovingTheFirstSetAndNumbersOfLongLists) {
     ThreeOutputs t;
-    ResultStore store;
-    ComparisonList list;
-    const ResultContext context = MakeResultContext(t.ws);
-    for (const std::string& path : t.paths) ASSERT_FALSE(AddToComparison(store, list, path, context).has_value());
-    RemoveResultSet(store, 0);
-    ASSERT_EQ(store.SetCount(), 2);
-    ExpectSetsEqual(t.alone[1], 0, store, 0);
-    ExpectSetsEqual(t.alone[2], 0, store, 1);
-    RemoveResultSet(store, 5);  // no such set
-    EXPECT_EQ(store.SetCount(), 2);
+    ASSERT_TRUE(t.AddAll());
+    RemoveResultSet(t.store, 0);
+    ASSERT_EQ(t.store.SetCount(), 2);
+    ExpectSetsEqual(t.alone[1], 0, t.store, 0);
+    ExpectSetsEqual(t.alone[2], 0, t.store, 1);
+    RemoveResultSet(t.store, 5);  // no such set
+    EXPECT_EQ(t.store.SetCount(), 2);
 
     EXPECT_EQ(ComparisonNumber(7), "#7");
     EXPECT_EQ(ComparisonNumber(42), "#42");

@@ -9,7 +9,17 @@
 namespace tormel::test {
 namespace {
 
-Language English() { return Language(std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang"); }
+// English texts and the output options loaded from empty settings.
+struct TableFixture {
+    Language language{EnglishLanguageFile()};
+    Settings settings;
+    OutputOptions options;
+
+    TableFixture() { LoadOutputOptions(options, settings); }
+    ResultContext Context(DecimalSeparator separator = {}) {
+        return ResultContext{language, settings, options, std::move(separator)};
+    }
+};
 
 // Ca (total 1e-3 M) with free Ca, a complex at `complexConcentration`, a
 // free-like partner below the cut-off and a dissolved-out solid; H+ first.
@@ -44,11 +54,8 @@ std::vector<std::string> Names(const std::vector<DetailsRow>& rows) {
 }
 
 TEST(DetailsTable, CutOffHidesSmallSpeciesButNotFreeOnes) {
-    const Language language = English();
-    Settings settings;
-    OutputOptions options;
-    LoadOutputOptions(options, settings);
-    const ResultContext context{language, settings, options, DecimalSeparator{}};
+    TableFixture f;
+    const ResultContext context = f.Context();
 
     ResultStore hidden = CalciumStore(5e-8);
     EXPECT_EQ(Names(DetailsTable(hidden, 0, 1, context)),
@@ -58,27 +65,24 @@ TEST(DetailsTable, CutOffHidesSmallSpeciesButNotFreeOnes) {
     EXPECT_EQ(Names(DetailsTable(shown, 0, 1, context)),
               (std::vector<std::string>{"free Ca 2+", "CaOH +", "free Ca(I)"}));
 
-    options.freeAlways = false;
+    f.options.freeAlways = false;
     EXPECT_EQ(Names(DetailsTable(hidden, 0, 1, context)), (std::vector<std::string>{"free Ca 2+"}));
-    options.showAll = true;
+    f.options.showAll = true;
     EXPECT_EQ(Names(DetailsTable(hidden, 0, 1, context)),
               (std::vector<std::string>{"free Ca 2+", "CaOH +", "free Ca(I)", "CaSO4 (aq)"}))
         << "show all: everything except a solid that is not there";
 
     // without percentages (the proton in fixed-pH mode) every species shows
-    options = OutputOptions{};
-    LoadOutputOptions(options, settings);
+    f.options = OutputOptions{};
+    LoadOutputOptions(f.options, f.settings);
     EXPECT_EQ(Names(DetailsTable(hidden, 0, 0, context)), (std::vector<std::string>{"free H +", "CaOH +"}));
 }
 
 TEST(DetailsTable, ColumnsKeysUnitsAndDecimalComma) {
-    const Language language = English();
-    Settings settings;
-    OutputOptions options;
-    LoadOutputOptions(options, settings);
-    options.units.units = 1;
-    options.units.order = 1;
-    const ResultContext context{language, settings, options, DecimalSeparator{","}};
+    TableFixture f;
+    f.options.units.units = 1;
+    f.options.units.order = 1;
+    const ResultContext context = f.Context(DecimalSeparator{","});
     ResultStore store = CalciumStore(2e-7);
     const std::vector<DetailsRow> rows = DetailsTable(store, 0, 1, context);
     ASSERT_EQ(rows.size(), 3u);
@@ -100,13 +104,10 @@ TEST(DetailsTable, ColumnsKeysUnitsAndDecimalComma) {
 }
 
 TEST(SummaryTable, MassUnitsAndTheProtonRows) {
-    const Language language = English();
-    Settings settings;
-    OutputOptions options;
-    LoadOutputOptions(options, settings);
-    options.units.units = 1;
-    options.units.order = 1;
-    const ResultContext context{language, settings, options, DecimalSeparator{}};
+    TableFixture f;
+    f.options.units.units = 1;
+    f.options.units.order = 1;
+    const ResultContext context = f.Context();
     ResultStore store = CalciumStore(2e-7);
 
     const std::vector<SummaryRow> ca = SummaryTable(store, 0, 1, context);
@@ -135,11 +136,8 @@ TEST(SummaryTable, MassUnitsAndTheProtonRows) {
 }
 
 TEST(DetailsTable, OrganicSiteRowsFollowTheSpecies) {
-    const Language language = English();
-    Settings settings;
-    OutputOptions options;
-    LoadOutputOptions(options, settings);
-    const ResultContext context{language, settings, options, DecimalSeparator{}};
+    TableFixture f;
+    const ResultContext context = f.Context();
     ResultStore store = CalciumStore(2e-7);
     store.sets[0].snapshot.input.organicComplexation = true;
     store.sets[0].header.organicReference = "Tipping (1998)";

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <span>
 
 #include "calc/reference_case.h"
 #include "calc/real_database.h"
@@ -52,7 +53,21 @@ void CompareEntries(SetComparer& c, const std::string& where, const std::array<R
     }
 }
 
+// Two lists of records of one kind hold as many records; `fields` compares
+// each pair (index, expected, actual).
+template <class Record, class Fields>
+void CompareEach(const char* kind, std::span<const Record> expected, std::span<const Record> actual, Fields fields) {
+    ASSERT_EQ(expected.size(), actual.size()) << kind << " count";
+    for (size_t i = 0; i < expected.size(); ++i) fields(i, expected[i], actual[i]);
+}
+
 }  // namespace
+
+std::string EnglishLanguageFile() { return std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang"; }
+
+std::string ReferenceCaseFile(std::string_view id) {
+    return std::string(TORMEL_TEST_DATA) + "/reference/" + std::string(id) + ".json";
+}
 
 void PrepareWorkspace(Workspace& ws, const TempFolder& folder, RecordingUi& ui) {
     ws.folders.workingFolder = folder.Path();
@@ -61,7 +76,7 @@ void PrepareWorkspace(Workspace& ws, const TempFolder& folder, RecordingUi& ui) 
     ws.folders.dataFolder = folder.File("Data/");
     ws.folders.programFolder = folder.Path();
     ws.folders.settingsFile = folder.File("TORMEL64.INI");
-    ws.folders.languageFile = std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang";
+    ws.folders.languageFile = EnglishLanguageFile();
     CreateWorkingFolders(ws.folders);
     ws.settings = Settings(ws.folders.settingsFile);
     ws.language = Language(ws.folders.languageFile);
@@ -155,10 +170,7 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
         c.Int(At("block", b, "columns"), e.otherInfo[b].columnCount, a.otherInfo[b].columnCount);
     }
 
-    ASSERT_EQ(ev.components.size(), av.components.size());
-    for (size_t i = 0; i < ev.components.size(); ++i) {
-        const ComponentResult& x = ev.components[i];
-        const ComponentResult& y = av.components[i];
+    CompareEach("component", ev.components, av.components, [&](size_t i, const auto& x, const auto& y) {
         c.Int(At("component", i, "kind"), x.kind, y.kind);
         c.Text(At("component", i, "name"), x.name, y.name);
         c.Text(At("component", i, "display name"), x.displayName, y.displayName);
@@ -177,12 +189,9 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
         c.Number(At("info", i, "input value"), p.inputValue, q.inputValue, kTenDigits);
         c.Number(At("info", i, "molar mass"), p.molarMass, q.molarMass, kTenDigits);
         c.Int(At("info", i, "input type"), p.inputType, q.inputType);
-    }
+    });
 
-    ASSERT_EQ(ev.species.size(), av.species.size());
-    for (size_t i = 0; i < ev.species.size(); ++i) {
-        const SpeciesResult& x = ev.species[i];
-        const SpeciesResult& y = av.species[i];
+    CompareEach("species", ev.species, av.species, [&](size_t i, const auto& x, const auto& y) {
         c.Int(At("species", i, "kind"), x.kind, y.kind);
         c.Text(At("species", i, "name"), x.name, y.name);
         c.Int(At("species", i, "category"), x.category, y.category);
@@ -197,33 +206,26 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
         c.Text(At("species", i, "literature"), x.literatureIndex >= 0 ? x.literature : "", y.literature);
         c.Int(At("species", i, "reaction definition"), x.reactionDefinition, y.reactionDefinition);
         c.Number(At("species", i, "saturation"), x.saturationValue, y.saturationValue);
-    }
+    });
 
-    ASSERT_EQ(ev.reactions.size(), av.reactions.size());
-    for (size_t i = 0; i < ev.reactions.size(); ++i) {
-        CompareEntries(c, At("reaction", i, "reactant"), ev.reactions[i].reactants, av.reactions[i].reactants);
-        CompareEntries(c, At("reaction", i, "product"), ev.reactions[i].products, av.reactions[i].products);
-        c.Number(At("reaction", i, "log K"), ev.reactions[i].logK, av.reactions[i].logK);
-        c.Text(At("reaction", i, "literature"), ev.reactions[i].literature, av.reactions[i].literature);
-        c.Text(At("reaction", i, "note"), ev.reactions[i].note, av.reactions[i].note);
-    }
+    CompareEach("reaction", ev.reactions, av.reactions, [&](size_t i, const auto& x, const auto& y) {
+        CompareEntries(c, At("reaction", i, "reactant"), x.reactants, y.reactants);
+        CompareEntries(c, At("reaction", i, "product"), x.products, y.products);
+        c.Number(At("reaction", i, "log K"), x.logK, y.logK);
+        c.Text(At("reaction", i, "literature"), x.literature, y.literature);
+        c.Text(At("reaction", i, "note"), x.note, y.note);
+    });
 
-    ASSERT_EQ(ev.solidChecks.size(), av.solidChecks.size());
-    for (size_t i = 0; i < ev.solidChecks.size(); ++i) {
-        const SolidSaturation& x = ev.solidChecks[i];
-        const SolidSaturation& y = av.solidChecks[i];
+    CompareEach("solid", ev.solidChecks, av.solidChecks, [&](size_t i, const auto& x, const auto& y) {
         c.Text(At("solid", i, "name"), x.name, y.name);
         c.Number(At("solid", i, "SI"), x.saturationIndex, y.saturationIndex);
         c.Number(At("solid", i, "log K"), x.logK, y.logK);
         c.Number(At("solid", i, "conditional log K"), x.conditionalLogK, y.conditionalLogK);
         c.Text(At("solid", i, "literature"), x.literature, y.literature);
         c.Int(At("solid", i, "reaction definition"), x.reactionDefinition, y.reactionDefinition);
-    }
+    });
 
-    ASSERT_EQ(ev.gases.size(), av.gases.size());
-    for (size_t i = 0; i < ev.gases.size(); ++i) {
-        const GasResult& x = ev.gases[i];
-        const GasResult& y = av.gases[i];
+    CompareEach("gas", ev.gases, av.gases, [&](size_t i, const auto& x, const auto& y) {
         c.Text(At("gas", i, "name"), x.name, y.name);
         c.Number(At("gas", i, "pressure"), x.partialPressure, y.partialPressure);
         c.Number(At("gas", i, "ligand"), x.ligandConcentration, y.ligandConcentration);
@@ -231,19 +233,15 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
         c.Number(At("gas", i, "conditional log K"), x.conditionalLogK, y.conditionalLogK);
         c.Text(At("gas", i, "literature"), x.literature, y.literature);
         c.Int(At("gas", i, "reaction definition"), x.reactionDefinition, y.reactionDefinition);
-    }
+    });
 
-    ASSERT_EQ(ev.salts.size(), av.salts.size());
-    for (size_t i = 0; i < ev.salts.size(); ++i) {
-        c.Text(At("salt", i, "formula"), ev.salts[i].formula, av.salts[i].formula);
-        c.Int(At("salt", i, "cation"), ev.salts[i].cation, av.salts[i].cation);
-        c.Int(At("salt", i, "ligand"), ev.salts[i].ligand, av.salts[i].ligand);
-        c.Number(At("salt", i, "mean"), ev.salts[i].meanActivityCoefficient, av.salts[i].meanActivityCoefficient);
-    }
-    ASSERT_EQ(ev.msaIons.size(), av.msaIons.size());
-    for (size_t i = 0; i < ev.msaIons.size(); ++i) {
-        const MsaIonResult& x = ev.msaIons[i];
-        const MsaIonResult& y = av.msaIons[i];
+    CompareEach("salt", ev.salts, av.salts, [&](size_t i, const auto& x, const auto& y) {
+        c.Text(At("salt", i, "formula"), x.formula, y.formula);
+        c.Int(At("salt", i, "cation"), x.cation, y.cation);
+        c.Int(At("salt", i, "ligand"), x.ligand, y.ligand);
+        c.Number(At("salt", i, "mean"), x.meanActivityCoefficient, y.meanActivityCoefficient);
+    });
+    CompareEach("ion", ev.msaIons, av.msaIons, [&](size_t i, const auto& x, const auto& y) {
         c.Text(At("ion", i, "name"), x.name, y.name);
         c.Int(At("ion", i, "charge"), x.charge, y.charge);
         c.Number(At("ion", i, "ln gamma HS"), x.lnGammaHardSphere, y.lnGammaHardSphere);
@@ -251,7 +249,7 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
         c.Number(At("ion", i, "ln gamma"), x.lnGamma, y.lnGamma);
         c.Number(At("ion", i, "gamma"), x.gamma, y.gamma);
         c.Number(At("ion", i, "ion size"), x.ionSize, y.ionSize);
-    }
+    });
     if (ei.ionicStrengthModel != 1) {
         c.Number("MSA delta", e.msa.delta, a.msa.delta);
         for (size_t k = 0; k < 3; ++k) c.Number(At("MSA", k, "a"), e.msa.hardSphere[k], a.msa.hardSphere[k]);

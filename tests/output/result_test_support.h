@@ -3,6 +3,7 @@
 // reference waters calculated into result set 0, and a record-by-record
 // comparison of two result sets as far as an output file keeps them.
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "output/result_store.h"
@@ -12,6 +13,12 @@
 
 namespace tormel::test {
 
+// The path of the English language file.
+std::string EnglishLanguageFile();
+
+// The path of the reference case `id` (a file of tests/data/reference).
+std::string ReferenceCaseFile(std::string_view id);
+
 // A workspace on a copy of the real database, with English texts, folders
 // under `folder` (input and output folders created) and the recording UI.
 void PrepareWorkspace(Workspace& ws, const TempFolder& folder, RecordingUi& ui);
@@ -20,6 +27,24 @@ void PrepareWorkspace(Workspace& ws, const TempFolder& folder, RecordingUi& ui);
 // with the given activity model (1 Davies, 2 MSA). False when the case cannot
 // be set up or does not converge.
 bool CalculateReferenceCase(Workspace& ws, const std::string& file, int32_t ionicStrengthModel = 1);
+
+// A workspace prepared by PrepareWorkspace on a temporary folder of its own.
+struct PreparedWorkspace {
+    TempFolder folder;
+    RecordingUi ui;
+    Workspace ws;
+
+    PreparedWorkspace() { PrepareWorkspace(ws, folder, ui); }
+};
+
+// A prepared workspace with the reference case in `file` calculated into
+// result set 0; `ok` as CalculateReferenceCase returned it.
+struct CalculatedWorkspace : PreparedWorkspace {
+    bool ok = false;
+
+    explicit CalculatedWorkspace(const std::string& file, int32_t ionicStrengthModel = 1)
+        : ok(CalculateReferenceCase(ws, file, ionicStrengthModel)) {}
+};
 
 // Every field an output file keeps agrees: texts exactly, "%.16G" numbers to
 // 1e-15 and "%9.9E" numbers to 1e-9 (relative). Reports each difference as a
