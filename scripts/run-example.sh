@@ -3,7 +3,8 @@
 # the working folder is made fresh under build/example-home (the database is
 # copied there from the raw data files at the first start), the example water
 # is calculated into an output file, and an excerpt of that file and of its
-# result tables is printed; then the example batch file runs both examples.
+# result tables is printed; a river water with dissolved organic matter
+# follows (its copper tables); then the example batch file runs all examples.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/setup.sh"
@@ -19,6 +20,11 @@ echo "== $out (first lines) =="
 iconv -f UTF-16 -t UTF-8 "$out" | tr -d '\r' | head -n 9 | cut -c1-110
 echo "== result tables of calcium =="
 "$cli" "$out" | sed -n '/^== Ca ==$/,/^== K ==$/p' | sed '$d' | cut -c1-110
+
+river="$TORMEL64_HOME/Output/river_doc.o64"
+"$cli" "/run:$root/data/examples/river_doc.i64" "$river"
+echo "== result tables of copper in $river (organic matter, Model 7) =="
+"$cli" "$river" | sed -n '/^== Cu(II) ==$/,/^$/p' | cut -c1-110
 
 echo "== batch: $root/data/examples/example_batch.txt on 2 threads =="
 mkdir -p "$TORMEL64_HOME/Input"
