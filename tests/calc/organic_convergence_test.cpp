@@ -27,18 +27,13 @@ OrganicWater RandomWater(int32_t model, std::mt19937& rng, bool protonBalance) {
     std::uniform_real_distribution<double> unit(0, 1);
     OrganicWater w(model, LogUniform(rng, 1, 20), 0.3 + 0.6 * unit(rng));
     if (!w.ok) return w;
-    const double ca = LogUniform(rng, 5e-5, 3e-3);
-    const double mg = LogUniform(rng, 2e-5, 1e-3);
-    const double na = LogUniform(rng, 5e-5, 5e-3);
-    const double k = LogUniform(rng, 1e-5, 2e-4);
+    w.Set("Ca", InpTypeTotalConc, LogUniform(rng, 5e-5, 3e-3));
+    w.Set("Mg", InpTypeTotalConc, LogUniform(rng, 2e-5, 1e-3));
+    w.Set("Na", InpTypeTotalConc, LogUniform(rng, 5e-5, 5e-3));
+    w.Set("K", InpTypeTotalConc, LogUniform(rng, 1e-5, 2e-4));
     const double carbonate = LogUniform(rng, 1e-4, 4e-3);
-    const double so4 = LogUniform(rng, 2e-5, 1e-3);
-    w.Set("Ca", InpTypeTotalConc, ca);
-    w.Set("Mg", InpTypeTotalConc, mg);
-    w.Set("Na", InpTypeTotalConc, na);
-    w.Set("K", InpTypeTotalConc, k);
     w.Set("CO3", InpTypeTotalConc, carbonate);
-    w.Set("SO4", InpTypeTotalConc, so4);
+    w.Set("SO4", InpTypeTotalConc, LogUniform(rng, 2e-5, 1e-3));
     w.Set("Cl", InpTypeTotalConc, LogUniform(rng, 5e-5, 5e-3));
     w.Set("Cu(II)", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-6));
     w.Set("Zn", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-6));
@@ -65,7 +60,7 @@ TEST(OrganicConvergence, RandomNaturalWaters) {
         for (int i = 0; i < kWatersPerModel; ++i) {
             const bool protonBalance = i % 2 == 1;
             OrganicWater w = RandomWater(model, rng, protonBalance);
-            if (!w.ok) GTEST_SKIP() << "database not loaded";
+            ASSERT_TRUE(w.ok);
             w.input.ionicStrengthModel = (i / 2) % 2 == 0 ? 1 : 2;  // Davies and MSA in turn
             const CalculationOutcome out = w.Run();
             EXPECT_TRUE(out.solve.converged) << "model " << model << " water " << i

@@ -52,13 +52,8 @@ void FreeFractionDeviations(int32_t model, double doc, double deviation[4]) {
     OrganicWater w(model, doc, 0.8);
     ASSERT_TRUE(w.ok) << "database not loaded";
     w.FixPh(7.99);
-    w.Set("Ca", InpTypeTotalConc, 1.75e-3);
-    w.Set("Mg", InpTypeTotalConc, 0.43e-3);
-    w.Set("Na", InpTypeTotalConc, 2.5e-3);
-    w.Set("K", InpTypeTotalConc, 1.5e-4);
-    w.Set("Cl", InpTypeTotalConc, 2.8e-3);
-    w.Set("SO4", InpTypeTotalConc, 6e-4);
-    w.Set("CO3", InpTypeTotalConc, 2.7e-3);
+    w.SetTotals({{"Ca", 1.75e-3}, {"Mg", 0.43e-3}, {"Na", 2.5e-3}, {"K", 1.5e-4}, {"Cl", 2.8e-3}, {"SO4", 6e-4},
+                 {"CO3", 2.7e-3}});
     for (const Metal& m : kMetals) w.Set(m.component, InpTypeTotalConc, m.total);
     const CalculationOutcome out = w.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;

@@ -25,9 +25,7 @@ OrganicWater CopperWater(int32_t model, double doc, double fulvic) {
     OrganicWater w(model, doc, fulvic);
     if (!w.ok) return w;
     w.FixPh(7);
-    w.Set("Ca", InpTypeTotalConc, 1e-3);
-    w.Set("Cu(II)", InpTypeTotalConc, 1e-7);
-    w.Set("NO3", InpTypeTotalConc, 2e-3);
+    w.SetTotals({{"Ca", 1e-3}, {"Cu(II)", 1e-7}, {"NO3", 2e-3}});
     EXPECT_TRUE(Assemble(w));
     return w;
 }
@@ -52,7 +50,7 @@ constexpr double kFulvic = 0.6;
 TEST(OrganicSites, TotalsAddUpToSiteDensities) {
     for (int32_t model = Model5; model <= Model7; ++model) {
         OrganicWater w = CopperWater(model, kDoc, kFulvic);
-        if (!w.ok) GTEST_SKIP() << "database not loaded";
+        ASSERT_TRUE(w.ok);
         for (int32_t f = 0; f < 2; ++f) {
             const OrganicFraction& fr = w.state.organic.fractions[f];
             ASSERT_TRUE(fr.present);
@@ -79,7 +77,7 @@ TEST(OrganicSites, ComponentsAndSpeciesOfEachModel) {
                                                      {Model7, 8 + 6 * 3 + 8 * 3}};
     for (int32_t model = Model5; model <= Model7; ++model) {
         OrganicWater w = CopperWater(model, kDoc, kFulvic);
-        if (!w.ok) GTEST_SKIP() << "database not loaded";
+        ASSERT_TRUE(w.ok);
         for (int32_t f = 0; f < 2; ++f) {
             const OrganicFraction& fr = w.state.organic.fractions[f];
             EXPECT_EQ(fr.sites.size(), components.at(model));
@@ -101,13 +99,8 @@ TEST(OrganicSites, ComponentsAndSpeciesOfEachModel) {
 
 TEST(OrganicSites, NamesKindsAndConstants) {
     OrganicWater w = CopperWater(Model7, kDoc, kFulvic);
-    if (!w.ok) GTEST_SKIP() << "database not loaded";
+    ASSERT_TRUE(w.ok);
     const OrganicParameters& fa = w.state.organic.fractions[0].parameters;  // pK_A 3.7, dpK_A 3.1, pK_B 9.6, dpK_B 4.4
-    // site components and their species
-    EXPECT_GE(w.SystemIndexOf("FA7-1"), 0);
-    EXPECT_GE(w.SystemIndexOf("HA7-bi-6-C-b"), 0);
-    EXPECT_GE(w.SystemIndexOf("FA7-tri-8-A-c"), 0);
-    EXPECT_GE(w.SpeciesIndex("free FA7-3"), 0);
     EXPECT_NEAR(LogKOf(w, "H-FA7-1"), fa.pKA - fa.deltaPKA / 2, 1e-12);     // 2.15
     EXPECT_NEAR(LogKOf(w, "H-FA7-8"), fa.pKB + fa.deltaPKB / 2, 1e-12);     // 11.8
     EXPECT_NEAR(LogKOf(w, "H-FA7-6"), fa.pKB - fa.deltaPKB / 6, 1e-12);
@@ -119,7 +112,7 @@ TEST(OrganicSites, NamesKindsAndConstants) {
     EXPECT_NEAR(LogKOf(w, "Cu(II)-FA7-mono-7"), b, 1e-12);
     EXPECT_NEAR(LogKOf(w, "Cu(II)-FA7-bi-3-B"), a + b + 2.34, 1e-12);          // (1,5), level 1
     EXPECT_NEAR(LogKOf(w, "Cu(II)-FA7-tri-1-C"), 2 * a + b + 1.5 * 2 * 2.34, 1e-12);  // (1,2,5), level 2
-    // kinds and charges of the fulvic block (49..60) and the humic block (61..72)
+    // kinds (as the result files hold them) and charges of the fulvic block (49..60) and the humic block (61..72)
     const Species& mono = w.chem.species[w.SpeciesIndex("Cu(II)-FA7-mono-2")];
     const Species& bi = w.chem.species[w.SpeciesIndex("Cu(II)-FA7-bi-3-B")];
     const Species& tri = w.chem.species[w.SpeciesIndex("Cu(II)OH-HA7-tri-4-A")];
@@ -140,7 +133,6 @@ TEST(OrganicSites, NamesKindsAndConstants) {
     EXPECT_NEAR(LogKOf(m5, "Cu(II)-FA5-mono-6"), -3.96 * 0.8, 1e-12);
     EXPECT_NEAR(LogKOf(m5, "Cu(II)-HA5-mono-6"), 3 - 3 * 1.5, 1e-12);
     EXPECT_NEAR(LogKOf(m5, "Cu(II)-FA5-bi-3"), -0.8 - 3.96 * 0.8, 1e-12);  // pair 3 is (1,6)
-    EXPECT_GE(m5.SystemIndexOf("HA5-bi-12b"), 0);
     EXPECT_EQ(m5.chem.species[m5.SpeciesIndex("Cu(II)-HA5-bi-3")].kind, 23);
 
     // Model 6: spread Delta LK1 2.8 over the single sites (Cu fulvic log K_MA 2.1)
@@ -153,12 +145,11 @@ TEST(OrganicSites, NamesKindsAndConstants) {
 // components and species.
 TEST(OrganicSites, Model6RepeatedTriples) {
     OrganicWater w = CopperWater(Model6, kDoc, kFulvic);
-    if (!w.ok) GTEST_SKIP() << "database not loaded";
+    ASSERT_TRUE(w.ok);
     const auto& triples = OrganicTriples(Model6);
     ASSERT_EQ(triples.size(), 16u);
     EXPECT_EQ(triples[5], triples[9]);   // (3,4,6)
     EXPECT_EQ(triples[6], triples[10]);  // (1,3,7)
-    const OrganicFraction& fr = w.state.organic.fractions[0];
     for (int32_t n : {6, 10}) {
         for (const char* member : {"a", "b", "c"}) {
             const std::string name = "FA6-tri-" + std::to_string(n) + "-B-" + member;
@@ -166,13 +157,6 @@ TEST(OrganicSites, Model6RepeatedTriples) {
         }
         EXPECT_GE(w.SpeciesIndex("Cu(II)-FA6-tri-" + std::to_string(n) + "-A"), 0);
     }
-    // triple 6 is in the /18 group, triple 10 in the /36 group
-    const OrganicParameters& p = fr.parameters;
-    const double c = fr.concentration;
-    EXPECT_NEAR(w.chem.systemComponents[w.SystemIndexOf("FA6-tri-6-A-a")].givenValue,
-                p.tripleShare * p.nA * c / 18 * 0.901, 1e-18);
-    EXPECT_NEAR(w.chem.systemComponents[w.SystemIndexOf("FA6-tri-10-A-a")].givenValue,
-                p.tripleShare * p.nA * c / 36 * 0.901, 1e-18);
     EXPECT_DOUBLE_EQ(LogKOf(w, "Cu(II)-FA6-tri-6-B"), LogKOf(w, "Cu(II)-FA6-tri-10-B"));
 }
 
@@ -180,7 +164,7 @@ TEST(OrganicSites, FulvicFractionZeroOrOneGivesOneFraction) {
     for (int32_t model = Model5; model <= Model7; ++model)
         for (double fulvic : {0.0, 1.0}) {
             OrganicWater w = CopperWater(model, kDoc, fulvic);
-            if (!w.ok) GTEST_SKIP() << "database not loaded";
+            ASSERT_TRUE(w.ok);
             const int32_t kept = fulvic == 1.0 ? 0 : 1;
             EXPECT_TRUE(w.state.organic.fractions[kept].present);
             EXPECT_FALSE(w.state.organic.fractions[1 - kept].present);
@@ -202,7 +186,7 @@ TEST(OrganicSites, FulvicFractionZeroOrOneGivesOneFraction) {
 // inorganic update (with Newton steps) and the whole volume is bulk solution.
 TEST(OrganicSites, NoCarbonNoOrganicMatter) {
     OrganicWater w = CopperWater(Model7, 0, 0.5);
-    if (!w.ok) GTEST_SKIP() << "database not loaded";
+    ASSERT_TRUE(w.ok);
     for (const SystemComponent& sc : w.chem.systemComponents) EXPECT_NE(sc.type, Organic) << sc.name;
     for (const Species& sp : w.chem.species) EXPECT_LT(sp.kind, 9) << sp.name;
     const CalculationOutcome out = w.Run();

@@ -11,7 +11,10 @@ namespace tormel::test {
 
 OrganicWater::OrganicWater(int32_t model, double doc, double fulvic) {
     const ChemicalSystem* database = RealDatabase();
-    if (!database) return;
+    if (!database) {
+        ADD_FAILURE() << "the raw database in data/RawData could not be loaded";
+        return;
+    }
     chem = *database;
     for (Component& c : chem.components) {
         c.inputValue = 0;
@@ -71,13 +74,6 @@ double OrganicWater::BoundFraction(const std::string& component) const {
     if (j < 0) return 0;
     const SystemComponent& sc = chem.systemComponents[j];
     return (MetalBound(component) + sc.ddlSum[0] + sc.ddlSum[1]) / sc.balanceTotal;
-}
-
-double OrganicWater::ChargePerCarbon(int32_t fraction) const {
-    double charge = 0;
-    for (const Species& sp : chem.species)
-        if (FractionOfKind(sp.kind) == fraction) charge += sp.charge * sp.concentration;
-    return charge / state.organic.fractions[fraction].concentration;
 }
 
 }  // namespace tormel::test

@@ -3,7 +3,9 @@
 // by name, one calculation, and sums over the organic species read straight
 // from the species (independently of the solver's own sums).
 #include <cmath>
+#include <initializer_list>
 #include <string>
+#include <utility>
 
 #include "calc/calc_context.h"
 #include "calc/run_calculation.h"
@@ -13,7 +15,7 @@
 namespace tormel::test {
 
 struct OrganicWater {
-    // false when the database could not be loaded
+    // false (and the test failed) when the database could not be loaded
     bool ok = false;
     ChemicalSystem chem;
     InputProblem input;
@@ -24,6 +26,10 @@ struct OrganicWater {
 
     // Sets a component's input by name; fails the test for an unknown name.
     void Set(const std::string& component, int32_t type, double value);
+    // Gives each listed component its total concentration.
+    void SetTotals(std::initializer_list<std::pair<const char*, double>> totals) {
+        for (auto [component, total] : totals) Set(component, InpTypeTotalConc, total);
+    }
     void FixPh(double pH) { Set("H", InpTypeFreeAct, std::pow(10.0, -pH)); }
     CalculationOutcome Run();
 
@@ -35,8 +41,6 @@ struct OrganicWater {
     // Fraction of the component's given total that is bound to the organic
     // matter as metal species or held in the diffuse layers.
     double BoundFraction(const std::string& component) const;
-    // Charge of a fraction per gram of carbon, summed here from its species.
-    double ChargePerCarbon(int32_t fraction) const;
 };
 
 }  // namespace tormel::test

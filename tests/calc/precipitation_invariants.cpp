@@ -3,16 +3,12 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "calc/solution_checks.h"
 #include "calc/temperature.h"
 
 namespace tormel::test {
 
 namespace {
-
-double DaviesLogGamma(double ionicStrength, int charge) {
-    const double r = std::sqrt(ionicStrength);
-    return -0.5079 * charge * charge * (r / (1 + r) - 0.3 * ionicStrength);
-}
 
 // The species whose activity is the activity of database component k.
 int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k) {
@@ -44,7 +40,7 @@ bool DatabaseSaturationIndex(const ChemicalSystem& chem, const SolverState& stat
             const int32_t s = RepresentingSpecies(chem, k);
             if (s < 0) return false;
             const Species& sp = chem.species[s];
-            logActivity = std::log10(sp.concentration) + DaviesLogGamma(state.ionicStrength, sp.charge);
+            logActivity = std::log10(sp.concentration) + DaviesLog(state.ionicStrength, sp.charge);
         }
         si += nu * logActivity;
     }

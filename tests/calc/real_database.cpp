@@ -10,6 +10,8 @@ namespace tormel::test {
 
 namespace {
 
+size_t loaderMessages = 0;
+
 std::unique_ptr<ChemicalSystem> Load() {
     namespace fs = std::filesystem;
     const fs::path raw = fs::path(TORMEL_SOURCE_DIR) / "data" / "RawData";
@@ -22,8 +24,11 @@ std::unique_ptr<ChemicalSystem> Load() {
         if (ec) return nullptr;
     }
     auto chem = std::make_unique<ChemicalSystem>();
-    UiServices ui;  // the loader's warnings go nowhere
-    ui.showMessageBox = [](const MessageBoxRequest&) { return MessageBoxAnswer{}; };
+    UiServices ui;  // the loader's warnings are only counted
+    ui.showMessageBox = [](const MessageBoxRequest&) {
+        ++loaderMessages;
+        return MessageBoxAnswer{};
+    };
     const auto error = LoadDatabase(*chem, folder.string() + "/", ui);
     fs::remove_all(folder, ec);
     if (error) return nullptr;
@@ -35,6 +40,11 @@ std::unique_ptr<ChemicalSystem> Load() {
 const ChemicalSystem* RealDatabase() {
     static const std::unique_ptr<ChemicalSystem> chem = Load();
     return chem.get();
+}
+
+size_t RealDatabaseMessages() {
+    RealDatabase();
+    return loaderMessages;
 }
 
 }  // namespace tormel::test

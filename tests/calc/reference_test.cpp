@@ -35,18 +35,4 @@ TEST(Reference, EveryCaseAgrees) {
     }
 }
 
-TEST(Reference, JsonReaderReadsTheCaseSyntax) {
-    const auto v = ParseJson(R"({"a": [1, -2.5e-3, true, null], "b": {"c": "x\"y\u0041"}})");
-    ASSERT_TRUE(v.has_value());
-    const JsonValue* a = v->Find("a");
-    ASSERT_NE(a, nullptr);
-    ASSERT_EQ(a->items.size(), 4u);
-    EXPECT_DOUBLE_EQ(a->items[1].number, -2.5e-3);
-    EXPECT_TRUE(a->items[2].boolean);
-    EXPECT_EQ(a->items[3].kind, JsonValue::Kind::Null);
-    EXPECT_EQ(v->Find("b")->TextOr("c", ""), "x\"yA");
-    EXPECT_FALSE(ParseJson(R"({"a": [1, 2})").has_value());
-    EXPECT_FALSE(ParseJson(R"({"a": 1} x)").has_value());
-}
-
 }  // namespace tormel::test

@@ -36,61 +36,38 @@ TEST(CoreDatabaseErrors, MissingWorkingCopyNamesTheFile) {
     EXPECT_EQ(db.chem.ComponentCount(), 0) << "a failed load leaves no half database";
 }
 
-TEST(CoreDatabaseErrors, CountLargerThanTheRecordsPresent) {
-    CraftedDatabase db;
-    auto error = db.LoadWith(DbComponents, std::string(kHeader) + "3\n\"H\" 1 1 1.008 0\n\"OH\" 3 -1 17 0\n");
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->record, "component 3");
-    EXPECT_NE(error->message.find("ends before"), std::string::npos);
-}
+// A crafted file and what the error must name: the record, a part of the
+// message and the line ("" and 0 where the case does not pin them).
+struct Crafted {
+    int position;
+    std::string text;
+    const char* record;
+    const char* message;
+    int line;
+};
 
-TEST(CoreDatabaseErrors, TruncatedRecordNamesTheRecordAndField) {
-    CraftedDatabase db;
-    auto error = db.LoadWith(DbComponents, std::string(kHeader) + "2\n\"H\" 1 1 1.008 0\n\"Ca\" 1 2");
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->record, "component 2 (\"Ca\")");
-    EXPECT_NE(error->message.find("molar mass"), std::string::npos);
-    EXPECT_EQ(error->line, 5);
-}
-
-TEST(CoreDatabaseErrors, UnclosedQuote) {
-    CraftedDatabase db;
-    auto error = db.LoadWith(DbComponents, std::string(kHeader) + "2\n\"H\" 1 1 1.008 0\n\"Ca 1 2 40 0\n");
-    ASSERT_TRUE(error);
-    EXPECT_NE(error->message.find("closing quote"), std::string::npos);
-}
-
-TEST(CoreDatabaseErrors, HugeCountIsRefusedBeforeAllocating) {
-    CraftedDatabase db;
-    auto error = db.LoadWith(DbEquilibria, std::string(kHeader) + "2000000000\n\"H2O\" 1 0 14 0 0 -2 0 0 2 1 1 1 2\n");
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->line, 3);
-    EXPECT_NE(error->message.find("larger than the file"), std::string::npos);
-}
-
-TEST(CoreDatabaseErrors, ComponentNumberOutsideTheTable) {
-    CraftedDatabase db;
-    auto error = db.LoadWith(DbEquilibria, std::string(kHeader) + "1\n\"H2O\" 1 0 14 0 0 -2 0 1 2 1 1 1 99\n");
-    ASSERT_TRUE(error);
-    EXPECT_NE(error->message.find("component number 99"), std::string::npos);
-}
-
-TEST(CoreDatabaseErrors, LiteratureNumberOutsideTheTable) {
-    CraftedDatabase db;
-    auto error = db.LoadWith(DbEquilibria, std::string(kHeader) + "1\n\"H2O\" 1 0 14 0 0 -2 0 77 2 1 1 1 2\n");
-    ASSERT_TRUE(error);
-    EXPECT_NE(error->message.find("literature reference 77"), std::string::npos);
-}
-
-TEST(CoreDatabaseErrors, TruncatedLiteratureAndModelFiles) {
-    CraftedDatabase db;
-    auto error = db.LoadWith(DbLiterature, std::string(kHeader) + "9\nfirst\nsecond\n");
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->record, "reference 3");
-    CraftedDatabase model;
-    error = model.LoadWith(DbModel6, "a\nb\nc\n1.5 nA\n2.5 nB\n");
-    ASSERT_TRUE(error);
-    EXPECT_EQ(error->record, "fulvic parameter 3");
+TEST(CoreDatabaseErrors, CraftedFilesNameTheRecordFieldAndLine) {
+    const std::string h = kHeader;
+    const Crafted cases[] = {
+        {DbComponents, h + "3\n\"H\" 1 1 1.008 0\n\"OH\" 3 -1 17 0\n", "component 3", "ends before", 0},
+        {DbComponents, h + "2\n\"H\" 1 1 1.008 0\n\"Ca\" 1 2", "component 2 (\"Ca\")", "molar mass", 5},
+        {DbComponents, h + "2\n\"H\" 1 1 1.008 0\n\"Ca 1 2 40 0\n", "", "closing quote", 0},
+        // a huge count is refused before anything is allocated
+        {DbEquilibria, h + "2000000000\n\"H2O\" 1 0 14 0 0 -2 0 0 2 1 1 1 2\n", "", "larger than the file", 3},
+        {DbEquilibria, h + "1\n\"H2O\" 1 0 14 0 0 -2 0 1 2 1 1 1 99\n", "", "component number 99", 0},
+        {DbEquilibria, h + "1\n\"H2O\" 1 0 14 0 0 -2 0 77 2 1 1 1 2\n", "", "literature reference 77", 0},
+        {DbLiterature, h + "9\nfirst\nsecond\n", "reference 3", "", 0},
+        {DbModel6, "a\nb\nc\n1.5 nA\n2.5 nB\n", "fulvic parameter 3", "", 0},
+    };
+    for (const Crafted& c : cases) {
+        SCOPED_TRACE(c.text);
+        CraftedDatabase db;
+        auto error = db.LoadWith(c.position, c.text);
+        ASSERT_TRUE(error);
+        if (*c.record) { EXPECT_EQ(error->record, c.record); }
+        EXPECT_NE(error->message.find(c.message), std::string::npos) << error->message;
+        if (c.line) { EXPECT_EQ(error->line, c.line); }
+    }
 }
 
 TEST(CoreDatabaseErrors, GarbageBytesGiveAnErrorNotACrash) {
@@ -102,12 +79,7 @@ TEST(CoreDatabaseErrors, GarbageBytesGiveAnErrorNotACrash) {
 }
 
 TEST(CoreDatabaseFormats, TypeSpecificFieldsAreOnlyPresentWhereTheyBelong) {
-    CraftedDatabase db;
     // gas and redox-solid components carry no charge; an organic one its model code
-    auto error = db.LoadWith(DbComponents, std::string(kHeader) +
-                                               "5\n\"H\" 1 1 1.008 9E-10\n\"OH\" 3 -1 17.007 3.5E-10\n"
-                                               "\"MnO2(s)\" 5 86.94\n\"CO2(g)\" 6\n\"HA7\" 7 0 4\n");
-    ASSERT_TRUE(error);  // the equilibria of the synthetic set refer to more components
     ChemicalSystem chem;
     TempFolder dir;
     WriteBytes(dir.File("c.D64"), Utf16Bytes(std::string(kHeader) +

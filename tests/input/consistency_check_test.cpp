@@ -29,10 +29,6 @@ protected:
     Language language = test::English();
 };
 
-TEST_F(InputConsistency, ProgramDefaultsAreConsistent) {
-    EXPECT_TRUE(Check().Empty());
-}
-
 TEST_F(InputConsistency, HydrogenChecks) {
     Give(I::H, 0, InpTypeFreeAct);
     EXPECT_EQ(Check().errors, T("ConsistencyError2") + "\n");
@@ -134,14 +130,6 @@ TEST_F(InputConsistency, GroupWithAMemberFixedByAGasIsAWarning) {
     EXPECT_EQ(r.errors, "");
     EXPECT_EQ(r.warnings, T("ConsistencyError14") + " SO4 / HS / S\n" + "- HS " + T("ConsistencyError13") + "\n" +
                               T("ConsistencyError17") + " SO4.\n" + T("ConsistencyError18"));
-}
-
-TEST_F(InputConsistency, MsaWithFixedIonicStrength) {
-    input.ionicStrengthFixed = true;
-    input.fixedIonicStrength = 0.1;
-    EXPECT_EQ(Check().errors, T("ConsistencyError19") + "\n");
-    input.ionicStrengthModel = 1;
-    EXPECT_TRUE(Check().Empty());
 }
 
 TEST_F(InputConsistency, TemperatureChecks) {

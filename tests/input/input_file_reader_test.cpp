@@ -236,14 +236,5 @@ TEST_F(InputFileReader, MalformedFilesGiveAnErrorNeverACrash) {
     EXPECT_EQ(broken->key, "ErrorOpen3");
 }
 
-TEST_F(InputFileReader, SuccessfulReadMarksTheFileCurrentAndUnmodified) {
-    input.modified = true;
-    test::WriteBytes(folder.File("ok.i64"), test::Utf16Bytes(kHeader + "Ca: 0.001 (total concentration)\n"));
-    ASSERT_FALSE(LoadInputFile(folder.File("ok.i64"), input, chem));
-    EXPECT_FALSE(input.modified);
-    EXPECT_EQ(input.currentInputFile, folder.File("ok.i64"));
-    EXPECT_EQ(C(I::Ca).inputValue, 0.001);
-}
-
 }  // namespace
 }  // namespace tormel

@@ -53,18 +53,16 @@ TEST(CsvExport, OpeningLinesAndSectionHeadingsByKind) {
     EXPECT_LT(ligands, gases);
     EXPECT_NE(text.find("\n\"Other information\"\n\n\"Block 1 (not used in this calculation)\"\n\n"),
               std::string::npos);
+
+    // without exported cations the first ligand follows the cations heading
+    ResultStore noCations = ExportSampleStore();
+    noCations.components[0].kind = 0;
+    noCations.components[1].kind = 0;
+    EXPECT_NE(FormatCsvExport(noCations, 0, "\t", f.Context()).find("\"Cations\"\n\n\"Ligands\"\n\n\"CO3\""),
+              std::string::npos);
 }
 
-TEST(CsvExport, FirstExportedLigandFollowsTheCationsHeading) {
-    CsvFixture f;
-    ResultStore store = ExportSampleStore();
-    store.components[0].kind = 0;
-    store.components[1].kind = 0;
-    const std::string text = FormatCsvExport(store, 0, "\t", f.Context());
-    EXPECT_NE(text.find("\"Cations\"\n\n\"Ligands\"\n\n\"CO3\""), std::string::npos);
-}
-
-TEST(CsvExport, SummaryFractionsArePlainFractionsOfTheTotal) {
+TEST(CsvExport, FractionsArePlainFractionsOfTheTotalAndTheProtonHasNone) {
     CsvFixture f;
     const std::vector<std::string> lines = f.ExportLines(ExportSampleStore());
     EXPECT_TRUE(HasLine(lines, "\"Dissolved Ca\"\t0.000244140625\t\"M\"\t0.25"));
@@ -74,13 +72,8 @@ TEST(CsvExport, SummaryFractionsArePlainFractionsOfTheTotal) {
     EXPECT_TRUE(HasLine(lines,
                         "\"CaCO3 (aq)\"\t0.0001220703125\t\"M\"\t0.125\t0.0001220703125\t\"M\"\t3.22\t3.1\t"
                         "\"Plummer & Busenberg <1982>\""));
-}
-
-TEST(CsvExport, ProtonWithoutPercentagesLeavesTheFractionOut) {
-    CsvFixture f;
-    const std::vector<std::string> lines = f.ExportLines(ExportSampleStore());
+    // the proton without percentages: fraction empty; activity present; no constants; no literature
     EXPECT_TRUE(HasLine(lines, "\"Dissolved H\"\t1E-07\t\"M\"\t"));
-    // fraction empty; activity present; no constants; no literature (free species)
     EXPECT_TRUE(HasLine(lines, "\"H +\"\t1E-07\t\"M\"\t\t1E-07\t\"M\"\t\t\t\"\""));
 }
 

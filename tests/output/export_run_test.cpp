@@ -38,10 +38,9 @@ struct CliHome {
     std::string Log() { return TextFile(folder.File("cli.log")); }
 };
 
-TEST(ExportRun, RunWritesTheExportTheExtensionAsksFor) {
+TEST(ExportRun, RunAndBatchWriteTheExportTheExtensionAsksFor) {
     CliHome cli;
-    ASSERT_TRUE(WriteReferenceInput(std::string(TORMEL_TEST_DATA) + "/reference/co2_open_ph8.json",
-                                    cli.home + "Input/water.i64"));
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("co2_open_ph8"), cli.home + "Input/water.i64"));
     ASSERT_EQ(cli.Run("/run:water.i64 water.csv"), 0) << cli.Log();
     const std::string csv = DecodedFile(cli.home + "Output/water.csv");
     EXPECT_EQ(csv.rfind("\"Calculated with TORMEL Next, version ", 0), 0u) << csv.substr(0, 200);
@@ -53,17 +52,13 @@ TEST(ExportRun, RunWritesTheExportTheExtensionAsksFor) {
     EXPECT_EQ(xml.rfind("<?xml version=\"1.0\"?>\n<?mso-application progid=\"Excel.Sheet\"?>", 0), 0u);
     EXPECT_NE(xml.find("<Worksheet ss:Name=\"Gas controlled ligands\">"), std::string::npos);
     EXPECT_NE(xml.find("Block 5: Gases"), std::string::npos);
-}
 
-TEST(ExportRun, BatchJobsWriteExportsToo) {
-    CliHome cli;
-    ASSERT_TRUE(WriteReferenceInput(std::string(TORMEL_TEST_DATA) + "/reference/carbonate_soft_ph6.json",
-                                    cli.home + "Input/soft.i64"));
-    ASSERT_TRUE(
-        WriteUtf16File(cli.home + "Input/jobs.txt", std::string_view("soft.i64 soft.csv\nsoft.i64 soft.xml\n")));
-    ASSERT_EQ(cli.Run("/batch:jobs.txt"), 0) << cli.Log();
-    EXPECT_NE(DecodedFile(cli.home + "Output/soft.csv").find("\"Ligands\""), std::string::npos);
-    EXPECT_NE(DecodedFile(cli.home + "Output/soft.xml").find("<Worksheet ss:Name=\"Ligands\">"), std::string::npos);
+    // the same from a batch file run on two threads
+    ASSERT_TRUE(WriteUtf16File(cli.home + "Input/jobs.txt", std::string_view("water.i64 b.csv\nwater.i64 b.xml\n")));
+    ASSERT_EQ(cli.Run("/batch:jobs.txt --jobs 2"), 0) << cli.Log();
+    EXPECT_EQ(DecodedFile(cli.home + "Output/b.csv"), csv);
+    EXPECT_NE(DecodedFile(cli.home + "Output/b.xml").find("<Worksheet ss:Name=\"Gas controlled ligands\">"),
+              std::string::npos);
 }
 
 }  // namespace

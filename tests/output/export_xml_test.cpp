@@ -216,24 +216,13 @@ void ExpectCell(const SheetCell& cell, const std::string& type, const std::strin
     EXPECT_EQ(cell.style, style);
 }
 
-TEST(XmlExport, WorkbookWithoutGasHasFourSheetsAndItsContentsSayNothingOfGases) {
+TEST(XmlExport, GasSheetOnlyWithAGasComponentAndDefaultNamesStandInForMissingTexts) {
     XmlFixture f;
-    const Workbook book = f.Export(ExportSampleStore());
-    EXPECT_EQ(book.sheetNames, (std::vector<std::string>{"Contents", "Cations", "Ligands", "Other info"}));
-    const std::vector<std::string> contents = FirstCells(book.sheets.at("Contents"));
-    const std::vector<std::string> expected = {"This workbook holds the results for the cations and the ligands.",
-                                               "Sheet Cations: every cation with its species.",
-                                               "Sheet Ligands: every ligand with its species.",
-                                               "Sheet Other info: general information about the calculation.",
-                                               "",
-                                               "",
-                                               "",
-                                               "Made with TORMEL Next."};
-    EXPECT_EQ(contents, expected);
-}
+    const Workbook plain = f.Export(ExportSampleStore());
+    EXPECT_EQ(plain.sheetNames, (std::vector<std::string>{"Contents", "Cations", "Ligands", "Other info"}));
+    EXPECT_EQ(FirstCells(plain.sheets.at("Contents"))[0],
+              "This workbook holds the results for the cations and the ligands.");
 
-TEST(XmlExport, GasComponentAddsItsSheetAndDefaultNamesStandInForMissingTexts) {
-    XmlFixture f;
     const ResultStore store = ExportSampleStore({.gas = true});
     const Workbook english = f.Export(store);
     ASSERT_EQ(english.sheetNames.size(), 5u);
@@ -289,17 +278,14 @@ TEST(XmlExport, ComponentSheetRowsCellsAndStyles) {
     ExpectCell((*complex)[3], "Number", "0.125", "s2");
     ExpectCell((*complex)[6], "Number", "3.22", "s4");
     ExpectCell((*complex)[8], "String", "Plummer & Busenberg <1982>");
-}
 
-TEST(XmlExport, FractionOfAZeroTotalIsWrittenAsTextNotAsAnInvalidNumber) {
-    XmlFixture f;
-    ResultStore store = ExportSampleStore();
-    store.components[1].amounts[AmountTotal] = 0;
-    const Workbook book = f.Export(store);
-    const auto* dissolved = FindRow(book.sheets.at("Cations"), "Dissolved Ca");
-    ASSERT_NE(dissolved, nullptr);
-    ASSERT_EQ(dissolved->size(), 4u);
-    ExpectCell((*dissolved)[3], "String", "INF");
+    // the fraction of a zero total is written as text, not as an invalid number
+    ResultStore zero = ExportSampleStore();
+    zero.components[1].amounts[AmountTotal] = 0;
+    const auto* undefined = FindRow(f.Export(zero).sheets.at("Cations"), "Dissolved Ca");
+    ASSERT_NE(undefined, nullptr);
+    ASSERT_EQ(undefined->size(), 4u);
+    ExpectCell((*undefined)[3], "String", "INF");
 }
 
 TEST(XmlExport, OrganicSiteRowInMicromolar) {
@@ -324,22 +310,13 @@ TEST(XmlExport, OtherInfoSheetSplitsTheGridHeaderAndKeepsNumbers) {
     const Workbook book = f.Export(store);
     const SheetRows& rows = book.sheets.at("Other info");
 
-    const std::vector<std::string> firsts = FirstCells(rows);
-    const std::vector<std::string> expected = {"Block 1 (not used in this calculation)",
-                                               "",
-                                               "Block 2 (not used in this calculation)",
-                                               "",
-                                               "Block 3 (not used in this calculation)",
-                                               "",
-                                               "Block 4: Solids",
-                                               "Long text",
-                                               "Solid",
-                                               "Calcite",
-                                               "Gypsum",
-                                               ""};
-    ASSERT_GE(firsts.size(), expected.size());
-    EXPECT_EQ(std::vector<std::string>(firsts.begin(), firsts.begin() + expected.size()), expected);
-    EXPECT_EQ(rows[6][0].style, "s1");
+    // an unused block is its title and an empty row
+    ASSERT_GE(rows.size(), 12u);
+    EXPECT_EQ(rows[4][0].value, "Block 3 (not used in this calculation)");
+    ExpectCell(rows[6][0], "String", "Block 4: Solids", "s1");
+    EXPECT_EQ(rows[7][0].value, "Long text");
+    EXPECT_EQ(rows[8][0].value, "Solid");
+    EXPECT_EQ(rows[10][0].value, "Gypsum");
     ASSERT_EQ(rows[8].size(), 3u);
     ExpectCell(rows[8][1], "String", "Saturation index");
     ExpectCell(rows[8][2], "String", "State");
@@ -368,9 +345,6 @@ TEST(XmlExport, PrologPropertiesAndStyles) {
     EXPECT_EQ(names, (std::vector<std::string>{"Author", "LastAuthor", "Created", "LastSaved", "Company", "Version"}));
     EXPECT_EQ(properties->Child("Created")->text, "06- 5-2024T14:03:07Z");
     EXPECT_EQ(properties->Child("LastSaved")->text, "06- 5-2024T14:03:07Z");
-    EXPECT_EQ(properties->Child("Company")->text, "TORMEL Next (64 bits)");
-    EXPECT_EQ(properties->Child("Version")->text, "14.00");
-    EXPECT_EQ(XmlDocumentDate(f.when), "06- 5-2024T14:03:07Z");
 
     std::map<std::string, std::string> formats;
     for (const XmlNode& style : book.root.Child("Styles")->children)

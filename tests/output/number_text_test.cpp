@@ -14,7 +14,6 @@ const DecimalSeparator kPoint{"."};
 const DecimalSeparator kComma{","};
 
 TEST(NumberText, DigitsSeparatorAndZeroFollowTheUserSettings) {
-    EXPECT_EQ(ScientificFormat(5), "%.5E");
     EXPECT_EQ(FormatNumber(1.234567e-3, ScientificFormat(5), false, kPoint), "1.23457E-03");
     EXPECT_EQ(FormatNumber(-0.0, "%.5E", false, kPoint), "0.00000E+00");
     EXPECT_EQ(FormatNumber(-0.0, "%.2f%%", false, kPoint), "0.00%");
@@ -53,6 +52,7 @@ TEST(OutputOptions, AreReadOnceAndOnlyWhileUnitsAreRemembered) {
     Settings settings(folder.File("TORMEL64.INI"));
     settings.WriteSettingInt("Units", "NumDec", 5);
     settings.WriteSettingInt("Units", "Units", 1);
+    settings.WriteSettingInt("Units", "Order", 2);
     settings.WriteSettingBool("Output", "OutpShowAll", true);
     settings.WriteSettingString("Output", "OutpCutOff", "1E-2");
 
@@ -60,11 +60,14 @@ TEST(OutputOptions, AreReadOnceAndOnlyWhileUnitsAreRemembered) {
     LoadOutputOptions(options, settings);
     EXPECT_EQ(options.formats.scientific, "%.5E");
     EXPECT_EQ(options.units.units, 1);
+    EXPECT_EQ(options.units.order, 2);
     EXPECT_TRUE(options.showAll);
     EXPECT_DOUBLE_EQ(options.cutOff, 0.01);
     settings.WriteSettingBool("Output", "OutpShowAll", false);
+    settings.WriteSettingInt("Units", "NumDec", 7);
     LoadOutputOptions(options, settings);
     EXPECT_TRUE(options.showAll) << "later requests keep the values in memory";
+    EXPECT_EQ(options.formats.scientific, "%.5E");
 
     options.cutOff = 0.001;
     options.freeAlways = false;
@@ -78,9 +81,11 @@ TEST(OutputOptions, AreReadOnceAndOnlyWhileUnitsAreRemembered) {
     EXPECT_EQ(forgetting.formats.scientific, "%.3E");
     EXPECT_FALSE(forgetting.showAll);
     EXPECT_DOUBLE_EQ(forgetting.cutOff, 0.0001);
+    EXPECT_EQ(forgetting.units.units, 0);
     forgetting.cutOff = 0.5;
     SaveOutputOptions(forgetting, settings);
     EXPECT_EQ(settings.ReadSettingString("Output", "OutpCutOff"), "1.000000000E-03");
+    EXPECT_EQ(settings.ReadSettingInt("Units", "NumDec", 0), 5) << "units are not saved either";
 }
 
 }  // namespace

@@ -302,12 +302,6 @@ TEST(OutputFileWriting, GoesThroughATemporaryFileAndKeepsTheOldFileOnFailure) {
     EXPECT_FALSE(missing->detail.empty());
 }
 
-}  // namespace
-}  // namespace tormel::test
-
-namespace tormel::test {
-namespace {
-
 TEST(OutputFileLayout, WholeLineTextsKeepTheirLimitsAndStayOnTheirLines) {
     ResultStore store = FullStore();
     ResultSet& set = store.sets[0];

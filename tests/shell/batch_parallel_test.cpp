@@ -2,12 +2,10 @@
 // on one thread.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <filesystem>
 
 #include "calc/reference_case.h"
 #include "core/text_file.h"
-#include "output/output_file.h"
 #include "output/result_test_support.h"
 #include "shell/batch_run.h"
 
@@ -15,27 +13,6 @@ namespace tormel::test {
 namespace {
 
 constexpr int kJobs = 1000;
-
-// The numbers of two output files agree within the convergence criterion
-// (relative 1e-4); everything else is the same text.
-void ExpectSameResults(const std::string& a, const std::string& b) {
-    ResultStore first, second;
-    ASSERT_FALSE(ReadOutputFile(a, first, 0).has_value()) << a;
-    ASSERT_FALSE(ReadOutputFile(b, second, 0).has_value()) << b;
-    const SetView x = ViewSet(first, 0), y = ViewSet(second, 0);
-    ASSERT_EQ(x.species.size(), y.species.size());
-    for (size_t s = 0; s < x.species.size(); ++s) {
-        EXPECT_EQ(x.species[s].name, y.species[s].name);
-        EXPECT_LE(std::fabs(x.species[s].concentration - y.species[s].concentration),
-                  1e-4 * std::fabs(x.species[s].concentration))
-            << a << " " << x.species[s].name;
-    }
-    ASSERT_EQ(x.components.size(), y.components.size());
-    for (size_t c = 0; c < x.components.size(); ++c)
-        for (size_t r = 0; r < kAmountCount; ++r)
-            EXPECT_LE(std::fabs(x.components[c].amounts[r] - y.components[c].amounts[r]),
-                      1e-4 * std::fabs(x.components[c].amounts[r]));
-}
 
 TEST(BatchParallel, TwoThreadsWriteWhatOneThreadWritesAndTheSameLog) {
     TempFolder folder;
@@ -97,8 +74,7 @@ TEST(BatchParallel, TwoThreadsWriteWhatOneThreadWritesAndTheSameLog) {
         const bool inOne = FileExists(folder.File("one/" + name));
         ASSERT_EQ(inOne, FileExists(folder.File("two/" + name))) << name;
         if (!inOne) continue;
-        if (k % 25 == 0) ExpectSameResults(folder.File("one/" + name), folder.File("two/" + name));
-        // every job starts from fresh solver state, so the files are even identical
+        // every job starts from fresh solver state, so the files are identical
         EXPECT_EQ(ReadBinaryFile(folder.File("one/" + name)), ReadBinaryFile(folder.File("two/" + name))) << name;
         ++compared;
     }

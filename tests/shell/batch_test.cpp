@@ -13,8 +13,6 @@
 namespace tormel::test {
 namespace {
 
-std::string CaseFile(const char* id) { return std::string(TORMEL_TEST_DATA) + "/reference/" + id + ".json"; }
-
 std::string LogText(const std::string& path) {
     const auto text = ReadUtf16File(path);
     return text ? Utf16ToUtf8(*text) : std::string();
@@ -77,8 +75,8 @@ protected:
 };
 
 TEST_F(BatchRun, ACleanBatchWritesNothingToTheLogAndShowsNothing) {
-    ASSERT_TRUE(WriteReferenceInput(CaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "a.i64"));
-    ASSERT_TRUE(WriteReferenceInput(CaseFile("nahco3_proton_balance"), ws.folders.inputFolder + "b c.i64"));
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "a.i64"));
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("nahco3_proton_balance"), ws.folders.inputFolder + "b c.i64"));
     WriteBatch("a.i64 a.o64\n\"b c.i64\" \"" + folder.File("b c.o64") + "\"\n");
     const BatchSummary summary = RunBatchFile(ws, "jobs.txt", options);
     EXPECT_EQ(summary.ExitCode(), 0);
@@ -92,8 +90,8 @@ TEST_F(BatchRun, ACleanBatchWritesNothingToTheLogAndShowsNothing) {
 }
 
 TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
-    ASSERT_TRUE(WriteReferenceInput(CaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "good.i64"));
-    ASSERT_TRUE(WriteReferenceInput(CaseFile("soft_lake_10C"), ws.folders.inputFolder + "cold.i64"));
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "good.i64"));
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("soft_lake_10C"), ws.folders.inputFolder + "cold.i64"));
     ASSERT_TRUE(AppendBatchLog(options.logPath, "an earlier run\n"));
     WriteBatch("good.i64  two_blanks.o64\n"
                "\"good.i64\" \"three quotes.o64\n"

@@ -38,14 +38,6 @@ TEST(ShellDatabaseStartup, FirstStartCopiesTheRawDataAndLoadsIt) {
     EXPECT_NE(summary.find("Contents: Synthetic equilibria"), std::string::npos) << summary;
 }
 
-TEST(ShellDatabaseStartup, MissingRawDataStopsWithAnError) {
-    Start s;
-    DatabaseStartupResult r = s.Run();
-    EXPECT_EQ(r.outcome, DatabaseStartup::RefreshFailed);
-    ASSERT_EQ(s.ui.messages.size(), 1u);
-    EXPECT_EQ(s.ui.messages[0].icon, IconError);
-}
-
 TEST(ShellDatabaseStartup, DamagedWorkingCopyNamesTheFile) {
     Start s;
     test::WriteSyntheticRawData(test::SyntheticDatabase(), s.program.Path(), "1.0");

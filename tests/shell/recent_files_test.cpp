@@ -188,16 +188,5 @@ TEST_F(ShellRecentFiles, WithoutRememberInputFilesTheInputListIsNeitherReadNorWr
     EXPECT_EQ(raw.ReadString("Options", "ROF1", ""), "/out/,s.o64,20240101000001");
 }
 
-TEST_F(ShellRecentFiles, EntriesAreLookedUpByPositionFromOne) {
-    AddRecentFile(files.input, "/in/a.i64", settings, clock);
-    AddRecentFile(files.input, "/in/b.i64", settings, clock);
-    ASSERT_NE(RecentFileAt(files.input, 1), nullptr);
-    EXPECT_EQ(RecentFileAt(files.input, 1)->Path(), "/in/b.i64");
-    EXPECT_EQ(RecentFileAt(files.input, 2)->Path(), "/in/a.i64");
-    EXPECT_EQ(RecentFileAt(files.input, 3), nullptr);  // empty place
-    EXPECT_EQ(RecentFileAt(files.input, 0), nullptr);
-    EXPECT_EQ(RecentFileAt(files.input, 10), nullptr);
-}
-
 }  // namespace
 }  // namespace tormel

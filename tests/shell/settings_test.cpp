@@ -13,9 +13,7 @@ namespace tormel {
 namespace {
 
 using test::CommaLocale;
-
 using test::TempFolder;
-
 
 TEST(ShellSettings, BooleansAndIntegersAreTextReadAsTheLeadingInteger) {
     TempFolder tmp;
@@ -40,13 +38,8 @@ TEST(ShellSettings, BooleansAndIntegersAreTextReadAsTheLeadingInteger) {
     EXPECT_FALSE(settings.ReadSettingBool("Options", "Remember-Folders", true));
     EXPECT_EQ(settings.ReadSettingInt("Options", "VertBarLeft", 175), 180);
 
-    // Missing keys give the caller's default, or the table's.
+    // A missing key gives the caller's default (the table's are checked below).
     EXPECT_EQ(settings.ReadSettingInt("Options", "MainWindow_Top", 42), 42);
-    EXPECT_EQ(settings.ReadSettingInt("Options", "ColorBackGr"), 0x8D8C7F);
-    EXPECT_EQ(settings.ReadSettingInt("Options", "HorBarTop"), 130);
-    EXPECT_EQ(settings.ReadSettingString("Output", "PrintFontType"), "Cambria");
-    EXPECT_TRUE(settings.ReadSettingBool("Output", "PrintSummmary"));
-    EXPECT_FALSE(settings.ReadSettingBool("Output", "OutpShowAll"));
 }
 
 TEST(ShellSettings, DoublesUseTheExponentFormatWithAPointInAnyLocale) {
@@ -119,40 +112,6 @@ TEST(ShellSettings, WithoutAFileEveryReadGivesItsDefaultAndWritesFail) {
     EXPECT_TRUE(settings.ReadSettingBool("Options", "Remember-Units"));
     EXPECT_EQ(settings.ReadSettingInt("Output", "PrintMargin3"), 1000);
     EXPECT_FALSE(settings.WriteSettingInt("Output", "PrintMargin3", 5));
-}
-
-TEST(ShellUnitSettings, AreReadOnceAndOnlyWhenRemembered) {
-    TempFolder tmp;
-    Settings settings(tmp.File("TORMEL64.INI"));
-    settings.WriteSettingInt("Units", "NumDec", 5);
-    settings.WriteSettingInt("Units", "Units", 1);
-    settings.WriteSettingInt("Units", "Order", 2);
-
-    UnitSettings units;
-    EXPECT_TRUE(LoadUnitSettings(units, settings));
-    EXPECT_EQ(units.numDec, 5);
-    EXPECT_EQ(units.units, 1);
-    EXPECT_EQ(units.order, 2);
-
-    // Held for the rest of the run: later file changes are not seen.
-    settings.WriteSettingInt("Units", "NumDec", 7);
-    EXPECT_FALSE(LoadUnitSettings(units, settings));
-    EXPECT_EQ(units.numDec, 5);
-
-    units.numDec = 4;
-    SaveUnitSettings(units, settings);
-    EXPECT_EQ(settings.ReadSettingInt("Units", "NumDec", 0), 4);
-
-    // Not remembered: defaults on load, nothing written on save.
-    settings.WriteSettingBool("Options", "Remember-Units", false);
-    UnitSettings fresh;
-    EXPECT_TRUE(LoadUnitSettings(fresh, settings));
-    EXPECT_EQ(fresh.numDec, 3);
-    EXPECT_EQ(fresh.units, 0);
-    EXPECT_EQ(fresh.order, 0);
-    fresh.numDec = 9;
-    SaveUnitSettings(fresh, settings);
-    EXPECT_EQ(settings.ReadSettingInt("Units", "NumDec", 0), 4);
 }
 
 TEST(ShellUnitSettings, ValuesOutsideTheirRangeGiveTheDefault) {

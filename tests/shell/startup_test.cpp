@@ -76,8 +76,7 @@ TEST(Startup, ArgumentsSkipTheUpdateCheckAndARunEndsTheProcess) {
     RecordingUi ui;
     Workspace ws(FoldersUnder(folder, TORMEL_PROGRAM_DIR), ui.services);
     std::filesystem::create_directories(ws.folders.inputFolder);
-    ASSERT_TRUE(WriteReferenceInput(std::string(TORMEL_TEST_DATA) + "/reference/carbonate_soft_ph6.json",
-                                    ws.folders.inputFolder + "soft.i64"));
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("carbonate_soft_ph6"), ws.folders.inputFolder + "soft.i64"));
     Recorder recorder;
     const StartupOutcome outcome =
         InitializeApplication(ws, NormaliseCommandLine({"/run:soft.i64"}), recorder.hooks, {});
