@@ -15,6 +15,30 @@ namespace {
 
 using I = test::InputTestIndex;
 
+TEST(InputProgramDefaults, EveryComponentGetsTheDefaultOfItsKind) {
+    ChemicalSystem chem = test::InputTestSystem();
+    for (Component& c : chem.components) {
+        c.inputValue = 42;
+        c.inputType = InpTypeFreeConc;
+    }
+    // a water partner that is not a cation (its link is non-zero here)
+    chem.components[I::Cl].waterPartnerOfOH = I::Na;
+    InputProblem input;
+    SetProgramDefaults(input, chem);
+
+    auto expect = [&](int32_t index, double value, int32_t type) {
+        SCOPED_TRACE(chem.components[static_cast<size_t>(index)].name);
+        EXPECT_EQ(chem.components[static_cast<size_t>(index)].inputValue, value);
+        EXPECT_EQ(chem.components[static_cast<size_t>(index)].inputType, type);
+    };
+    expect(I::H, 1e-7, InpTypeFreeAct);
+    expect(I::e, 1.0, InpTypeFreeAct);
+    expect(I::CO2g, 0, InpTypeGasPres);
+    expect(I::Cl, 0, InpTypeNotSpecified);
+    expect(I::OH, 0, InpTypeTotalConc);  // its link to H+ at index 0 reads as none
+    for (int32_t k : {I::Ca, I::FeIII, I::SO4, I::SurfOH, I::S}) expect(k, 0, InpTypeTotalConc);
+}
+
 TEST(InputTitleLine, NamesTheSourceOfTheInput) {
     InputProblem input;
     EXPECT_EQ(InputTitle(input, "/home/u/Input/"), "Input data: program defaults");
