@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "calc/assemble_system.h"
 #include "calc/run_calculation.h"
 #include "calc/solution_checks.h"
 #include "calc/solver.h"
@@ -200,10 +201,20 @@ TEST(CalcSolver, CriterionIsTightenedInStages) {
     }
 }
 
-TEST(CalcSolver, FixedIonicStrengthNeverMoves) {
+TEST(CalcSolver, IonicStrengthStartValues) {
     CalcFixture f;
     f.Set(kH, InpTypeFreeAct, 1e-7);
     f.SetTotals({{kCa, 0.01}, {kCl, 0.02}});
+    CalcContext ctx = f.Context();
+    ASSERT_TRUE(AssembleSystem(ctx));
+    // first calculation of the run: half the sum of total z^2 (H+ starts at 1e-7)
+    InitialiseSolve(ctx);
+    EXPECT_NEAR(f.state.ionicStrength, 0.5 * (0.01 * 4 + 0.02) + 5e-7, 1e-8);
+    // a later calculation keeps the previous I, capped at 0.5
+    f.state.ionicStrength = 2.0;
+    InitialiseSolve(ctx);
+    EXPECT_DOUBLE_EQ(f.state.ionicStrength, 0.5);
+    // a fixed ionic strength never moves
     f.input.ionicStrengthFixed = true;
     f.input.fixedIonicStrength = 0.1;
     const CalculationOutcome out = Calculate(f);

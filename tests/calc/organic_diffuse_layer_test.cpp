@@ -141,26 +141,49 @@ TEST(OrganicDiffuseLayer, BalancesCloseWithCoefficientWeighedLayers) {
     EXPECT_NEAR(found, given, 1e-5 * std::fabs(given));
 }
 
-// Z and R carry over from one calculation to the next (a new assembly does
-// not reset them), and the same water solved again agrees with itself.
+// Z and R are set once per program run (a new solver state) and carry over
+// from one calculation to the next: the next solve starts its constants from
+// the carried charge, and the same water solved again agrees with itself.
 TEST(OrganicDiffuseLayer, ChargeAndEnrichmentCarryOver) {
     OrganicWater w = CarbonateWater(Model6);
     ASSERT_TRUE(w.ok);
+    EXPECT_EQ(w.state.organic.carry[0].charge, -0.0001);
+    EXPECT_EQ(w.state.organic.carry[1].enrichment, 10.0);
     const CalculationOutcome first = w.Run();
     ASSERT_TRUE(first.solve.converged) << first.solve.message;
     const OrganicCarryOver fulvic = w.state.organic.carry[0];
     const OrganicCarryOver humic = w.state.organic.carry[1];
     EXPECT_LT(fulvic.charge, -1e-3);
+    EXPECT_NE(humic.enrichment, 10.0);
 
     CalcContext ctx{w.chem, w.input, w.state};
     ASSERT_TRUE(AssembleSystem(ctx));
     InitialiseSolve(ctx);
     EXPECT_EQ(w.state.organic.carry[0].charge, fulvic.charge);
+    const OrganicSite& site = w.state.organic.fractions[0].sites[0];
+    const Species& protonated = w.chem.species[site.protonatedSpecies];
+    const double w0 = w.state.organic.fractions[0].parameters.electrostaticP * std::log10(w.state.ionicStrength);
+    EXPECT_NEAR(protonated.workingLogK,
+                protonated.logK - 2 * w0 * fulvic.charge / std::log(10.0) + w.state.logGamma1, 1e-12);
 
     const CalculationOutcome second = w.Run();
     ASSERT_TRUE(second.solve.converged) << second.solve.message;
     EXPECT_NEAR(w.state.organic.carry[0].charge, fulvic.charge, 1e-5 * std::fabs(fulvic.charge));
     EXPECT_NEAR(w.state.organic.carry[1].enrichment, humic.enrichment, 1e-4 * humic.enrichment);
+}
+
+// The charge moves by at most 0.01 per iteration at the start of a solve.
+TEST(OrganicDiffuseLayer, ChargeStepIsLimited) {
+    OrganicWater w = CarbonateWater(Model7);
+    ASSERT_TRUE(w.ok);
+    w.state.organic.carry[0].charge = 0.05;  // far off, and of the wrong sign
+    w.state.maxIterations = 1;
+    w.Run();
+    EXPECT_NEAR(w.state.organic.carry[0].charge, 0.04, 1e-9);
+    w.state.organic.carry[0].charge = 0.05;
+    w.state.maxIterations = 2;
+    w.Run();
+    EXPECT_NEAR(w.state.organic.carry[0].charge, 0.03, 1e-9);  // same direction: no shrink
 }
 
 }  // namespace tormel::test
