@@ -282,7 +282,8 @@ TEST(XmlExport, ComponentSheetRowsCellsAndStyles) {
     // the fraction of a zero total is written as text, not as an invalid number
     ResultStore zero = ExportSampleStore();
     zero.components[1].amounts[AmountTotal] = 0;
-    const auto* undefined = FindRow(f.Export(zero).sheets.at("Cations"), "Dissolved Ca");
+    const Workbook zeroBook = f.Export(zero);
+    const auto* undefined = FindRow(zeroBook.sheets.at("Cations"), "Dissolved Ca");
     ASSERT_NE(undefined, nullptr);
     ASSERT_EQ(undefined->size(), 4u);
     ExpectCell((*undefined)[3], "String", "INF");
