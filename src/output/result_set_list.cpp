@@ -13,14 +13,6 @@ namespace {
 constexpr size_t kNumberChars = 3;
 constexpr int kDescriptionLine = 4;
 
-// Erases `count` records from `first` on.
-template <typename T>
-void EraseRange(std::vector<T>& all, int32_t first, int32_t count) {
-    const size_t begin = std::min(all.size(), static_cast<size_t>(std::max(0, first)));
-    const size_t end = std::min(all.size(), begin + static_cast<size_t>(std::max(0, count)));
-    all.erase(all.begin() + static_cast<ptrdiff_t>(begin), all.begin() + static_cast<ptrdiff_t>(end));
-}
-
 // The n-th line (1-based) of a file, without its line feed; empty when the
 // file cannot be read or is shorter.
 std::string FileLine(const std::string& path, int n) {
@@ -63,17 +55,7 @@ void RemoveResultSet(ResultStore& store, int32_t s) {
         ResetResultStore(store, 0);
         return;
     }
-    const ResultHeader& header = store.sets[s].header;
-    auto first = [&store, s](int32_t kind) { return RecordIndex(store, kind, s, 0); };
-    const int32_t componentFirst = first(KindComponent);
-    EraseRange(store.components, componentFirst, header.componentCount);
-    EraseRange(store.componentInfos, componentFirst, header.componentCount);
-    EraseRange(store.species, first(KindSpecies), header.speciesCount);
-    EraseRange(store.gases, first(KindGas), header.gasResultCount);
-    EraseRange(store.solidChecks, first(KindSolidCheck), header.solidCheckCount);
-    EraseRange(store.reactions, first(KindReaction), header.reactionDefinitionCount);
-    EraseRange(store.salts, first(KindSalt), header.saltCount);
-    EraseRange(store.msaIons, first(KindMsaIon), header.msaIonCount);
+    StoreSetRecords(store, s, SetRecords{});  // the set's records leave the arrays
     store.sets.erase(store.sets.begin() + s);
 }
 

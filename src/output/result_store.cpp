@@ -35,24 +35,10 @@ void ResetResultStore(ResultStore& store, int32_t s) {
         return;
     }
     // records of sets beyond s go with their sets
-    if (s < store.SetCount()) {
-        for (int32_t kind = 0; kind < kRecordKindCount; ++kind) {
-            const int32_t keep = RecordIndex(store, kind, s, 0);
-            auto cut = [keep](auto& all) { all.resize(std::min(all.size(), static_cast<size_t>(keep))); };
-            switch (kind) {
-                case KindComponent:
-                    cut(store.components);
-                    cut(store.componentInfos);
-                    break;
-                case KindSpecies: cut(store.species); break;
-                case KindGas: cut(store.gases); break;
-                case KindSolidCheck: cut(store.solidChecks); break;
-                case KindReaction: cut(store.reactions); break;
-                case KindSalt: cut(store.salts); break;
-                case KindMsaIon: cut(store.msaIons); break;
-            }
-        }
-    }
+    if (s < store.SetCount())
+        ForEachRecordArray(store.records, store.records, [&](int32_t kind, auto& all, auto&) {
+            all.resize(std::min(all.size(), static_cast<size_t>(RecordIndex(store, kind, s, 0))));
+        });
     store.sets.resize(static_cast<size_t>(s) + 1);
     store.sets[s] = ResultSet{};
 }
@@ -78,14 +64,8 @@ int32_t RecordIndex(const ResultStore& store, int32_t kind, int32_t set, int32_t
 
 SetView ViewSet(const ResultStore& store, int32_t set) {
     SetView view;
-    view.components = Range(store.components, store, KindComponent, set);
-    view.componentInfos = Range(store.componentInfos, store, KindComponent, set);
-    view.species = Range(store.species, store, KindSpecies, set);
-    view.gases = Range(store.gases, store, KindGas, set);
-    view.solidChecks = Range(store.solidChecks, store, KindSolidCheck, set);
-    view.reactions = Range(store.reactions, store, KindReaction, set);
-    view.salts = Range(store.salts, store, KindSalt, set);
-    view.msaIons = Range(store.msaIons, store, KindMsaIon, set);
+    ForEachRecordArray(view, store.records,
+                       [&](int32_t kind, auto& range, const auto& all) { range = Range(all, store, kind, set); });
     return view;
 }
 
@@ -107,17 +87,9 @@ void StoreSetRecords(ResultStore& store, int32_t set, SetRecords records) {
 
     // the new records go where the old ones were; the sets before keep their
     // positions, so every first position is the same under old and new counts
-    const int32_t componentFirst = RecordIndex(store, KindComponent, set, 0);
-    ReplaceRange(store.components, componentFirst, old.componentCount, std::move(records.components));
-    ReplaceRange(store.componentInfos, componentFirst, old.componentCount, std::move(records.componentInfos));
-    ReplaceRange(store.species, RecordIndex(store, KindSpecies, set, 0), old.speciesCount, std::move(records.species));
-    ReplaceRange(store.gases, RecordIndex(store, KindGas, set, 0), old.gasResultCount, std::move(records.gases));
-    ReplaceRange(store.solidChecks, RecordIndex(store, KindSolidCheck, set, 0), old.solidCheckCount,
-                 std::move(records.solidChecks));
-    ReplaceRange(store.reactions, RecordIndex(store, KindReaction, set, 0), old.reactionDefinitionCount,
-                 std::move(records.reactions));
-    ReplaceRange(store.salts, RecordIndex(store, KindSalt, set, 0), old.saltCount, std::move(records.salts));
-    ReplaceRange(store.msaIons, RecordIndex(store, KindMsaIon, set, 0), old.msaIonCount, std::move(records.msaIons));
+    ForEachRecordArray(store.records, records, [&](int32_t kind, auto& all, auto& replacement) {
+        ReplaceRange(all, RecordIndex(store, kind, set, 0), RecordCount(old, kind), std::move(replacement));
+    });
 }
 
 }  // namespace tormel

@@ -52,14 +52,7 @@ struct SetRecords {
 
 struct ResultStore {
     std::vector<ResultSet> sets = std::vector<ResultSet>(1);  // the set count is sets.size()
-    std::vector<ComponentResult> components;
-    std::vector<ComponentInfo> componentInfos;
-    std::vector<SpeciesResult> species;
-    std::vector<GasResult> gases;
-    std::vector<SolidSaturation> solidChecks;
-    std::vector<ReactionDefinition> reactions;
-    std::vector<SaltRecord> salts;
-    std::vector<MsaIonResult> msaIons;
+    SetRecords records;  // the records of all sets, set after set
     bool holdsLoadedOutput = false;  // set 0 came from an output file
 
     int32_t SetCount() const { return static_cast<int32_t>(sets.size()); }
@@ -76,6 +69,21 @@ struct SetView {
     std::span<const SaltRecord> salts;
     std::span<const MsaIonResult> msaIons;
 };
+
+// Calls f(kind, a's array, b's array) for the eight record arrays of two
+// record holders with the same member names (SetRecords, SetView), pairing
+// the arrays of the same kind.
+template <typename A, typename B, typename F>
+void ForEachRecordArray(A& a, B& b, F&& f) {
+    f(KindComponent, a.components, b.components);
+    f(KindComponent, a.componentInfos, b.componentInfos);
+    f(KindSpecies, a.species, b.species);
+    f(KindGas, a.gases, b.gases);
+    f(KindSolidCheck, a.solidChecks, b.solidChecks);
+    f(KindReaction, a.reactions, b.reactions);
+    f(KindSalt, a.salts, b.salts);
+    f(KindMsaIon, a.msaIons, b.msaIons);
+}
 
 // s = 0: frees every set and leaves one empty set. s > 0: grows the per-set
 // parts to s + 1 sets, clearing set s and leaving sets 0 .. s-1 untouched.

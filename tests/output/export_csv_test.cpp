@@ -56,8 +56,8 @@ TEST(CsvExport, OpeningLinesAndSectionHeadingsByKind) {
 
     // without exported cations the first ligand follows the cations heading
     ResultStore noCations = ExportSampleStore();
-    noCations.components[0].kind = 0;
-    noCations.components[1].kind = 0;
+    noCations.records.components[0].kind = 0;
+    noCations.records.components[1].kind = 0;
     EXPECT_NE(FormatCsvExport(noCations, 0, "\t", f.Context()).find("\"Cations\"\n\n\"Ligands\"\n\n\"CO3\""),
               std::string::npos);
 }

@@ -281,7 +281,7 @@ TEST(XmlExport, ComponentSheetRowsCellsAndStyles) {
 
     // the fraction of a zero total is written as text, not as an invalid number
     ResultStore zero = ExportSampleStore();
-    zero.components[1].amounts[AmountTotal] = 0;
+    zero.records.components[1].amounts[AmountTotal] = 0;
     const Workbook zeroBook = f.Export(zero);
     const auto* undefined = FindRow(zeroBook.sheets.at("Cations"), "Dissolved Ca");
     ASSERT_NE(undefined, nullptr);
@@ -369,7 +369,7 @@ TEST(XmlExport, EscapingKeepsTheDocumentWellFormed) {
 
     XmlFixture f;
     ResultStore store = ExportSampleStore();
-    store.components[1].displayName = "Ca <\"&\x02>";
+    store.records.components[1].displayName = "Ca <\"&\x02>";
     const Workbook book = f.Export(store);
     EXPECT_NE(FindRow(book.sheets.at("Cations"), "Ca <\"&>"), nullptr);
 }

@@ -113,7 +113,7 @@ TEST(OutputFileHeader, RefusesForeignChangedAndUnversionedFilesWithoutTouchingTh
         const auto error = Read(text, store);
         ASSERT_TRUE(error.has_value()) << key;
         EXPECT_EQ(error->key, key);
-        EXPECT_EQ(store.species.size(), 5u) << "a refused file leaves the store as it was";
+        EXPECT_EQ(store.records.species.size(), 5u) << "a refused file leaves the store as it was";
         EXPECT_EQ(store.sets[0].header.iterationCount, 17);
     }
 }
@@ -137,16 +137,16 @@ TEST(OutputFileHeader, VersionBelow11IsRefusedWithTheLineAnd11IsReadWithoutIonSi
     OutputReadReport report;
     ASSERT_FALSE(Read(text, store, 0, &report).has_value());
     EXPECT_TRUE(report.complete);
-    ASSERT_EQ(store.msaIons.size(), 1u);
-    EXPECT_EQ(store.msaIons[0].ionSize, 0);
-    EXPECT_DOUBLE_EQ(store.msaIons[0].gamma, 0.74);
+    ASSERT_EQ(store.records.msaIons.size(), 1u);
+    EXPECT_EQ(store.records.msaIons[0].ionSize, 0);
+    EXPECT_DOUBLE_EQ(store.records.msaIons[0].gamma, 0.74);
     EXPECT_DOUBLE_EQ(store.sets[0].msa.delta, 0.99) << "the summary after the ions is read in step";
 
     // a version written as 1.11 counts as newer than 1.11 and has ion sizes
     std::string v111 = FormatOutputFile(FullStore(), 0);
     v111.replace(v111.find("Format version: 1.3"), 19, "Format version: 1.11");
     ASSERT_FALSE(Read(v111, store).has_value());
-    EXPECT_DOUBLE_EQ(store.msaIons[0].ionSize, 6e-10);
+    EXPECT_DOUBLE_EQ(store.records.msaIons[0].ionSize, 6e-10);
 }
 
 TEST(OutputFileLayout, OptionalBlocksFollowTheSwitchesAndIndexesShiftByOne) {
@@ -244,7 +244,7 @@ TEST(OutputFileReading, ShortOrDamagedFilesAreReadAsFarAsTheyGo) {
         EXPECT_FALSE(Read(file, damaged, 0, &r).has_value());
         EXPECT_FALSE(r.complete);
         EXPECT_EQ(damaged.SetCount(), 1);
-        EXPECT_LE(damaged.components.size(), file.size());
+        EXPECT_LE(damaged.records.components.size(), file.size());
     }
 }
 
@@ -263,12 +263,12 @@ TEST(OutputFileReading, AComparisonSetLeavesTheSetsBeforeItAlone) {
     // reading set 1 again drops the sets behind it and keeps set 0
     ASSERT_FALSE(Read(text, store, 1).has_value());
     EXPECT_EQ(store.SetCount(), 2);
-    EXPECT_EQ(store.species.size(), 10u);
+    EXPECT_EQ(store.records.species.size(), 10u);
     EXPECT_EQ(FormatOutputFile(store, 0), FormatOutputFile(FullStore(), 0));
     // set 0 replaces the whole store
     ASSERT_FALSE(Read(text, store, 0).has_value());
     EXPECT_EQ(store.SetCount(), 1);
-    EXPECT_EQ(store.species.size(), 5u);
+    EXPECT_EQ(store.records.species.size(), 5u);
 }
 
 TEST(OutputFileReading, AnAdsorptionLinkedFlagIsReportedAndReadingGoesOn) {
@@ -310,8 +310,8 @@ TEST(OutputFileLayout, WholeLineTextsKeepTheirLimitsAndStayOnTheirLines) {
     set.otherInfo[0].longText = "first\nsecond";
     set.otherInfo[1].title = std::string(300, 'u');
     set.header.organicReference = std::string(8190, 'o');
-    store.species[0].literatureIndex = 0;
-    store.species[0].literature = "line\r\nbreak";
+    store.records.species[0].literatureIndex = 0;
+    store.records.species[0].literature = "line\r\nbreak";
     ResultStore back;
     OutputReadReport report;
     ASSERT_FALSE(ReadOutputText(Utf8ToUtf16(FormatOutputFile(store, 0)), back, 0, nullptr, nullptr, &report));
@@ -321,7 +321,7 @@ TEST(OutputFileLayout, WholeLineTextsKeepTheirLimitsAndStayOnTheirLines) {
     EXPECT_EQ(back.sets[0].otherInfo[0].longText, "first second");
     EXPECT_EQ(back.sets[0].otherInfo[1].title, std::string(258, 'u'));
     EXPECT_EQ(back.sets[0].header.organicReference, std::string(8190, 'o'));
-    EXPECT_EQ(back.species[0].literature, "line  break");
+    EXPECT_EQ(back.records.species[0].literature, "line  break");
     EXPECT_EQ(ViewSet(back, 0).reactions.size(), 3u);
 }
 

@@ -77,9 +77,9 @@ TEST(ResultSets, RemovingTheSecondOfThreeMovesTheThirdDownIntact) {
     ExpectSetsEqual(t.alone[2], 0, t.store, 1);
     ExpectSameReport(t.alone[2], t.store, 1);
     // the store's arrays hold exactly the records of the two sets
-    EXPECT_EQ(t.store.species.size(), t.alone[0].species.size() + t.alone[2].species.size());
-    EXPECT_EQ(t.store.salts.size(), t.alone[2].salts.size());
-    EXPECT_EQ(t.store.msaIons.size(), t.alone[2].msaIons.size());
+    EXPECT_EQ(t.store.records.species.size(), t.alone[0].records.species.size() + t.alone[2].records.species.size());
+    EXPECT_EQ(t.store.records.salts.size(), t.alone[2].records.salts.size());
+    EXPECT_EQ(t.store.records.msaIons.size(), t.alone[2].records.msaIons.size());
     ASSERT_EQ(t.list.rows.size(), 2u);
     EXPECT_EQ(t.list.rows[1].number, "#2");
     EXPECT_EQ(t.list.rows[1].path, t.paths[2]);
@@ -94,8 +94,8 @@ TEST(ResultSets, RemovingTheSecondOfThreeMovesTheThirdDownIntact) {
     RemoveFromComparison(t.store, t.list, 0);
     EXPECT_EQ(t.store.SetCount(), 1);
     EXPECT_EQ(t.store.sets[0].header.componentCount, 0);
-    EXPECT_TRUE(t.store.components.empty());
-    EXPECT_TRUE(t.store.species.empty());
+    EXPECT_TRUE(t.store.records.components.empty());
+    EXPECT_TRUE(t.store.records.species.empty());
     EXPECT_TRUE(t.store.sets[0].otherInfo[0].title.empty());
     EXPECT_FALSE(t.store.holdsLoadedOutput);
     EXPECT_TRUE(t.list.rows.empty());
@@ -124,7 +124,7 @@ TEST(ResultSets, RefusedFileLeavesStoreAndListAsTheyWere) {
 
     CloseComparison(t.store, t.list);
     EXPECT_EQ(t.store.SetCount(), 1);
-    EXPECT_TRUE(t.store.reactions.empty());
+    EXPECT_TRUE(t.store.records.reactions.empty());
     EXPECT_TRUE(t.list.rows.empty());
 }
 

@@ -141,7 +141,7 @@ TEST(DetailsTable, OrganicSiteRowsFollowTheSpecies) {
     ResultStore store = CalciumStore(2e-7);
     store.sets[0].snapshot.input.organicComplexation = true;
     store.sets[0].header.organicReference = "Tipping (1998)";
-    ComponentResult& ca = store.components[1];
+    ComponentResult& ca = store.records.components[1];
     ca.siteAmounts[SiteBiHumic] = 3e-4;
     ca.siteAmounts[SiteMonoFulvic] = 1e-9;  // below the cut-off
     const std::vector<DetailsRow> rows = DetailsTable(store, 0, 1, context);
