@@ -3,7 +3,8 @@
 # need (sanitizer and fuzzer runtimes, locales, a spreadsheet program that
 # reads our exports). Safe to run again.
 set -euo pipefail
-packages=(build-essential cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev)
+packages=(build-essential cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev
+  qt6-base-dev qt6-svg-dev libgl-dev)
 if [ "${1:-}" = "--test" ]; then
   packages+=(clang libclang-rt-14-dev locales-all libreoffice-calc-nogui)
 fi
