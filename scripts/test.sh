@@ -1,33 +1,55 @@
 #!/usr/bin/env bash
-# Sets up, builds and runs every test: the normal build, then the same tests
-# under AddressSanitizer and UndefinedBehaviorSanitizer, then each fuzz target
-# for a short while.
+# Sets up, builds and runs every test: the normal build (with the desktop
+# program's tests on Qt's offscreen platform), then the same tests under
+# AddressSanitizer and UndefinedBehaviorSanitizer, then each fuzz target for a
+# short while. Each configuration is built once; every phase prints its time.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 cd "$root"
-scripts/setup.sh --test
 jobs=$(nproc)
+started=$SECONDS
+phase_start=$SECONDS
+phase() {
+  local now=$SECONDS
+  [ -n "${phase_name:-}" ] && printf '== %s took %d s ==\n' "$phase_name" $((now - phase_start))
+  phase_name=$1
+  phase_start=$now
+  [ -n "$phase_name" ] && echo "== $phase_name =="
+  return 0
+}
 
+phase "setup"
+scripts/setup.sh --test
+
+phase "build"
 scripts/build.sh build
+
+phase "tests"
 (cd build && ctest -j "$jobs" --output-on-failure)
 
-echo "== sanitizer build (ASan + UBSan) =="
+phase "sanitizer build (ASan + UBSan)"
 scripts/build.sh build-asan -DCMAKE_BUILD_TYPE=Debug -DTORMEL_SANITIZE=ON -DTORMEL_BUILD_BENCH=OFF
-(cd build-asan && ASAN_OPTIONS=detect_leaks=1 UBSAN_OPTIONS=print_stacktrace=1 ctest -j "$jobs" --output-on-failure)
+
+phase "sanitizer tests"
+(cd build-asan && ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions="$root/tests/lsan.supp" \
+  UBSAN_OPTIONS=print_stacktrace=1 ctest -j "$jobs" --output-on-failure)
 
 if ls tests/fuzz/*.cpp >/dev/null 2>&1; then
-  echo "== fuzz targets =="
+  phase "fuzz build"
   scripts/build.sh build-fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTORMEL_FUZZ=ON \
-    -DTORMEL_BUILD_TESTS=OFF -DTORMEL_BUILD_BENCH=OFF
+    -DTORMEL_BUILD_TESTS=OFF -DTORMEL_BUILD_BENCH=OFF -DTORMEL_BUILD_GUI=OFF
+  phase "fuzz targets"
   for src in tests/fuzz/*.cpp; do
     name=$(basename "$src" .cpp)
     corpus="build-fuzz/corpus-$name"
     mkdir -p "$corpus"
     [ -d "tests/fuzz/corpus/$name" ] && cp -r "tests/fuzz/corpus/$name/." "$corpus/"
-    echo "-- $name: 60 s"
+    echo "-- $name: ${FUZZ_SECONDS:-60} s"
     "build-fuzz/bin/$name" -max_total_time="${FUZZ_SECONDS:-60}" -rss_limit_mb=2048 "$corpus" 2>&1 | tail -n 3
   done
 fi
+phase ""
+printf '== all phases took %d s ==\n' $((SECONDS - started))
 
 echo "== main test run, summary =="
 (cd build && ctest -j "$jobs" 2>&1 | tail -n 3)
