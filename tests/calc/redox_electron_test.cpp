@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <string>
 #include <vector>
 
 #include "calc/result_water.h"
@@ -90,7 +91,8 @@ TEST(RedoxElectron, SolidsInThePrecipitationRunUseTheElectronActivity) {
     // at pE 4 metallic silver forms and ends saturated
     const SpeciesResult* silver = w.Species("Agmetal");
     EXPECT_GT(silver->concentration, 0);
-    EXPECT_NEAR(HandValue(w, kLaws[3]), 0, 1e-3);
+    for (const Law& law : kLaws)
+        if (std::string(law.formed) == "Agmetal") EXPECT_NEAR(HandValue(w, law), 0, 1e-3);
 }
 
 }  // namespace tormel::test
