@@ -27,6 +27,22 @@ int32_t ReactionComponent(const ChemicalSystem& chem, int32_t e) {
     return -1;
 }
 
+// The temperature term of partner t, formed from its representative by the
+// couple e used forwards (sign +1: the couple forms t) or backwards (sign -1).
+// Like the other substituted species (free OH, gas ligands), t keeps the
+// negative of its formation enthalpy from the unknowns, so that a complex
+// built on it subtracts it; the couple's enthalpy enters with the sign of
+// its direction, the representative's as the representative holds it. An
+// unknown enthalpy of either leaves t without one (term 0).
+void SetPartnerEnthalpy(const Species& representative, const Equilibrium& e, int32_t sign, double temperature,
+                        Species& t) {
+    const bool known = e.hasEnthalpy && representative.enthalpyStatus != 0;
+    t.enthalpyStatus = known ? 1 : 0;
+    t.enthalpy = known ? representative.enthalpy - sign * e.enthalpy : 0;
+    t.tempCorrection = known ? ReverseTemperatureTerm(temperature, t.enthalpy) : 0;
+    t.tempCorrectionDatabase = e.hasEnthalpy ? TemperatureTerm(temperature, e.enthalpy) : 0;
+}
+
 void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b, int32_t n, bool groupStep) {
     ChemicalSystem& chem = w.chem;
     const Equilibrium& eq = chem.equilibria[e];
@@ -98,8 +114,7 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
             const int32_t h = chem.Coefficient(chem.hydrogenIndex, e);
             if (h != 0) w.AddRow(t, 0, sign * h);
             if (electronColumn > 0) w.Coef(t, electronColumn) += sign * chem.Coefficient(chem.electronIndex, e);
-            if (!groupStep && eq.hasEnthalpy && w.ctx.ui)
-                ShowPlainMessage(*w.ctx.ui, "Please contact author", "Unexpected error 2524.", IconError);
+            SetPartnerEnthalpy(chem.species[rep], eq, sign, temperature, sp);
 
             const Component& partner = chem.components[n];
             Species& t2 = chem.species[t];
@@ -115,12 +130,7 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
             t2.literatureRef = eq.literatureRef;
             t2.logKDatabase = eq.logK;
             t2.deltaZ2Stored = eq.deltaZ2;
-            if (!groupStep) {
-                t2.enthalpyStatus = eq.hasEnthalpy ? 1 : 0;
-                t2.enthalpy = -eq.enthalpy;
-                t2.tempCorrection = ReverseTemperatureTerm(temperature, eq.enthalpy);
-                t2.ionSize = eq.complexDiameter;
-            }
+            if (!groupStep) t2.ionSize = eq.complexDiameter;
             chem.components[n].systemIndex = -t;
             t2.source = -n;
             w.speciesOf[n] = t;

@@ -220,7 +220,7 @@ TEST(RealDatabase, RedoxCouplesLinkOneComponentToAnother) {
     EXPECT_EQ(fe.linkedComponent, Comp(chem, "Fe(II)"));
     EXPECT_NEAR(fe.logK, 13.032, kEps);
     EXPECT_NEAR(fe.enthalpy, -42700, 1e-6);
-    EXPECT_EQ(fe.deltaZ2, 9 - 4);  // the electron has no activity coefficient
+    EXPECT_EQ(fe.deltaZ2, 9 + 1 - 4);  // the electron counts with its charge -1
     EXPECT_EQ(Terms(chem, FindEquilibrium(chem, EqRedox, "Fe(II)")),
               (std::map<std::string, int>{{"Fe(III)", 1}, {"e", 1}}));
     // SO4-2 + 9 H+ + 8 e- = HS- + 4 H2O, log_k 33.66
@@ -282,6 +282,8 @@ TEST(RealDatabase, SolidsAreStoredAsFormationConstants) {
     EXPECT_EQ(fh.deltaZ2, 9 - 3);
     EXPECT_EQ(Terms(chem, FindEquilibrium(chem, EqSolid, "Ferrihydrite")),
               (std::map<std::string, int>{{"Fe(III)", 1}, {"H", -3}}));
+    // 10425: Ag = Ag+ + e-: the electron enters dz^2 like a singly charged ion
+    EXPECT_EQ(Eq(chem, EqSolid, "Agmetal").deltaZ2, 1 + 1);
     // A solid named like an aqueous species is still read as the solid.
     EXPECT_GE(FindEquilibrium(chem, EqSolid, "Hg(OH)2"), 0);
     // Fractional stoichiometry is left out.

@@ -13,7 +13,7 @@
 
 namespace dbconvert {
 
-const char* const kDatabaseVersion = "1.0";
+const char* const kDatabaseVersion = "1.1";
 
 namespace {
 
@@ -463,12 +463,14 @@ void Converter::IndexDefinitions() {
 }
 
 int Converter::DeltaZ2(const Expr& e, int formedCharge, bool surface) const {
-    // The electron carries no activity coefficient and adsorbed species none
-    // either, so neither enters; for surface species the formed species'
-    // charge is not subtracted.
+    // The electron counts with its charge -1: the calculation holds it, like
+    // every component given by its activity, as activity / gamma1, so its
+    // coefficient cancels only when it enters dz^2. Adsorbed species carry no
+    // activity coefficient, so sites do not enter and for surface species the
+    // formed species' charge is not subtracted.
     double sum = 0;
     for (const auto& [c, v] : e.coef) {
-        if (c == electron_ || comps_[c].type == tormel::Ads) continue;
+        if (comps_[c].type == tormel::Ads) continue;
         sum += v * comps_[c].charge * comps_[c].charge;
     }
     if (!surface) sum -= static_cast<double>(formedCharge) * formedCharge;
@@ -665,14 +667,6 @@ void Converter::ConvertPhases() {
         out.eq.linkedCoefficient = 1;
         out.eq.literatureRef = literature_.AddSourceCode(p.logKSource);
         gases_.push_back(out);
-        for (const auto& r : redox_) {
-            bool member = r.eq.linkedComponent == ligand || r.coef.count(ligand);
-            if (member && r.eq.hasEnthalpy)
-                report().notes.push_back({kind, p.phaseName, p.line,
-                                          "its ligand " + comps_[ligand].name + " is in the redox couple " + r.eq.name +
-                                              ", which has an enthalpy; with redox on, the calculation shows its "
-                                              "\"unexpected error\" message for such a couple"});
-        }
     }
 }
 

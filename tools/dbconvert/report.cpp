@@ -88,6 +88,17 @@ std::string FormatConversionReport(const ConversionResult& result, const std::st
     out << "\n## Remarks\n\n";
     ItemTable(out, r.notes);
 
+    // Since version 1.1 the electron counts in dz^2 (charge -1); before, it was
+    // left out, which put a spurious gamma1 into every such mass-action law.
+    out << "\n## The electron in dz^2\n\n";
+    out << "dz^2 counts the electron with its charge -1, like every component given by its activity (since "
+           "version 1.1; version 1.0 left it out). Equilibria holding the electron, whose dz^2 this concerns:\n\n";
+    out << "| what | count |\n|---|---|\n";
+    std::map<int, int> withElectron;
+    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e)
+        if (chem.electronIndex > 0 && chem.Coefficient(chem.electronIndex, e) != 0) ++withElectron[chem.equilibria[e].type];
+    for (const auto& [t, n] : withElectron) out << "| equilibria: " << EquilibriumTypeName(t) << " | " << n << " |\n";
+
     out << "\n## Ion sizes (MSA)\n\nSource: " << kIonSizeSource << ".\n\n";
     out << "Complexes with a size: ";
     for (size_t i = 0; i < r.complexesWithDiameter.size(); ++i)
