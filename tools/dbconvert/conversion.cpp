@@ -8,12 +8,13 @@
 
 #include "chem_formula.h"
 #include "core/c_number.h"
+#include "ion_diameters.h"
 #include "literature.h"
 #include "published_data.h"
 
 namespace dbconvert {
 
-const char* const kDatabaseVersion = "1.0";
+const char* const kDatabaseVersion = "1.1";
 
 namespace {
 
