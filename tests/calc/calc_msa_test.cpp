@@ -31,7 +31,7 @@ struct SaltBound {
 // sulfates pull the sulfate diameter apart the same way.
 constexpr SaltBound kBounds[] = {
     {"NaCl", 0.02},   {"KCl", 0.02},    {"LiCl", 0.02},   {"HCl", 0.02},     {"NaBr", 0.02},   {"KNO3", 0.19},
-    {"CaCl2", 0.033}, {"MgCl2", 0.036}, {"BaCl2", 0.035}, {"Na2SO4", 0.088}, {"K2SO4", 0.088},
+    {"CaCl2", 0.033}, {"MgCl2", 0.036}, {"BaCl2", 0.035}, {"Na2SO4", 0.09}, {"K2SO4", 0.09},
 };
 
 }  // namespace
@@ -63,10 +63,12 @@ TEST(CalcMsa, MeanActivityCoefficientsOfSimpleSalts) {
 TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
     const std::string path = ::testing::TempDir() + "msa_measured.tsv";
     const char* const bad[] = {
-        "NaCl\tNa\tCl\t18.6\t7\tRS59",                      // no points
-        "NaCl\tNa\tCl\t18.6\t7\tRS59\t0.1:0.778 0.1:0.735", // molality not rising
-        "NaCl\tNa\tCl\tx\t7\tRS59\t0.1:0.778",              // volume not a number
-        "NaCl\tNa\tCl\t18.6\t7\tRS59\t0.1=0.778",           // pair without colon
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59",                       // no points
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1:0.778 0.1:0.735", // molality not rising
+        "NaCl\tNa\tCl\tx\t7\tboth\tRS59\t0.1:0.778",              // volume not a number
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1=0.778",           // pair without colon
+        "NaCl\tNa\tCl\t18.6\t7\tsalt\tRS59\t0.1:0.778",           // unknown fit choice
+        "NaCl\tNa\tCl\t18.6\t7\tRS59\t0.1:0.778",                  // fit choice missing
     };
     for (const char* line : bad) {
         FILE* f = std::fopen(path.c_str(), "w");
@@ -77,6 +79,17 @@ TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
         EXPECT_FALSE(msafit::ReadMeasuredSalts(path, error).has_value()) << line;
         EXPECT_NE(error.find(":2:"), std::string::npos) << error;
     }
+    FILE* f = std::fopen(path.c_str(), "w");
+    ASSERT_NE(f, nullptr);
+    std::fprintf(f, "AlCl3\tAl\tCl\t20\t3\tcation\tRS59\t0.1:0.337 1.0:0.539\n");
+    std::fclose(f);
+    std::string error;
+    const auto good = msafit::ReadMeasuredSalts(path, error);
+    ASSERT_TRUE(good.has_value()) << error;
+    ASSERT_EQ(good->size(), 1u);
+    EXPECT_TRUE((*good)[0].fitsCation);
+    EXPECT_FALSE((*good)[0].fitsAnion);
+    EXPECT_EQ((*good)[0].points.size(), 2u);
 }
 
 }  // namespace tormel::test
