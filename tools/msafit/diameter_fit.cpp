@@ -85,8 +85,9 @@ double FitAnion(FitWork& w, const std::string& anion) {
 }  // namespace
 
 double StartDiameter(const tormel::ChemicalSystem& database, const std::string& component) {
-    // crystal diameters, twice the Pauling radii (Robinson & Stokes 1959,
-    // Table 3.1; Marcus Y. (1988) Chem. Rev. 88, 1475 for NO3- and SO4-2)
+    // crystal diameters: twice the Pauling radii of the halides as Robinson &
+    // Stokes (1959) tabulate them, twice the thermochemical radii of NO3- and
+    // SO4-2 (Marcus Y. (1988) Chem. Rev. 88, 1475)
     static const std::map<std::string, double> crystal = {
         {"Cl", 3.62 * kAngstrom}, {"Br", 3.90 * kAngstrom}, {"I", 4.32 * kAngstrom},
         {"F", 2.72 * kAngstrom},  {"NO3", 3.58 * kAngstrom}, {"SO4", 4.60 * kAngstrom},

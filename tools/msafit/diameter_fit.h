@@ -1,8 +1,9 @@
 #pragma once
 // Fits one MSA diameter per ion to the measured mean activity coefficients:
-// each ion's diameter is chosen, with the others held, to make the worst
-// deviation over all its salts (up to 1 mol/kg) as small as it can be, and
-// the rounds over cations and anions repeat until no diameter moves.
+// each ion's diameter is chosen to make the worst deviation over all its
+// salts (up to 1 mol/kg) as small as it can be, a cation with the others
+// held, an anion with the cations of its salts following, and the rounds
+// over cations and anions repeat until no diameter moves.
 #include <map>
 #include <string>
 #include <vector>
