@@ -10,7 +10,7 @@
 namespace tormel {
 
 struct SaltSolution {
-    std::string cation;    // component names in the database
+    std::string cation;  // component names in the database
     std::string anion;
     double concentration;  // mol/L of salt
     // free activity of H+ the solution is held at; 0 for an acid, whose

@@ -30,7 +30,7 @@ struct SaltBound {
 // no such pair), so the one nitrate diameter serves neither well; the two
 // sulfates pull the sulfate diameter apart the same way.
 constexpr SaltBound kBounds[] = {
-    {"NaCl", 0.02},   {"KCl", 0.02},    {"LiCl", 0.02},   {"HCl", 0.02},     {"NaBr", 0.02},   {"KNO3", 0.19},
+    {"NaCl", 0.02},   {"KCl", 0.02},    {"LiCl", 0.02},   {"HCl", 0.02},    {"NaBr", 0.02},  {"KNO3", 0.19},
     {"CaCl2", 0.033}, {"MgCl2", 0.036}, {"BaCl2", 0.035}, {"Na2SO4", 0.09}, {"K2SO4", 0.09},
 };
 
@@ -40,8 +40,8 @@ TEST(CalcMsa, MeanActivityCoefficientsOfSimpleSalts) {
     const ChemicalSystem* database = RealDatabase();
     ASSERT_NE(database, nullptr);
     std::string error;
-    const auto salts =
-        msafit::ReadMeasuredSalts(std::string(TORMEL_SOURCE_DIR) + "/tools/msafit/measured_mean_activity_coefficients.tsv", error);
+    const auto salts = msafit::ReadMeasuredSalts(
+        std::string(TORMEL_SOURCE_DIR) + "/tools/msafit/measured_mean_activity_coefficients.tsv", error);
     ASSERT_TRUE(salts.has_value()) << error;
     for (const SaltBound& expected : kBounds) {
         const msafit::MeasuredSalt* salt = nullptr;
@@ -66,10 +66,10 @@ TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
     const std::string path = ::testing::TempDir() + "msa_measured.tsv";
     const char* const bad[] = {
         "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59",                       // no points
-        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1:0.778 0.1:0.735", // molality not rising
-        "NaCl\tNa\tCl\tx\t7\tboth\tRS59\t0.1:0.778",              // volume not a number
-        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1=0.778",           // pair without colon
-        "NaCl\tNa\tCl\t18.6\t7\tsalt\tRS59\t0.1:0.778",           // unknown fit choice
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1:0.778 0.1:0.735",  // molality not rising
+        "NaCl\tNa\tCl\tx\t7\tboth\tRS59\t0.1:0.778",               // volume not a number
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1=0.778",            // pair without colon
+        "NaCl\tNa\tCl\t18.6\t7\tsalt\tRS59\t0.1:0.778",            // unknown fit choice
         "NaCl\tNa\tCl\t18.6\t7\tRS59\t0.1:0.778",                  // fit choice missing
     };
     for (const char* line : bad) {

@@ -94,7 +94,8 @@ std::string FormatConversionReport(const ConversionResult& result, const std::st
     out << "Diameters " << kFittedSizeSource << ":\n\n";
     out << "| species | diameter (Angstrom) | how |\n|---|---|---|\n";
     for (const FittedDiameter& d : FittedDiameters())
-        out << "| `" << d.species << "` | " << tormel::FormatC("%.3f", d.diameter * 1e10) << " | " << d.origin << " |\n";
+        out << "| `" << d.species << "` | " << tormel::FormatC("%.3f", d.diameter * 1e10) << " | " << d.origin
+            << " |\n";
     out << "\nEvery other size: " << kIonSizeSource << ".\n\n";
     out << "Complexes with a size: ";
     for (size_t i = 0; i < r.complexesWithDiameter.size(); ++i)

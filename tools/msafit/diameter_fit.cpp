@@ -26,7 +26,8 @@ double& DiameterOf(tormel::ChemicalSystem& chem, const std::string& component) {
 double WorstDeviation(const tormel::ChemicalSystem& chem, const std::vector<const MeasuredSalt*>& salts) {
     double worst = 0;
     for (const MeasuredSalt* salt : salts)
-        for (double d : SaltDeviations(chem, *salt, kFitUpTo)) worst = std::isnan(d) ? 1e9 : std::max(worst, std::fabs(d));
+        for (double d : SaltDeviations(chem, *salt, kFitUpTo))
+            worst = std::isnan(d) ? 1e9 : std::max(worst, std::fabs(d));
     return worst;
 }
 
@@ -55,7 +56,7 @@ double GoldenSection(WorstAt worstAt) {
 struct FitWork {
     tormel::ChemicalSystem& chem;
     std::map<std::string, std::vector<const MeasuredSalt*>> saltsOf;  // the salts an ion is fitted to
-    std::map<std::string, std::vector<std::string>> cationsWith;       // anion -> cations fitted with it
+    std::map<std::string, std::vector<std::string>> cationsWith;      // anion -> cations fitted with it
 };
 
 // The best diameter of one ion, the others held.
@@ -89,7 +90,7 @@ double StartDiameter(const tormel::ChemicalSystem& database, const std::string& 
     // Stokes (1959) tabulate them, twice the thermochemical radii of NO3- and
     // SO4-2 (Marcus Y. (1988) Chem. Rev. 88, 1475)
     static const std::map<std::string, double> crystal = {
-        {"Cl", 3.62 * kAngstrom}, {"Br", 3.90 * kAngstrom}, {"I", 4.32 * kAngstrom},
+        {"Cl", 3.62 * kAngstrom}, {"Br", 3.90 * kAngstrom},  {"I", 4.32 * kAngstrom},
         {"F", 2.72 * kAngstrom},  {"NO3", 3.58 * kAngstrom}, {"SO4", 4.60 * kAngstrom},
     };
     auto it = crystal.find(component);

@@ -4,10 +4,11 @@
 // calculation on the raw database (ion pairs included), prints the
 // deviations before and after the fit and writes the diameter table the
 // database converter compiles in.
+#include <unistd.h>
+
 #include <cstdio>
 #include <filesystem>
 #include <string>
-#include <unistd.h>
 
 #include "core/database_files.h"
 #include "core/ui_services.h"
@@ -62,7 +63,8 @@ int main(int argc, char** argv) {
     for (const msafit::MeasuredSalt& salt : *salts)
         for (const std::string& ion : {salt.cation, salt.anion})
             if (chem.FindComponent(ion) < 0) {
-                std::fprintf(stderr, "tormel-msafit: %s of %s is not in the database\n", ion.c_str(), salt.formula.c_str());
+                std::fprintf(stderr, "tormel-msafit: %s of %s is not in the database\n", ion.c_str(),
+                             salt.formula.c_str());
                 return 1;
             }
     PrintTable("Before", chem, *salts);
@@ -70,7 +72,8 @@ int main(int argc, char** argv) {
     PrintTable("After", chem, *salts);
     std::printf("Diameters (Angstrom):\n");
     for (const msafit::FittedIon& ion : fitted)
-        std::printf("  %-4s %.3f  worst %.1f %%\n", ion.component.c_str(), ion.diameter * 1e10, 100 * ion.worstDeviation);
+        std::printf("  %-4s %.3f  worst %.1f %%\n", ion.component.c_str(), ion.diameter * 1e10,
+                    100 * ion.worstDeviation);
     if (!msafit::WriteDiameterTable(argv[3], chem, fitted, error)) {
         std::fprintf(stderr, "tormel-msafit: %s\n", error.c_str());
         return 1;

@@ -58,7 +58,7 @@ std::optional<std::vector<MeasuredSalt>> ReadMeasuredSalts(const std::string& pa
         if (line.empty() || line[0] == '#') continue;
         const std::vector<std::string> f = SplitTabs(line);
         MeasuredSalt salt;
-            bool ok = f.size() == 8 && (f[5] == "both" || f[5] == "cation" || f[5] == "anion");
+        bool ok = f.size() == 8 && (f[5] == "both" || f[5] == "cation" || f[5] == "anion");
         if (ok) {
             salt.formula = f[0];
             salt.cation = f[1];

@@ -15,7 +15,7 @@ struct MeasuredPoint {
 
 struct MeasuredSalt {
     std::string formula;
-    std::string cation;          // component names of the database
+    std::string cation;  // component names of the database
     std::string anion;
     double apparentMolarVolume;  // cm3/mol
     double pH;                   // 0: an acid, H+ is the cation
