@@ -1,99 +1,97 @@
-// Mean activity coefficients of four chloride salts from the MSA model with
-// the database's ion sizes, against measured values at 25 °C.
-//
-// Measured values (molality scale): CRC Handbook of Chemistry and Physics,
-// "Mean Activity Coefficients of Electrolytes as a Function of Concentration"
-// (compiled from Hamer & Wu, J. Phys. Chem. Ref. Data 1, 1047 (1972) for the
-// 1:1 salts and Goldberg et al., J. Phys. Chem. Ref. Data 8, 923 (1979) for
-// the 2:1 salts); from 0.1 to 1 mol/kg they agree within 0.006 with Robinson
-// & Stokes, Electrolyte Solutions, 2nd ed. (1959), Appendix 8.10
-// (NaCl 0.778/0.681/0.657, KCl 0.770/0.649/0.604, CaCl2 0.518/0.448/0.500,
-// MgCl2 0.529/0.481/0.570 at 0.1/0.5/1.0 mol/kg). The model works in mol/L;
-// at 1 mol/L the two scales differ by about 2 %, well inside the bound below.
+// Mean activity coefficients of simple salts from the MSA model with the
+// database's ion diameters, against the measured tables the diameters were
+// fitted to (tools/msafit/measured_mean_activity_coefficients.tsv, with its
+// sources). Every salt is solved with the whole database, ion pairs
+// included, and compared on the molarity scale.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdio>
 
-#include "calc/component_inputs.h"
 #include "calc/real_database.h"
 #include "calc/run_calculation.h"
+#include "measured_table.h"
+#include "salt_deviation.h"
 
 namespace tormel::test {
 
 namespace {
 
-struct MeasuredSalt {
-    const char* cation;
+// Largest deviation allowed up to 1 mol/kg, per salt: what the fitted
+// diameters reach, rounded up. The primitive MSA with one fixed diameter per
+// ion and the permittivity of pure water cannot follow the rise of the 2:1
+// chlorides towards 1 mol/kg as closely as that of the 1:1 salts.
+struct SaltBound {
     const char* formula;
-    int cationCharge;
-    double gamma[5];  // at kConcentrations
-    // highest concentration whose deviation is asserted: the database gives
-    // Mg its Kielland size of 8 Angstrom, far above an effective MSA diameter
-    // (about 5 Angstrom), so its packing term grows too fast above 0.01 mol/L
-    double assertedUpTo;
+    double bound;
 };
 
-// deviation bounds, relative (see the test)
-// Up to 0.01 mol/L the MSA reduces to the limiting law, which any correct
-// implementation follows to about 1 %: 2 % allowed. Up to 1 mol/L the model
-// with fixed hydrated sizes and the permittivity of pure water is known to
-// drift from measurements by several per cent: 12 % allowed.
-constexpr double kDiluteBound = 0.02;
-constexpr double kConcentratedBound = 0.12;
-
-constexpr double kConcentrations[5] = {0.001, 0.01, 0.1, 0.5, 1.0};
-
-constexpr MeasuredSalt kSalts[] = {
-    {"Na", "NaCl", 1, {0.965, 0.903, 0.778, 0.681, 0.657}, 1.0},
-    {"K", "KCl", 1, {0.965, 0.901, 0.770, 0.649, 0.604}, 1.0},
-    {"Ca", "CaCl2", 2, {0.888, 0.727, 0.517, 0.444, 0.495}, 1.0},
-    {"Mg", "MgCl2", 2, {0.889, 0.734, 0.529, 0.481, 0.570}, 0.01},
+// KNO3 falls far below NaNO3 (K+ and NO3- associate, and the database has
+// no such pair), so the one nitrate diameter serves neither well; the two
+// sulfates pull the sulfate diameter apart the same way.
+constexpr SaltBound kBounds[] = {
+    {"NaCl", 0.02},   {"KCl", 0.02},    {"LiCl", 0.02},   {"HCl", 0.02},    {"NaBr", 0.02},  {"KNO3", 0.19},
+    {"CaCl2", 0.033}, {"MgCl2", 0.036}, {"BaCl2", 0.035}, {"Na2SO4", 0.09}, {"K2SO4", 0.09},
 };
-
-// The MSA mean activity coefficient of a salt solution of `salt` at
-// concentration c (mol/L of salt), read from the salt table.
-double ModelGamma(const ChemicalSystem& database, const MeasuredSalt& salt, double c) {
-    ChemicalSystem chem = database;
-    ClearInputs(chem);
-    Component& h = chem.components[chem.hydrogenIndex];
-    h.inputType = InpTypeFreeAct;
-    h.inputValue = 1e-7;
-    chem.components[chem.FindComponent(salt.cation)].inputValue = c;
-    chem.components[chem.FindComponent("Cl")].inputValue = c * salt.cationCharge;
-    InputProblem input;
-    input.ionicStrengthModel = 2;
-    input.convergenceCriterion = 1.00001;
-    SolverState state;
-    CalcContext ctx{chem, input, state};
-    const CalculationOutcome out = RunCalculation(ctx, false);
-    EXPECT_TRUE(out.solve.converged) << salt.formula << " " << c;
-    for (const SaltRecord& record : state.saltRecords)
-        if (record.formula == salt.formula) return record.meanActivityCoefficient;
-    ADD_FAILURE() << "no salt record " << salt.formula;
-    return 0;
-}
 
 }  // namespace
 
-TEST(CalcMsa, MeanActivityCoefficientsOfChlorides) {
+TEST(CalcMsa, MeanActivityCoefficientsOfSimpleSalts) {
     const ChemicalSystem* database = RealDatabase();
     ASSERT_NE(database, nullptr);
-    double worst = 0;
-    for (const MeasuredSalt& salt : kSalts) {
-        std::printf("[msa] %-6s", salt.formula);
-        for (int i = 0; i < 5; ++i) {
-            const double model = ModelGamma(*database, salt, kConcentrations[i]);
-            const double deviation = model / salt.gamma[i] - 1;
-            std::printf("  %.3g M: %.3f (%+.1f%%)", kConcentrations[i], model, 100 * deviation);
-            if (kConcentrations[i] <= salt.assertedUpTo) worst = std::max(worst, std::fabs(deviation));
-            if (kConcentrations[i] > salt.assertedUpTo) continue;
-            EXPECT_LT(std::fabs(deviation), kConcentrations[i] <= 0.01 ? kDiluteBound : kConcentratedBound)
-                << salt.formula << " at " << kConcentrations[i];
+    std::string error;
+    const auto salts = msafit::ReadMeasuredSalts(
+        std::string(TORMEL_SOURCE_DIR) + "/tools/msafit/measured_mean_activity_coefficients.tsv", error);
+    ASSERT_TRUE(salts.has_value()) << error;
+    for (const SaltBound& expected : kBounds) {
+        const msafit::MeasuredSalt* salt = nullptr;
+        for (const msafit::MeasuredSalt& s : *salts)
+            if (s.formula == expected.formula) salt = &s;
+        ASSERT_NE(salt, nullptr) << expected.formula << " is not in the measured table";
+        // printed to the end of the table, asserted up to 1 mol/kg
+        const std::vector<double> deviations = msafit::SaltDeviations(*database, *salt, salt->points.back().molality);
+        std::printf("[msa] %-7s", salt->formula.c_str());
+        for (size_t i = 0; i < deviations.size(); ++i) {
+            const double m = salt->points[i].molality;
+            std::printf(" %g:%+.1f%%", m, 100 * deviations[i]);
+            if (m <= 1.0) {
+                EXPECT_LE(std::fabs(deviations[i]), expected.bound) << salt->formula << " at " << m << " mol/kg";
+            }
         }
         std::printf("\n");
     }
-    std::printf("[msa] largest asserted deviation %.1f%%\n", 100 * worst);
+}
+
+TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
+    const std::string path = ::testing::TempDir() + "msa_measured.tsv";
+    const char* const bad[] = {
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59",                       // no points
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1:0.778 0.1:0.735",  // molality not rising
+        "NaCl\tNa\tCl\tx\t7\tboth\tRS59\t0.1:0.778",               // volume not a number
+        "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1=0.778",            // pair without colon
+        "NaCl\tNa\tCl\t18.6\t7\tsalt\tRS59\t0.1:0.778",            // unknown fit choice
+        "NaCl\tNa\tCl\t18.6\t7\tRS59\t0.1:0.778",                  // fit choice missing
+    };
+    for (const char* line : bad) {
+        FILE* f = std::fopen(path.c_str(), "w");
+        ASSERT_NE(f, nullptr);
+        std::fprintf(f, "# comment\n%s\n", line);
+        std::fclose(f);
+        std::string error;
+        EXPECT_FALSE(msafit::ReadMeasuredSalts(path, error).has_value()) << line;
+        EXPECT_NE(error.find(":2:"), std::string::npos) << error;
+    }
+    FILE* f = std::fopen(path.c_str(), "w");
+    ASSERT_NE(f, nullptr);
+    std::fprintf(f, "AlCl3\tAl\tCl\t20\t3\tcation\tRS59\t0.1:0.337 1.0:0.539\n");
+    std::fclose(f);
+    std::string error;
+    const auto good = msafit::ReadMeasuredSalts(path, error);
+    ASSERT_TRUE(good.has_value()) << error;
+    ASSERT_EQ(good->size(), 1u);
+    EXPECT_TRUE((*good)[0].fitsCation);
+    EXPECT_FALSE((*good)[0].fitsAnion);
+    EXPECT_EQ((*good)[0].points.size(), 2u);
 }
 
 }  // namespace tormel::test

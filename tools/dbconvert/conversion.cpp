@@ -8,6 +8,7 @@
 
 #include "chem_formula.h"
 #include "core/c_number.h"
+#include "ion_diameters.h"
 #include "literature.h"
 #include "published_data.h"
 

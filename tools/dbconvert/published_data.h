@@ -1,9 +1,7 @@
 #pragma once
 // Published values that the MINTEQA2 data do not carry: the parameters and
-// metal constants of the humic ion-binding Models V, VI and VII, and ion
-// sizes for the MSA activity model.
+// metal constants of the humic ion-binding Models V, VI and VII.
 #include <array>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,12 +29,5 @@ struct OrganicMetalConstant {
 };
 
 std::vector<OrganicMetalConstant> OrganicMetalConstants(int modelCode);
-
-// Ion diameter (m) of a free ion or complex, by species formula with charge
-// ("Ca+2", "HCO3-"); nullopt when no published size is at hand.
-std::optional<double> IonDiameter(const std::string& speciesWithCharge);
-
-// Where the ion sizes come from, for the report.
-extern const char* const kIonSizeSource;
 
 }  // namespace dbconvert

@@ -3,6 +3,8 @@
 #include <map>
 #include <sstream>
 
+#include "core/c_number.h"
+#include "ion_diameters.h"
 #include "literature.h"
 #include "published_data.h"
 
@@ -99,7 +101,13 @@ std::string FormatConversionReport(const ConversionResult& result, const std::st
         if (chem.electronIndex > 0 && chem.Coefficient(chem.electronIndex, e) != 0) ++withElectron[chem.equilibria[e].type];
     for (const auto& [t, n] : withElectron) out << "| equilibria: " << EquilibriumTypeName(t) << " | " << n << " |\n";
 
-    out << "\n## Ion sizes (MSA)\n\nSource: " << kIonSizeSource << ".\n\n";
+    out << "\n## Ion sizes (MSA)\n\n";
+    out << "Diameters " << kFittedSizeSource << ":\n\n";
+    out << "| species | diameter (Angstrom) | how |\n|---|---|---|\n";
+    for (const FittedDiameter& d : FittedDiameters())
+        out << "| `" << d.species << "` | " << tormel::FormatC("%.3f", d.diameter * 1e10) << " | " << d.origin
+            << " |\n";
+    out << "\nEvery other size: " << kIonSizeSource << ".\n\n";
     out << "Complexes with a size: ";
     for (size_t i = 0; i < r.complexesWithDiameter.size(); ++i)
         out << (i ? ", " : "") << "`" << r.complexesWithDiameter[i] << "`";

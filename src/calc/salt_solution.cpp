@@ -1,0 +1,40 @@
+#include "calc/salt_solution.h"
+
+#include "calc/run_calculation.h"
+
+namespace tormel {
+
+std::optional<double> SaltMeanActivityCoefficient(const ChemicalSystem& database, const SaltSolution& salt) {
+    const int32_t cation = database.FindComponent(salt.cation);
+    const int32_t anion = database.FindComponent(salt.anion);
+    if (cation < 0 || anion < 0) return std::nullopt;
+    ChemicalSystem chem = database;
+    for (Component& c : chem.components) {
+        c.inputValue = 0;
+        c.inputType = c.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
+    }
+    chem.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
+    const int32_t zc = chem.components[cation].charge;
+    const int32_t za = -chem.components[anion].charge;
+    chem.components[cation].inputValue = salt.concentration * za;
+    chem.components[anion].inputValue = salt.concentration * zc;
+    if (salt.hydrogenActivity > 0) {
+        Component& h = chem.components[chem.hydrogenIndex];
+        h.inputType = InpTypeFreeAct;
+        h.inputValue = salt.hydrogenActivity;
+    }
+    InputProblem input;
+    input.ionicStrengthModel = kMsaModel;
+    input.convergenceCriterion = 1.00001;
+    SolverState state;
+    CalcContext ctx{chem, input, state};
+    const CalculationOutcome out = RunCalculation(ctx, false);
+    if (!out.solve.converged) return std::nullopt;
+    for (const SaltRecord& record : state.saltRecords)
+        if (chem.systemComponents[record.cation].componentIndex == cation &&
+            chem.systemComponents[record.ligand].componentIndex == anion)
+            return record.meanActivityCoefficient;
+    return std::nullopt;
+}
+
+}  // namespace tormel

@@ -1,0 +1,141 @@
+#include "diameter_fit.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+
+#include "salt_deviation.h"
+
+namespace msafit {
+
+namespace {
+
+constexpr double kAngstrom = 1e-10;
+// below 2 Angstrom, smaller than any ion fitted here, a diameter would only
+// bend the model to mimic ion association
+constexpr double kLowest = 2.0 * kAngstrom;
+constexpr double kHighest = 12.0 * kAngstrom;
+constexpr double kTolerance = 0.002 * kAngstrom;
+constexpr int kMaxRounds = 8;
+
+double& DiameterOf(tormel::ChemicalSystem& chem, const std::string& component) {
+    return chem.components[chem.FindComponent(component)].ionDiameter;
+}
+
+// The worst relative deviation over the salts containing the ion.
+double WorstDeviation(const tormel::ChemicalSystem& chem, const std::vector<const MeasuredSalt*>& salts) {
+    double worst = 0;
+    for (const MeasuredSalt* salt : salts)
+        for (double d : SaltDeviations(chem, *salt, kFitUpTo))
+            worst = std::isnan(d) ? 1e9 : std::max(worst, std::fabs(d));
+    return worst;
+}
+
+// Golden-section search for the diameter with the smallest worst deviation;
+// `worstAt` sets the diameter and answers the worst deviation there.
+template <typename WorstAt>
+double GoldenSection(WorstAt worstAt) {
+    const double ratio = (std::sqrt(5.0) - 1) / 2;
+    double a = kLowest, b = kHighest;
+    double c = b - ratio * (b - a), d = a + ratio * (b - a);
+    double fc = worstAt(c), fd = worstAt(d);
+    while (b - a > kTolerance) {
+        if (fc <= fd) {
+            b = d, d = c, fd = fc;
+            c = b - ratio * (b - a);
+            fc = worstAt(c);
+        } else {
+            a = c, c = d, fc = fd;
+            d = a + ratio * (b - a);
+            fd = worstAt(d);
+        }
+    }
+    return fc <= fd ? c : d;
+}
+
+struct FitWork {
+    tormel::ChemicalSystem& chem;
+    std::map<std::string, std::vector<const MeasuredSalt*>> saltsOf;  // the salts an ion is fitted to
+    std::map<std::string, std::vector<std::string>> cationsWith;      // anion -> cations fitted with it
+};
+
+// The best diameter of one ion, the others held.
+double FitIon(FitWork& w, const std::string& ion) {
+    double& diameter = DiameterOf(w.chem, ion);
+    diameter = GoldenSection([&](double d) {
+        diameter = d;
+        return WorstDeviation(w.chem, w.saltsOf[ion]);
+    });
+    return diameter;
+}
+
+// The best diameter of an anion when the cations fitted to its salts follow
+// every trial value: held cations would pin a shared anion such as Cl- to
+// whatever value it started from.
+double FitAnion(FitWork& w, const std::string& anion) {
+    auto worstAt = [&](double d) {
+        DiameterOf(w.chem, anion) = d;
+        for (const std::string& cation : w.cationsWith[anion]) FitIon(w, cation);
+        return WorstDeviation(w.chem, w.saltsOf[anion]);
+    };
+    const double best = GoldenSection(worstAt);
+    worstAt(best);
+    return best;
+}
+
+}  // namespace
+
+double StartDiameter(const tormel::ChemicalSystem& database, const std::string& component) {
+    // crystal diameters: twice the Pauling radii of the halides as Robinson &
+    // Stokes (1959) tabulate them, twice the thermochemical radii of NO3- and
+    // SO4-2 (Marcus Y. (1988) Chem. Rev. 88, 1475)
+    static const std::map<std::string, double> crystal = {
+        {"Cl", 3.62 * kAngstrom}, {"Br", 3.90 * kAngstrom},  {"I", 4.32 * kAngstrom},
+        {"F", 2.72 * kAngstrom},  {"NO3", 3.58 * kAngstrom}, {"SO4", 4.60 * kAngstrom},
+    };
+    auto it = crystal.find(component);
+    if (it != crystal.end()) return it->second;
+    return database.components[database.FindComponent(component)].ionDiameter;
+}
+
+std::vector<FittedIon> FitDiameters(tormel::ChemicalSystem& database, const std::vector<MeasuredSalt>& salts) {
+    // cations first, then anions, each in the order of the table
+    FitWork w{database, {}, {}};
+    std::vector<FittedIon> ions;
+    std::vector<bool> isAnion;
+    for (int anion = 0; anion < 2; ++anion)
+        for (const MeasuredSalt& salt : salts) {
+            if (!(anion ? salt.fitsAnion : salt.fitsCation)) continue;
+            const std::string& name = anion ? salt.anion : salt.cation;
+            if (!w.saltsOf.count(name)) {
+                ions.push_back({name, 0, 0, {}, {}});
+                isAnion.push_back(anion == 1);
+            }
+            w.saltsOf[name].push_back(&salt);
+            if (anion && salt.fitsCation) w.cationsWith[name].push_back(salt.cation);
+        }
+    for (FittedIon& ion : ions) {
+        DiameterOf(database, ion.component) = StartDiameter(database, ion.component);
+        for (const MeasuredSalt* salt : w.saltsOf[ion.component]) {
+            ion.salts.push_back(salt->formula);
+            ion.sources.push_back(salt->sources);
+        }
+    }
+    for (int round = 1; round <= kMaxRounds; ++round) {
+        double largestMove = 0;
+        for (size_t i = 0; i < ions.size(); ++i) {
+            const double before = DiameterOf(database, ions[i].component);
+            const double after = isAnion[i] ? FitAnion(w, ions[i].component) : FitIon(w, ions[i].component);
+            largestMove = std::max(largestMove, std::fabs(after - before));
+        }
+        std::fprintf(stderr, "round %d: largest change %.3f Angstrom\n", round, largestMove / kAngstrom);
+        if (largestMove < 5 * kTolerance) break;
+    }
+    for (FittedIon& ion : ions) {
+        ion.diameter = DiameterOf(database, ion.component);
+        ion.worstDeviation = WorstDeviation(database, w.saltsOf[ion.component]);
+    }
+    return ions;
+}
+
+}  // namespace msafit
