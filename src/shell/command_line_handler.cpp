@@ -114,7 +114,7 @@ CommandLineOutcome RunSingleInput(Workspace& ws, const CommandLine& line, const 
     });
     if (ui.closeWait) ui.closeWait();
     ShowJobFailure(ws, outcome);
-    return End(ws, services, outcome.status == JobStatus::Saved ? 0 : 1);
+    return End(ws, services, outcome.status == JobStatus::Saved && !outcome.consistencyErrors ? 0 : 1);
 }
 
 CommandLineOutcome RunBatchFromCommandLine(Workspace& ws, const CommandLine& line, const CommandLineServices& services) {
