@@ -1,5 +1,6 @@
 #include "input/input_file_reader.h"
 
+#include <filesystem>
 #include <vector>
 
 #include "core/c_number.h"
@@ -180,9 +181,10 @@ bool ApplyComponentLine(Component& component, std::string_view value) {
 }
 
 // The component that may be chosen to neutralise: a cation for the cation
-// line, a ligand for the anion line.
-bool NeutralisesAs(const Component& component, bool cation) {
-    return component.type == (cation ? Cation : Ligand);
+// line, a ligand for the anion line, or component 0, which stands for none
+// chosen (the writer writes its name then).
+bool NeutralisesAs(const ChemicalSystem& chem, int32_t index, bool cation) {
+    return index == 0 || chem.components[static_cast<size_t>(index)].type == (cation ? Cation : Ligand);
 }
 
 }  // namespace
@@ -229,7 +231,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         if (cationLine || EqualsIgnoreCase(key, "anion to neutralise")) {
             int32_t index = FindComponentIgnoreCase(chem, value);
             if (index < 0) return refused("ErrorOpen3");
-            if (!NeutralisesAs(chem.components[static_cast<size_t>(index)], cationLine))
+            if (!NeutralisesAs(chem, index, cationLine))
                 return refused("ErrorNeutraliseKind");
             (cationLine ? input.neutraliseCation : input.neutraliseAnion) = index;
             continue;
@@ -252,7 +254,8 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 }
 
 std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem) {
-    if (!FileExists(path)) {
+    std::error_code ec;
+    if (!std::filesystem::exists(path, ec)) {
         InputFileError e = Error("ErrorFileMissing", 0);
         e.path = path;
         return e;
