@@ -132,7 +132,10 @@ std::optional<FolderProblem> CreateWorkingFolders(const AppFolders& folders) {
         std::error_code error;
         fs::create_directories(*folder, error);
         if (problem) continue;
-        if (!error && !IsFolder(*folder)) error = std::make_error_code(std::errc::not_a_directory);
+        // a file in the way is reported as "File exists"; say what is wrong with it
+        const fs::path self = fs::path(*folder).parent_path();  // the folder without its final "/"
+        std::error_code ignored;
+        if (fs::exists(self, ignored) && !IsFolder(self)) error = std::make_error_code(std::errc::not_a_directory);
         if (!error && access(folder->c_str(), W_OK) != 0) error = std::error_code(errno, std::generic_category());
         if (error) problem = FolderProblem{*folder, error.message()};
     }
