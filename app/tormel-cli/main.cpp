@@ -191,5 +191,5 @@ int main(int argc, char** argv) {
     const StartupOutcome outcome = InitializeApplication(ws, line, hooks, services);
     if (outcome.endProcess) return outcome.exitCode;
     SaveSettingsAndShutDown(ws, hooks);
-    return 0;
+    return outcome.exitCode;
 }

@@ -118,7 +118,7 @@ StartupOutcome InitializeApplication(Workspace& ws, const CommandLine& line, con
     Call(hooks.createInstanceMutex);
     Call(hooks.updateStatusLine);
     ws.uiReady = true;
-    return {};
+    return StartupOutcome{false, command.exitCode};
 }
 
 void SaveSettingsAndShutDown(Workspace& ws, const StartupHooks& hooks) {

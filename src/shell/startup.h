@@ -51,6 +51,8 @@ struct StartupHooks {
 
 struct StartupOutcome {
     bool endProcess = false;  // start-up ended the session; the process ends with `exitCode`
+    // also when the session goes on: what a run without windows ends with
+    // (1 when a file named on the command line could not be opened)
     int exitCode = 0;
 };
 

@@ -30,6 +30,12 @@ void WriteWater(const std::string& path, const std::function<void(std::string&)>
     ASSERT_TRUE(WriteUtf16File(path, std::string_view(text)));
 }
 
+// A water whose input has consistency errors (temperature correction at
+// 100 degrees C) that can be calculated all the same.
+void WriteHotWater(const std::string& path) {
+    WriteWater(path, [](std::string& text) { text += "Temperature: 100 \u00B0C\nTemperature correction: 2'always\n"; });
+}
+
 TEST(TormelCli, StartUpWithoutAUsableWorkingFolderEndsWithOneNamingThePathAndWhy) {
     struct Case {
         const char* what;
@@ -90,14 +96,34 @@ TEST(TormelCli, FirstStartInANewFolderPrintsResultsAndProblemsOnly) {
     EXPECT_TRUE(fs::exists(cli.home + "Output/water.o64"));
 }
 
+TEST(TormelCli, AFileToCheckOrShowEndsWithOneWhenItCannotBeUsed) {
+    CliHome cli;
+    WriteWater(cli.home + "Input/water.i64");
+    WriteHotWater(cli.home + "Input/hot.i64");
+    struct Case {
+        std::string argument;
+        int exitCode;
+        std::string says;
+    } cases[] = {
+        {"water.i64", 0, ""},
+        {"hot.i64", 1, "The input has errors:"},
+        {"missing.i64", 1, "The input file does not exist:\n  " + cli.home + "Input/missing.i64\n"},
+        {"missing.o64", 1, "The output file does not exist:\n  " + cli.home + "Output/missing.o64\n"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.argument);
+        EXPECT_EQ(cli.Run(c.argument), c.exitCode);
+        if (c.says.empty()) EXPECT_EQ(cli.Log(), "");
+        else EXPECT_NE(cli.Log().find(c.says), std::string::npos) << cli.Log();
+    }
+}
+
 // Every batch log entry names the job's line, and every job that was not
 // clean makes the exit code 1; a job with consistency errors still runs.
 TEST(TormelCli, BatchLogEntriesNameTheJobAndProblemsEndWithOne) {
     CliHome cli;
     WriteWater(cli.home + "Input/water.i64");
-    WriteWater(cli.home + "Input/hot.i64", [](std::string& text) {
-        text += "Temperature: 100 \u00B0C\nTemperature correction: 2'always\n";
-    });
+    WriteHotWater(cli.home + "Input/hot.i64");
     WriteWater(cli.home + "Input/negative.i64", [](std::string& text) {
         const size_t at = text.find("\nCa: ");
         ASSERT_NE(at, std::string::npos);
