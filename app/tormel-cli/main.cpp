@@ -37,7 +37,8 @@ const char* kUsage =
     "             .csv or .xml gets the tab-separated text or the XML spreadsheet\n"
     "  /batch:    calculate every job of a batch file (one \"input output\" per line);\n"
     "             problems are written to batch_log.txt\n"
-    "  --jobs N   calculate N jobs of a batch at the same time\n"
+    "  --jobs N   calculate N jobs of a batch at the same time (at most one per\n"
+    "             hardware thread)\n"
     "  FILE.o64   print the result tables of an output file\n"
     "  FILE.i64   read an input file and report its consistency checks\n"
     "  --run, --batch, --print (as --run FILE or --run=FILE) are the same as the switches.\n"
@@ -46,9 +47,8 @@ const char* kUsage =
 // --database and --list: the database summary and listings.
 int DatabaseCommand(const std::string& command, const std::string& what, const char* argv0) {
     AppFolders folders = ResolveFolders(argv0);
-    CreateWorkingFolders(folders);
     UiServices ui = MakeHeadlessUi();
-    if (EnsureLanguageFile(folders, ui, nullptr) == LanguageSetup::NoLanguageFiles) return 0;
+    if (!ReachWorkingFolders(folders, ui, true) || !ReachLanguageFile(folders, ui, nullptr, true)) return 1;
     Language language(folders.languageFile);
 
     ChemicalSystem chem;
@@ -179,6 +179,7 @@ int main(int argc, char** argv) {
     Workspace ws(ResolveFolders(argv[0]), ui);
     StartupHooks hooks;
     hooks.offerGettingStarted = false;
+    hooks.headless = true;
     CommandLineServices services;
     services.showOutput = PrintResultTables;
     services.batch.jobs = std::max(jobs, 1);
@@ -190,5 +191,5 @@ int main(int argc, char** argv) {
     const StartupOutcome outcome = InitializeApplication(ws, line, hooks, services);
     if (outcome.endProcess) return outcome.exitCode;
     SaveSettingsAndShutDown(ws, hooks);
-    return 0;
+    return outcome.exitCode;
 }

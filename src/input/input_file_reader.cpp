@@ -1,5 +1,8 @@
 #include "input/input_file_reader.h"
 
+#include <filesystem>
+#include <vector>
+
 #include "core/c_number.h"
 #include "core/text_file.h"
 #include "core/token_reader.h"
@@ -16,7 +19,6 @@ namespace {
 
 constexpr std::u16string_view kHeaderI64 = u"TORMEL NEXT (64 bits) input file";
 constexpr std::u16string_view kHeaderInp = u"TORMEL input file\n";
-constexpr size_t kDescriptionLimit = 259;
 
 InputFileError Error(const char* key, int lineNumber) {
     InputFileError e;
@@ -90,26 +92,57 @@ std::optional<InputFileError> CheckInpHeader(TokenReader& reader) {
     return std::nullopt;
 }
 
-// Applies one keyword line; false when the key is no keyword.
-bool ApplyKeyword(std::string_view key, std::string_view value, const std::u16string& value16, InputProblem& input) {
+// What became of a line offered as a keyword line: not a keyword, applied,
+// or refused with the [Input] language key that says why.
+struct KeywordResult {
+    bool keyword = true;
+    const char* error = nullptr;
+};
+
+KeywordResult SetReal(std::optional<double> number, double& field) {
+    if (!number) return {true, "ErrorNumber"};
+    field = *number;
+    return {};
+}
+
+// A code such as "2'MSA": the whole integer before the label, within
+// [low, high].
+KeywordResult SetCode(std::string_view value, int32_t low, int32_t high, const char* rangeKey, int32_t& field) {
+    std::optional<int32_t> code = CompleteInteger(TrimBlanksAndLineFeeds(value.substr(0, value.find('\''))));
+    if (!code) return {true, "ErrorNumber"};
+    if (*code < low || *code > high) return {true, rangeKey};
+    field = *code;
+    return {};
+}
+
+// A number followed by an optional unit ("0.01 M", "25 \u00B0C").
+std::optional<double> RealWithUnit(std::string_view value, std::string_view unit) {
+    if (value.size() >= unit.size() && EqualsIgnoreCase(value.substr(value.size() - unit.size()), unit))
+        value.remove_suffix(unit.size());
+    return CompleteReal(TrimBlanksAndLineFeeds(value));
+}
+
+KeywordResult ApplyKeyword(std::string_view key, std::string_view value, const std::u16string& value16,
+                           InputProblem& input) {
     if (EqualsIgnoreCase(key, "description")) {
-        input.description = Utf16ToUtf8(std::u16string_view(value16).substr(0, kDescriptionLimit));
+        input.description = Utf16ToUtf8(CutUtf16(value16, kDescriptionLimit));
     } else if (EqualsIgnoreCase(key, "ionic strength")) {
         if (EqualsIgnoreCase(value, "calculated")) {
             input.ionicStrengthFixed = false;
-        } else {
-            // the number follows "fixed at "
-            input.ionicStrengthFixed = true;
-            input.fixedIonicStrength = value.size() > 9 ? LeadingReal(value.substr(9)) : 0;
+            return {};
         }
+        // the number follows "fixed at "
+        if (!StartsWithIgnoreCase(value, "fixed at ")) return {true, "ErrorNumber"};
+        input.ionicStrengthFixed = true;
+        return SetReal(RealWithUnit(value.substr(9), "M"), input.fixedIonicStrength);
     } else if (EqualsIgnoreCase(key, "ionic strength model")) {
-        input.ionicStrengthModel = LeadingInteger(value);
+        return SetCode(value, kDaviesModel, kMsaModel, "ErrorIonicStrengthModel", input.ionicStrengthModel);
     } else if (EqualsIgnoreCase(key, "convergence criterion")) {
-        input.convergenceCriterion = LeadingReal(value);
+        return SetReal(CompleteReal(value), input.convergenceCriterion);
     } else if (EqualsIgnoreCase(key, "temperature")) {
-        input.temperature = LeadingReal(value);
+        return SetReal(RealWithUnit(value, "\u00B0C"), input.temperature);
     } else if (EqualsIgnoreCase(key, "temperature correction")) {
-        input.temperatureCorrection = LeadingInteger(value);
+        return SetCode(value, 0, 2, "ErrorTemperatureCorrection", input.temperatureCorrection);
     } else if (EqualsIgnoreCase(key, "force neutral solution")) {
         input.forceNeutral = EqualsIgnoreCase(value, "yes");
     } else if (EqualsIgnoreCase(key, "precipitation equilibria")) {
@@ -122,24 +155,36 @@ bool ApplyKeyword(std::string_view key, std::string_view value, const std::u16st
     } else if (EqualsIgnoreCase(key, "organic complexation")) {
         input.organicComplexation = EqualsIgnoreCase(value, "included");
     } else if (EqualsIgnoreCase(key, "model to use")) {
-        input.organicModel = LeadingInteger(value);
+        return SetCode(value, Model5, Model7, "ErrorOrganicModel", input.organicModel);
     } else if (EqualsIgnoreCase(key, "concentration (mg/l c)")) {
-        input.docConcentration = LeadingReal(value);
+        return SetReal(CompleteReal(value), input.docConcentration);
     } else if (EqualsIgnoreCase(key, "fraction of fulvic acids")) {
-        input.fulvicFraction = LeadingReal(value);
+        return SetReal(CompleteReal(value), input.fulvicFraction);
     } else {
-        return false;
+        return {false, nullptr};
     }
+    return {};
+}
+
+// "value [type text]": the number must end at a blank or at the end; an
+// unknown type text leaves the type at its program default. False when the
+// number cannot be read.
+bool ApplyComponentLine(Component& component, std::string_view value) {
+    size_t used = 0;
+    LeadingReal(value, &used);
+    std::optional<double> number = CompleteReal(value.substr(0, used));
+    std::string_view rest = value.substr(used);
+    if (!number || (!rest.empty() && rest.front() != ' ')) return false;
+    component.inputValue = *number;
+    if (auto type = InputTypeFromFileText(TrimBlanksAndLineFeeds(rest))) component.inputType = *type;
     return true;
 }
 
-void ApplyComponentLine(Component& component, std::string_view value) {
-    size_t used = 0;
-    component.inputValue = LeadingReal(value, &used);
-    std::string_view rest = value.substr(used);
-    while (!rest.empty() && rest.front() == ' ') rest.remove_prefix(1);
-    while (!rest.empty() && rest.back() == ' ') rest.remove_suffix(1);
-    if (auto type = InputTypeFromFileText(rest)) component.inputType = *type;
+// The component that may be chosen to neutralise: a cation for the cation
+// line, a ligand for the anion line, or component 0, which stands for none
+// chosen (the writer writes its name then).
+bool NeutralisesAs(const ChemicalSystem& chem, int32_t index, bool cation) {
+    return index == 0 || chem.components[static_cast<size_t>(index)].type == (cation ? Cation : Ligand);
 }
 
 }  // namespace
@@ -157,15 +202,15 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 
     SetProgramDefaults(input, chem);
 
+    // where each component was given, to refuse a second line for it
+    std::vector<int> givenAt(static_cast<size_t>(chem.ComponentCount()), 0);
+    std::vector<std::string> givenLine(givenAt.size());
+
     std::u16string line;
     while (true) {
         int lineNumber = reader.Line();
         if (!reader.ReadLine(line, kInputLineLimit)) break;
         if (IsEmptyLine(line)) continue;
-        // A line cut short by the end of the file (no line end, and shorter
-        // than the limit) is lost, as a stream reader that hits the end
-        // while reading it reports the end of the file.
-        if (line.back() != u'\n' && line.size() < kInputLineLimit) continue;
 
         size_t colon = line.find(u':');
         if (colon == 0) return Error("ErrorOpen3", lineNumber);
@@ -174,28 +219,51 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         std::u16string value16(colon == std::u16string::npos ? std::u16string_view()
                                                              : TrimBlanksAndLineFeeds16(whole.substr(colon + 1)));
         std::string value = Utf16ToUtf8(value16);
+        auto refused = [&](const char* errorKey) {
+            return ErrorWithLine(errorKey, lineNumber, Utf16ToUtf8(WithoutLineFeed(whole)));
+        };
 
-        if (ApplyKeyword(key, value, value16, input)) continue;
+        KeywordResult keyword = ApplyKeyword(key, value, value16, input);
+        if (keyword.error) return refused(keyword.error);
+        if (keyword.keyword) continue;
 
-        if (EqualsIgnoreCase(key, "cation to neutralise") || EqualsIgnoreCase(key, "anion to neutralise")) {
+        const bool cationLine = EqualsIgnoreCase(key, "cation to neutralise");
+        if (cationLine || EqualsIgnoreCase(key, "anion to neutralise")) {
             int32_t index = FindComponentIgnoreCase(chem, value);
-            if (index < 0) return ErrorWithLine("ErrorOpen3", lineNumber, Utf16ToUtf8(WithoutLineFeed(whole)));
-            (EqualsIgnoreCase(key, "cation to neutralise") ? input.neutraliseCation : input.neutraliseAnion) = index;
+            if (index < 0) return refused("ErrorOpen3");
+            if (!NeutralisesAs(chem, index, cationLine))
+                return refused("ErrorNeutraliseKind");
+            (cationLine ? input.neutraliseCation : input.neutraliseAnion) = index;
             continue;
         }
 
         int32_t component = FindComponentIgnoreCase(chem, key);
         if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, Utf16ToUtf8(whole));
-        ApplyComponentLine(chem.components[static_cast<size_t>(component)], value);
+        const auto slot = static_cast<size_t>(component);
+        if (givenAt[slot] > 0) {
+            InputFileError duplicate = refused("ErrorDuplicate");
+            duplicate.earlierLineNumber = givenAt[slot];
+            duplicate.earlierLine = givenLine[slot];
+            return duplicate;
+        }
+        if (!ApplyComponentLine(chem.components[slot], value)) return refused("ErrorNumber");
+        givenAt[slot] = lineNumber;
+        givenLine[slot] = Utf16ToUtf8(WithoutLineFeed(whole));
     }
     return std::nullopt;
 }
 
 std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem) {
+    std::error_code ec;
+    if (!std::filesystem::exists(path, ec)) {
+        InputFileError e = Error("ErrorFileMissing", 0);
+        e.path = path;
+        return e;
+    }
     FileError fileError;
     auto text = ReadUtf16File(path, &fileError);
     if (!text) {
-        InputFileError e = Error("ErrorOpen1", 0);
+        InputFileError e = Error("ErrorFileUnreadable", 0);
         e.path = path;
         e.detail = fileError.message;
         return e;

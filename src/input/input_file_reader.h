@@ -14,22 +14,27 @@ namespace tormel {
 
 class Language;
 
-// Longest line the reader takes at once; the rest of a longer line is read as
-// the next line.
-constexpr size_t kInputLineLimit = 258;
+// Longest line the reader takes at once, line end included: the longest line
+// the writer writes, a description of kDescriptionLimit characters. The rest
+// of a longer line is read as the next line.
+constexpr size_t kInputLineLimit = sizeof("Description: ") - 1 + kDescriptionLimit + 1;
 
 // Reads the decoded text of an input file (line ends as "\n"). `extension`
 // selects the header rules (".i64" or ".inp", any letter case; anything else
 // is "ErrorOpen5"). After the header the program defaults are set, then every
 // labelled line is applied; a later line overrides an earlier one. Header
 // errors leave the problem untouched, later errors leave it partly read.
+// A number must be read whole (no "nan", "inf",
+// decimal comma or trailing text), codes must be within their sets, the ion
+// to neutralise must be of its kind, a component may be given only once, and
+// a last line without line end is read.
 // Does not touch currentInputFile or modified.
 std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
                                             InputProblem& input, ChemicalSystem& chem);
 
 // Reads the file at `path`; on success modified = false and
-// currentInputFile = path. A file that cannot be read gives "ErrorOpen1" with
-// the system's reason as detail.
+// currentInputFile = path. A missing file gives "ErrorFileMissing", a file
+// that cannot be read "ErrorFileUnreadable" with the system's reason as detail.
 std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem);
 
 // LoadInputFile, and on failure the warning message of the error (empty

@@ -1,6 +1,7 @@
 #include "input/input_file_writer.h"
 
 #include "core/c_number.h"
+#include "core/utf16.h"
 #include "input/input_type_text.h"
 #include "input/value_text.h"
 #include "core/language.h"
@@ -36,7 +37,8 @@ std::string FormatInputFile(const InputProblem& input, const ChemicalSystem& che
     std::string out;
     out += "TORMEL NEXT (64 bits) input file\n";
     out += "Format version: 1\n";
-    out += "Description: " + SingleLine(input.description) + "\n";
+    // cut where the reader stops taking a description
+    out += "Description: " + Utf16ToUtf8(CutUtf16(Utf8ToUtf16(SingleLine(input.description)), kDescriptionLimit)) + "\n";
 
     out += "Ionic strength: ";
     out += input.ionicStrengthFixed ? FormatC("fixed at %.16G M", input.fixedIonicStrength) : std::string("calculated");

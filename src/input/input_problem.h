@@ -2,6 +2,7 @@
 // The current input problem: global options of the calculation. The per
 // component input (value and type) lives in the component records of the
 // chemical system.
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -12,6 +13,9 @@ namespace tormel {
 // Activity models of the input problem.
 constexpr int32_t kDaviesModel = 1;
 constexpr int32_t kMsaModel = 2;
+
+// Longest description, in UTF-16 characters, that a problem keeps.
+constexpr size_t kDescriptionLimit = 259;
 
 struct InputProblem {
     std::string description;

@@ -1,6 +1,8 @@
 #include "input/value_text.h"
 
 #include <climits>
+#include <cmath>
+#include <string>
 
 #include "core/c_number.h"
 
@@ -69,6 +71,29 @@ double LeadingReal(std::string_view text, size_t* consumed) {
     }
     if (consumed) *consumed = i;
     return StrToDoubleC(text.substr(0, i));
+}
+
+std::optional<double> CompleteReal(std::string_view text) {
+    size_t used = 0;
+    const double value = LeadingReal(text, &used);
+    if (used == 0 || used != text.size() || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+std::optional<int32_t> CompleteInteger(std::string_view text) {
+    size_t digits = text.empty() || (text[0] != '+' && text[0] != '-') ? 0 : 1;
+    const size_t signs = digits;
+    while (digits < text.size() && IsDigit(text[digits])) ++digits;
+    if (digits == signs || digits != text.size() || digits - signs > 10) return std::nullopt;
+    const long long value = std::stoll(std::string(text));
+    if (value < INT32_MIN || value > INT32_MAX) return std::nullopt;
+    return static_cast<int32_t>(value);
+}
+
+std::u16string_view CutUtf16(std::u16string_view text, size_t limit) {
+    if (text.size() <= limit) return text;
+    if (limit > 0 && (text[limit - 1] & 0xFC00) == 0xD800) --limit;
+    return text.substr(0, limit);
 }
 
 std::string_view FileExtension(std::string_view path) {

@@ -2,6 +2,7 @@
 // How the input file reader looks at the text of a line: case-insensitive
 // comparison, trimming, and the leading number of a value.
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -25,6 +26,18 @@ int32_t LeadingInteger(std::string_view text);
 // an optional point, optional exponent), read in the C locale; 0 when there is
 // none. `consumed` receives the length of the prefix.
 double LeadingReal(std::string_view text, size_t* consumed = nullptr);
+
+// The whole text is one finite decimal real as LeadingReal reads it; nullopt
+// for anything else ("nan", "inf", "0,5", "1e999", "2x", an empty text).
+std::optional<double> CompleteReal(std::string_view text);
+
+// The whole text is an optional sign and decimal digits within the 32-bit
+// range; nullopt for anything else.
+std::optional<int32_t> CompleteInteger(std::string_view text);
+
+// The first `limit` UTF-16 characters of `text`, one fewer when the cut
+// would split a surrogate pair.
+std::u16string_view CutUtf16(std::u16string_view text, size_t limit);
 
 // File extension including the dot (".i64"), taken after the last folder
 // separator; empty when the name has none.

@@ -30,7 +30,8 @@ struct OutputFileError {
 };
 
 // The message text: Output/key, for "ErrorOpen4" followed by " (", the third
-// line and ")."; then "\n" + the detail when there is one.
+// line and ")."; then "\n" + the file's path when known and "\n" + the detail
+// when there is one. A missing file is "ErrorFileMissing".
 std::string OutputFileErrorText(const Language& language, const OutputFileError& error);
 
 // How far a file that passed the header checks was read.

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <climits>
+#include <filesystem>
 
 #include "core/c_number.h"
 #include "core/token_reader.h"
@@ -361,6 +362,12 @@ std::optional<OutputFileError> ReadOutputText(std::u16string text, ResultStore& 
 std::optional<OutputFileError> ReadOutputFile(const std::string& path, ResultStore& store, int32_t set,
                                               InputProblem* currentInput, const UiServices* ui,
                                               OutputReadReport* report) {
+    std::error_code ec;
+    if (!std::filesystem::exists(path, ec)) {
+        OutputFileError error = Refused("ErrorFileMissing");
+        error.path = path;
+        return error;
+    }
     FileError fileError;
     std::optional<std::u16string> text = ReadUtf16File(path, &fileError);
     if (!text) {

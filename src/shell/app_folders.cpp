@@ -3,6 +3,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
@@ -123,12 +124,22 @@ AppFolders ResolveFolders(const char* argv0) {
     return f;
 }
 
-void CreateWorkingFolders(const AppFolders& folders) {
+std::optional<FolderProblem> CreateWorkingFolders(const AppFolders& folders) {
+    std::optional<FolderProblem> problem;
     for (const std::string* folder :
          {&folders.workingFolder, &folders.dataFolder, &folders.inputFolder, &folders.outputFolder}) {
+        if (folder->empty()) continue;
         std::error_code error;
-        if (!folder->empty()) fs::create_directories(*folder, error);
+        fs::create_directories(*folder, error);
+        if (problem) continue;
+        // a file in the way is reported as "File exists"; say what is wrong with it
+        const fs::path self = fs::path(*folder).parent_path();  // the folder without its final "/"
+        std::error_code ignored;
+        if (fs::exists(self, ignored) && !IsFolder(self)) error = std::make_error_code(std::errc::not_a_directory);
+        if (!error && access(folder->c_str(), W_OK) != 0) error = std::error_code(errno, std::generic_category());
+        if (error) problem = FolderProblem{*folder, error.message()};
     }
+    return problem;
 }
 
 }  // namespace tormel

@@ -1,6 +1,7 @@
 #pragma once
 // The folders the program works in, resolved once at start-up. Folder paths
 // end with "/".
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,9 +24,17 @@ struct AppFolders {
 // `argv0` is used only when /proc/self/exe cannot be read.
 AppFolders ResolveFolders(const char* argv0 = nullptr);
 
-// Creates the working, data, input and output folders when missing; failures
-// are left for later file operations to report.
-void CreateWorkingFolders(const AppFolders& folders);
+// A folder the program cannot work in, and why (the system's text).
+struct FolderProblem {
+    std::string path;
+    std::string reason;
+};
+
+// Creates the working, data, input and output folders when missing. The
+// desktop leaves failures for later file operations to report; a headless
+// start-up stops at the returned problem: the first of the four folders that
+// is no folder afterwards or cannot be written.
+std::optional<FolderProblem> CreateWorkingFolders(const AppFolders& folders);
 
 // `path` with a "/" appended when it lacks one (an empty path stays empty), but only while it is shorter
 // than 259 characters (a path holds at most 260 characters).

@@ -73,7 +73,9 @@ JobOutcome RunJob(Workspace& ws, const std::string& inputPath, const std::string
         while (!outcome.detail.empty() && outcome.detail.front() == '\n') outcome.detail.erase(0, 1);
         return outcome;
     }
-    outcome.consistencyReport = ConsistencyReportText(ws.language, CheckConsistency(ws.input, ws.chem, ws.language));
+    const ConsistencyResult consistency = CheckConsistency(ws.input, ws.chem, ws.language);
+    outcome.consistencyErrors = !consistency.errors.empty();
+    outcome.consistencyReport = ConsistencyReportText(ws.language, consistency);
     if (reportConsistency && !outcome.consistencyReport.empty()) reportConsistency(outcome.consistencyReport);
 
     WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputRun");

@@ -42,6 +42,7 @@ enum class JobStatus {
 struct JobOutcome {
     JobStatus status = JobStatus::Saved;
     std::string consistencyReport;  // Input/"ConsistencyError" or "ConsistencyWarning" and the texts; may be empty
+    bool consistencyErrors = false; // the report holds errors (the job still ran; its exit code is 1)
     std::string detail;             // why the job failed
     SaveOutcome save;
     CalculationOutcome calculation;

@@ -74,7 +74,12 @@ std::string LogEntries(const Language& language, const BatchItem& item) {
     if (!item.job) return BatchSyntaxErrorEntry(language, item.line);
     const JobOutcome& outcome = item.outcome;
     std::string entries;
-    if (!outcome.consistencyReport.empty()) entries += outcome.consistencyReport + "\n";
+    if (!outcome.consistencyReport.empty()) {
+        // the job's line right under the heading, as in the other entries
+        std::string report = outcome.consistencyReport;
+        report.insert(std::min(report.find('\n'), report.size()), "\n(" + item.line + ")");
+        entries += report + "\n";
+    }
     switch (outcome.status) {
         case JobStatus::Saved: break;
         case JobStatus::ReadFailed:
@@ -129,6 +134,8 @@ private:
 
 }  // namespace
 
+int32_t MaxBatchThreads() { return static_cast<int32_t>(std::max(1u, std::thread::hardware_concurrency())); }
+
 BatchSummary RunBatchFile(Workspace& ws, const std::string& path, const BatchOptions& options) {
     BatchSummary summary;
     const UiServices& ui = ws.Ui();
@@ -159,7 +166,7 @@ BatchSummary RunBatchFile(Workspace& ws, const std::string& path, const BatchOpt
     const int32_t jobCount = static_cast<int32_t>(std::count_if(items.begin(), items.end(), [](const BatchItem& i) {
         return i.job.has_value();
     }));
-    const int32_t threads = std::clamp(options.jobs, 1, std::max(1, jobCount));
+    const int32_t threads = std::clamp(options.jobs, 1, std::max(1, std::min(jobCount, MaxBatchThreads())));
 
     JobBoard board(items);
     std::vector<std::unique_ptr<CapturingUi>> workerUis;
@@ -202,6 +209,7 @@ BatchSummary RunBatchFile(Workspace& ws, const std::string& path, const BatchOpt
         const bool failed = !item.job || item.outcome.status != JobStatus::Saved;
         if (!item.job) ++summary.syntaxErrors;
         else if (failed) ++summary.failedJobs;
+        if (item.job && item.outcome.consistencyErrors) ++summary.inconsistentJobs;
         if (!entries.empty()) {
             summary.logWritten = true;
             // a log that cannot be written must not swallow what it would have said

@@ -17,6 +17,11 @@
 
 namespace tormel {
 
+// The most jobs calculated at the same time: one per hardware thread (at
+// least one). More only cost memory, as each worker holds its own copy of
+// the database.
+int32_t MaxBatchThreads();
+
 struct BatchProgress {
     int32_t finished = 0;  // lines handled so far
     int32_t total = 0;     // lines of the batch file
@@ -25,7 +30,7 @@ struct BatchProgress {
 };
 
 struct BatchOptions {
-    int32_t jobs = 1;     // jobs calculated at the same time
+    int32_t jobs = 1;     // jobs calculated at the same time (at most MaxBatchThreads())
     std::string logPath;  // empty: BatchLogPath of the workspace's folders
     // Called on the calling thread after each line, in batch-file order.
     std::function<void(const BatchProgress&)> progress;
@@ -36,11 +41,13 @@ struct BatchSummary {
     int32_t lines = 0;
     int32_t syntaxErrors = 0;
     int32_t failedJobs = 0;
+    int32_t inconsistentJobs = 0;  // jobs run although their input had consistency errors
     bool logWritten = false;
     std::string logPath;
 
-    // 0 when every line was a job that was calculated and saved, else 1.
-    int ExitCode() const { return opened && syntaxErrors == 0 && failedJobs == 0 ? 0 : 1; }
+    // 0 when every line was a job whose input had no consistency errors and
+    // that was calculated and saved, else 1.
+    int ExitCode() const { return opened && syntaxErrors == 0 && failedJobs == 0 && inconsistentJobs == 0 ? 0 : 1; }
 };
 
 // Runs the batch file at `path` (completed with the input folder when it has

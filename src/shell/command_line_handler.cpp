@@ -27,8 +27,11 @@ CommandLineOutcome End(Workspace& ws, const CommandLineServices& services, int e
     return CommandLineOutcome{true, exitCode};
 }
 
-void ShowConsistency(Workspace& ws) {
-    ShowConsistencyResult(ws.Ui(), ws.language, CheckConsistency(ws.input, ws.chem, ws.language), std::nullopt);
+// Shows the consistency report; true when it holds no errors.
+bool ShowConsistency(Workspace& ws) {
+    const ConsistencyResult result = CheckConsistency(ws.input, ws.chem, ws.language);
+    ShowConsistencyResult(ws.Ui(), ws.language, result, std::nullopt);
+    return result.errors.empty();
 }
 
 void LoadDefaultInput(Workspace& ws) {
@@ -67,12 +70,13 @@ CommandLineOutcome HandleCommandLine(Workspace& ws, const CommandLine& line, con
             const std::string path = CommandLineArgument(line, 1);
             if (services.forwardToRunningInstance && services.forwardToRunningInstance(path))
                 return CommandLineOutcome{true, 0};
+            bool opened = true;
             if (HasExtension(path, ".i64")) {
-                OpenInputFromCommandLine(ws, path);
+                opened = OpenInputFromCommandLine(ws, path);
             } else if (HasExtension(path, ".o64")) {
-                OpenOutputFromCommandLine(ws, path, services);
+                opened = OpenOutputFromCommandLine(ws, path, services);
             }
-            return {};
+            return CommandLineOutcome{false, opened ? 0 : 1};
         }
         case CommandLineAction::Run: return RunSingleInput(ws, line, services);
         case CommandLineAction::Batch: return RunBatchFromCommandLine(ws, line, services);
@@ -81,10 +85,10 @@ CommandLineOutcome HandleCommandLine(Workspace& ws, const CommandLine& line, con
     return {};
 }
 
-void OpenInputFromCommandLine(Workspace& ws, const std::string& path) {
+bool OpenInputFromCommandLine(Workspace& ws, const std::string& path) {
     const std::string full = CompleteWithFolder(path, ws.folders.inputFolder);
-    ReadInputFile(full, ws.input, ws.chem, ws.Ui(), ws.language);
-    ShowConsistency(ws);
+    const bool read = ReadInputFile(full, ws.input, ws.chem, ws.Ui(), ws.language);
+    return ShowConsistency(ws) && read;
 }
 
 bool OpenOutputFromCommandLine(Workspace& ws, const std::string& path, const CommandLineServices& services) {
@@ -114,7 +118,7 @@ CommandLineOutcome RunSingleInput(Workspace& ws, const CommandLine& line, const 
     });
     if (ui.closeWait) ui.closeWait();
     ShowJobFailure(ws, outcome);
-    return End(ws, services, outcome.status == JobStatus::Saved ? 0 : 1);
+    return End(ws, services, outcome.status == JobStatus::Saved && !outcome.consistencyErrors ? 0 : 1);
 }
 
 CommandLineOutcome RunBatchFromCommandLine(Workspace& ws, const CommandLine& line, const CommandLineServices& services) {

@@ -30,6 +30,9 @@ struct CommandLineServices {
 
 struct CommandLineOutcome {
     bool endProcess = false;  // the process ends with `exitCode`
+    // also when the session goes on: 1 when a file named on the command line
+    // could not be opened or has consistency errors (a run without windows
+    // ends with it)
     int exitCode = 0;
 };
 
@@ -39,7 +42,8 @@ CommandLineOutcome HandleCommandLine(Workspace& ws, const CommandLine& line, con
 // Reads an input file named on the command line or handed over by a second
 // instance (a name without folder is taken from the input folder) and shows
 // the consistency report. The file does not enter the recent-files list.
-void OpenInputFromCommandLine(Workspace& ws, const std::string& path);
+// True when the file was read and has no consistency errors.
+bool OpenInputFromCommandLine(Workspace& ws, const std::string& path);
 
 // Reads an output file into set 0 (a name without folder is taken from the
 // output folder), prepares the result tables and shows them; false when the

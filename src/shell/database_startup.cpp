@@ -11,7 +11,8 @@ DatabaseStartupResult PrepareDatabase(ChemicalSystem& chem, const AppFolders& fo
         result.refreshed = true;
         if (!CopyRawData(folders.dataFolder, folders.programFolder)) {
             ShowMessage(ui, language,
-                        LanguageText(language, "TOOLS", "ProblemDB1") + "\n" + LanguageText(language, "TOOLS", "ProblemDB2"),
+                        LanguageText(language, "TOOLS", "ProblemDB1") + "\n" + folders.dataFolder + "\n" +
+                            LanguageText(language, "TOOLS", "ProblemDB2"),
                         {}, IconError);
             result.outcome = DatabaseStartup::RefreshFailed;
             return result;

@@ -76,7 +76,9 @@ LanguageSetup EnsureLanguageFile(const AppFolders& folders, const UiServices& ui
 
     std::vector<LanguageFile> files = ListLanguageFiles(LanguagesFolder(folders));
     if (files.empty()) {
-        ShowPlainMessage(ui, "No language files found. Probably re-install is needed.", "", IconError);
+        // no language text exists to say it in; name the folder that was searched
+        ShowPlainMessage(ui, "No language files found. Probably re-install is needed.\n" + LanguagesFolder(folders), "",
+                         IconError);
         return LanguageSetup::NoLanguageFiles;
     }
     if (files.size() == 1) {
@@ -89,7 +91,8 @@ LanguageSetup EnsureLanguageFile(const AppFolders& folders, const UiServices& ui
     int chosen = choose ? choose(names) : -1;
     bool validChoice = chosen >= 0 && static_cast<size_t>(chosen) < files.size();
     InstallLanguageFile(validChoice ? files[static_cast<size_t>(chosen)].path : defaultPath, folders);
-    ShowLanguageCopied(folders, ui);
+    // only a user who chose is told; a run without windows prints results and problems only
+    if (choose) ShowLanguageCopied(folders, ui);
     return LanguageSetup::Installed;
 }
 

@@ -46,10 +46,11 @@ enum class LanguageSetup {
 // Start-up: keeps "LANG.INI" when it is not older than "0default.lang" (also
 // when "0default.lang" is missing); otherwise installs "0default.lang" when it
 // is the only language file, or lets the user choose with `choose` (Cancel,
-// or no chooser as in the command line, installs "0default.lang") and shows
-// Options/"MsgLangCopied" in the new language. Without any language file it
-// shows the fixed message "No language files found. Probably re-install is
-// needed." (error icon) and answers NoLanguageFiles. A failed copy is not
+// or no chooser as in the command line, installs "0default.lang") and, when
+// there is a chooser, shows Options/"MsgLangCopied" in the new language.
+// Without any language file it shows the fixed message "No language files
+// found. Probably re-install is needed." and the languages folder (error
+// icon) and answers NoLanguageFiles. A failed copy is not
 // reported: lookups then answer their defaults.
 LanguageSetup EnsureLanguageFile(const AppFolders& folders, const UiServices& ui, const LanguageChooser& choose);
 

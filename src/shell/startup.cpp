@@ -1,6 +1,7 @@
 #include "shell/startup.h"
 
 #include "core/messages.h"
+#include "core/text_file.h"
 #include "input/program_defaults.h"
 #include "shell/database_startup.h"
 
@@ -32,7 +33,37 @@ void OfferGettingStarted(Workspace& ws, const StartupHooks& hooks) {
     if (answer.checkBoxChecked) ws.settings.WriteSettingString("Options", "OfferGetStarted", "0");
 }
 
+// The language of start-up messages: "LANG.INI" when there is one, else the
+// delivered default language.
+Language StartupLanguage(const AppFolders& folders) {
+    return Language(FileExists(folders.languageFile) ? folders.languageFile : DefaultLanguagePath(folders));
+}
+
+void ShowStartupProblem(const AppFolders& folders, const UiServices& ui, const char* key, const char* fallback,
+                        const std::string& path, const std::string& reason) {
+    const Language language = StartupLanguage(folders);
+    std::string text = LanguageTextOr(language, "TOOLS", key, fallback) + "\n" + path;
+    if (!reason.empty()) text += "\n(" + reason + ")";
+    ShowMessage(ui, language, text, {}, IconError);
+}
+
 }  // namespace
+
+bool ReachWorkingFolders(const AppFolders& folders, const UiServices& ui, bool strict) {
+    const std::optional<FolderProblem> problem = CreateWorkingFolders(folders);
+    if (!strict || !problem) return true;
+    ShowStartupProblem(folders, ui, "FolderUnusable", "The working folder cannot be used:", problem->path,
+                       problem->reason);
+    return false;
+}
+
+bool ReachLanguageFile(const AppFolders& folders, const UiServices& ui, const LanguageChooser& choose, bool strict) {
+    if (EnsureLanguageFile(folders, ui, choose) == LanguageSetup::NoLanguageFiles) return false;
+    if (!strict || FileExists(folders.languageFile)) return true;
+    ShowStartupProblem(folders, ui, "LanguageNotInstalled", "The language file could not be installed:",
+                       folders.languageFile, {});
+    return false;
+}
 
 StartupOutcome InitializeApplication(Workspace& ws, const CommandLine& line, const StartupHooks& hooks,
                                      CommandLineServices services) {
@@ -42,22 +73,25 @@ StartupOutcome InitializeApplication(Workspace& ws, const CommandLine& line, con
     ws.uiReady = false;
     if (ui.showWait) ui.showWait("\n" + LanguageTextOr(ws.language, "TOOLS", "Init", "Initializing..."));
 
-    CreateWorkingFolders(ws.folders);
+    // the desktop's start-up ends only when no language file exists, with
+    // exit code 0; a headless one ends at any unusable folder or language
+    const int fatalExitCode = hooks.headless ? 1 : 0;
+    if (!ReachWorkingFolders(ws.folders, ui, hooks.headless)) return EndStartup(ws, hooks, fatalExitCode);
     bool updateCheckStarted = false;
     if (ws.settings.ReadSettingBool("Options", "Check_Updates") && line.arguments.empty() && hooks.startUpdateCheck) {
         hooks.startUpdateCheck();
         updateCheckStarted = true;
     }
     Call(hooks.loadColours);
-    if (EnsureLanguageFile(ws.folders, ui, hooks.chooseLanguage) == LanguageSetup::NoLanguageFiles)
-        return EndStartup(ws, hooks, 0);
+    if (!ReachLanguageFile(ws.folders, ui, hooks.chooseLanguage, hooks.headless))
+        return EndStartup(ws, hooks, fatalExitCode);
 
     // The decimal separator is read from the locale here rather than between
     // the database refresh and load: nothing in between depends on it.
     ws.decimalSeparator = UserDecimalSeparator();
     switch (PrepareDatabase(ws.chem, ws.folders, ws.language, ui).outcome) {
         case DatabaseStartup::Loaded: break;
-        case DatabaseStartup::RefreshFailed: return EndStartup(ws, hooks, 0);
+        case DatabaseStartup::RefreshFailed: return EndStartup(ws, hooks, fatalExitCode);
         // without a database nothing can run; scripts must see it
         case DatabaseStartup::LoadFailed: return EndStartup(ws, hooks, 1);
     }
@@ -84,7 +118,7 @@ StartupOutcome InitializeApplication(Workspace& ws, const CommandLine& line, con
     Call(hooks.createInstanceMutex);
     Call(hooks.updateStatusLine);
     ws.uiReady = true;
-    return {};
+    return StartupOutcome{false, command.exitCode};
 }
 
 void SaveSettingsAndShutDown(Workspace& ws, const StartupHooks& hooks) {

@@ -42,12 +42,28 @@ struct StartupHooks {
     std::function<void()> releaseResources;
     // Whether to offer the getting-started help ("OfferGetStarted").
     bool offerGettingStarted = true;
+    // A run without windows (tormel-cli): a working folder that cannot be
+    // used or a language file that cannot be installed ends the start-up,
+    // and every start-up that ends without reaching the command line ends
+    // with exit code 1, so that scripts see it.
+    bool headless = false;
 };
 
 struct StartupOutcome {
     bool endProcess = false;  // start-up ended the session; the process ends with `exitCode`
+    // also when the session goes on: what a run without windows ends with
+    // (1 when a file named on the command line could not be opened)
     int exitCode = 0;
 };
+
+// Creates the working folders. False when `strict` and one cannot be used;
+// the problem has then been shown with the folder's path and the reason.
+bool ReachWorkingFolders(const AppFolders& folders, const UiServices& ui, bool strict);
+
+// Installs the language file when needed (EnsureLanguageFile). False when
+// there is no language file at all or, when `strict`, "LANG.INI" could not be
+// installed; the problem has then been shown.
+bool ReachLanguageFile(const AppFolders& folders, const UiServices& ui, const LanguageChooser& choose, bool strict);
 
 // The start-up sequence. `ws` needs its folders and UI services; the
 // settings and language file are opened from the folders. Ends early (with

@@ -1,6 +1,7 @@
 #include "shell/workspace.h"
 
 #include "calc/neutralise.h"
+#include "input/solvable_input.h"
 #include "output/build_results.h"
 
 namespace tormel {
@@ -21,6 +22,12 @@ ResultContext MakeResultContext(Workspace& ws) {
 }
 
 CalculationOutcome CalculateInput(Workspace& ws, bool showProgress) {
+    // values no solve can start from are refused here, naming the field
+    if (std::string refusal = UnsolvableInputText(ws.input, ws.chem, ws.language); !refusal.empty()) {
+        CalculationOutcome refused;
+        refused.solve.message = std::move(refusal);
+        return refused;
+    }
     CalcContext calc(ws.chem, ws.input, ws.solver, &ws.Ui());
     const Language& language = ws.language;
     calc.text = [&language](std::string_view section, std::string_view key) {

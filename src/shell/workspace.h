@@ -44,7 +44,9 @@ struct Workspace {
 ResultContext MakeResultContext(Workspace& ws);
 
 // Calculates the current input (assembly, solve, post-processing) and, when it
-// converged, builds result set 0.
+// converged, builds result set 0. Input no solve can start from (see
+// UnsolvableInputText) is refused before the assembly: nothing is assembled,
+// and the solve's message says which fields are wrong.
 CalculationOutcome CalculateInput(Workspace& ws, bool showProgress);
 
 // A workspace for another thread: the same folders, settings, language,

@@ -4,7 +4,6 @@
 // trip: what the writer makes of it reads back to the same text.
 #include <unistd.h>
 
-#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -27,18 +26,6 @@ std::string TempPath(const char* extension) {
     return "/tmp/tormel_input_fuzz_" + std::to_string(getpid()) + extension;
 }
 
-bool RoundTripApplies(const tormel::InputProblem& p, const tormel::ChemicalSystem& chem) {
-    if (tormel::Utf16Length(p.description) > 245) return false;  // longer lines are read in pieces
-    if (p.ionicStrengthModel != 1 && p.ionicStrengthModel != 2) return false;  // written without line end
-    if (p.temperatureCorrection < 0 || p.temperatureCorrection > 2) return false;
-    for (double v : {p.fixedIonicStrength, p.convergenceCriterion, p.temperature, p.docConcentration,
-                     p.fulvicFraction})
-        if (!std::isfinite(v)) return false;
-    for (const tormel::Component& c : chem.components)
-        if (!std::isfinite(c.inputValue)) return false;
-    return true;
-}
-
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
@@ -54,14 +41,15 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     auto error = tormel::LoadInputFile(path, input, chem);
     std::remove(path.c_str());
     if (error) {
-        if (error->key.rfind("ErrorOpen", 0) != 0) std::abort();
+        if (error->key.rfind("Error", 0) != 0) std::abort();
         return 0;
     }
 
     tormel::Language noTexts;
     tormel::CheckConsistency(input, chem, noTexts);
 
-    if (!RoundTripApplies(input, chem)) return 0;
+    // every number was read whole and every code is within its set, so
+    // every file that reads writes a file that reads back the same
     const std::string written = tormel::FormatInputFile(input, chem);
     tormel::ChemicalSystem chemBack = tormel::test::InputTestSystem();
     tormel::InputProblem back;

@@ -1,8 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "core/text_file.h"
 #include "core/utf16.h"
 #include "input/input_file_reader.h"
+#include "input/input_file_writer.h"
 #include "input/input_test_system.h"
 #include "input/program_defaults.h"
 #include "input/test_language.h"
@@ -94,30 +97,125 @@ TEST_F(InputFileReader, ComponentLineWithoutTypeTextKeepsTheProgramDefault) {
     EXPECT_EQ(C(I::H).inputType, InpTypeFreeAct);
 }
 
-TEST_F(InputFileReader, LaterLinesOverrideEarlierOnesAndOrderDoesNotMatter) {
+TEST_F(InputFileReader, LaterOptionLinesOverrideEarlierOnesAndOrderDoesNotMatter) {
     ASSERT_FALSE(Read(kHeader + "Ca: 0.001 (total concentration)\nAdsorption: included; fixed concentration\n"
-                                "Temperature: 30 \u00B0C\nCa: 0.002 (free concentration)\n"
-                                "Adsorption: sometimes\nTemperature: 20 \u00B0C\n"));
-    EXPECT_EQ(C(I::Ca).inputValue, 0.002);
-    EXPECT_EQ(C(I::Ca).inputType, InpTypeFreeConc);
+                                "Temperature: 30 \u00B0C\nAdsorption: sometimes\nTemperature: 20 \u00B0C\n"));
+    EXPECT_EQ(C(I::Ca).inputValue, 0.001);
     EXPECT_TRUE(input.adsorption);  // an unknown adsorption value changes nothing
     EXPECT_EQ(input.temperature, 20);
 }
 
-TEST_F(InputFileReader, LastLineWithoutLineEndIsLostButEmptyLinesAreSkipped) {
-    ASSERT_FALSE(Read(kHeader + "\nNa: 0.001 (total concentration)\n\nCa: 0.001 (total concentration)"));
-    EXPECT_EQ(C(I::Na).inputValue, 0.001);
-    EXPECT_EQ(C(I::Ca).inputValue, 0);
+TEST_F(InputFileReader, LastLineIsReadWithOrWithoutLineEnd) {
+    for (const std::string end : {"", "\n", "\n\n"}) {
+        SCOPED_TRACE("ending [" + end + "]");
+        SetProgramDefaults(input, chem);
+        ASSERT_FALSE(Read(kHeader + "\nNa: 0.001 (total concentration)\n\nCa: 0.002 (free concentration)" + end));
+        EXPECT_EQ(C(I::Na).inputValue, 0.001);
+        EXPECT_EQ(C(I::Ca).inputValue, 0.002);
+        EXPECT_EQ(C(I::Ca).inputType, InpTypeFreeConc);
+    }
+    // a file from disk with CR LF line ends and none after its last line
+    ASSERT_FALSE(ReadFileBytes("crlf.i64", test::Utf16Bytes(kHeader + "Temperature: 12.5 \u00B0C")));
+    EXPECT_EQ(input.temperature, 12.5);
 }
 
-TEST_F(InputFileReader, NumbersAreLeadingPrefixesReadInTheCLocale) {
-    ASSERT_FALSE(Read(kHeader + "Ca: 1.5E-3mol (total concentration)\nNa: abc (total concentration)\n"
-                                "Temperature correction: -2x\nConvergence criterion: inf\n"));
-    EXPECT_EQ(C(I::Ca).inputValue, 1.5e-3);
-    EXPECT_EQ(C(I::Ca).inputType, InpTypeTotalConc);  // rest "mol (total ...)" names no type
-    EXPECT_EQ(C(I::Na).inputValue, 0);
-    EXPECT_EQ(input.temperatureCorrection, -2);
-    EXPECT_EQ(input.convergenceCriterion, 0);  // "inf" is no decimal number
+// Every number of the file must be read whole: what was lost or misread
+// before (NaN, inf, text, trailing characters, a decimal comma) is an error
+// that names the line.
+TEST_F(InputFileReader, NumbersMustBeReadWhole) {
+    const std::string refused[] = {
+        "Ca: NaN (total concentration)",    "Ca: inf (total concentration)",
+        "Ca: abc (total concentration)",    "Ca: 0.002abc (total concentration)",
+        "Ca: 0,002 (total concentration)",  "Ca: 1.5E-3mol (total concentration)",
+        "Ca: 1e999 (total concentration)",  "Ca:",
+        "Temperature: 25,5 \u00B0C",        "Temperature: warm",
+        "Convergence criterion: inf",       "Convergence criterion: 1.0001x",
+        "Ionic strength: fixed at 0,1 M",   "Ionic strength: fixed at nan M",
+        "Ionic strength: fixed 0.1",        "Ionic strength model: 2x'MSA",
+        "Temperature correction: -2x",      "Temperature correction: 99999999999",
+        "Model to use: four",               "Concentration (mg/L C): 2.5 mg",
+        "Fraction of fulvic acids: 0,5",
+    };
+    for (const std::string& line : refused) {
+        SCOPED_TRACE(line);
+        auto error = Read(kHeader + "Na: 0.001\n" + line + "\nCl: 0.001\n");
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->key, "ErrorNumber");
+        EXPECT_EQ(error->lineNumber, 4);
+        EXPECT_TRUE(error->hasLine);
+        EXPECT_EQ(error->line, line);
+    }
+
+    // what the writer writes, and numbers with a sign, exponent or unit left out
+    ASSERT_FALSE(Read(kHeader + "Ca: 1E-07 (total concentration)\nNa: -0.5\nCl: +2.5e+3  (free activity)\n"
+                                "Temperature: 25\nIonic strength: fixed at 0.1 M\nConvergence criterion: .5\n"
+                                "Ionic strength model: 1'Davies\nTemperature correction: 2\n"));
+    EXPECT_EQ(C(I::Ca).inputValue, 1e-7);
+    EXPECT_EQ(C(I::Na).inputValue, -0.5);  // refused later, before a calculation
+    EXPECT_EQ(C(I::Cl).inputValue, 2500);
+    EXPECT_EQ(C(I::Cl).inputType, InpTypeFreeAct);
+    EXPECT_EQ(input.temperature, 25);
+    EXPECT_EQ(input.fixedIonicStrength, 0.1);
+    EXPECT_EQ(input.convergenceCriterion, 0.5);
+    EXPECT_EQ(input.ionicStrengthModel, 1);
+    EXPECT_EQ(input.temperatureCorrection, 2);
+}
+
+TEST_F(InputFileReader, ComponentGivenTwiceNamesBothLines) {
+    // even under another letter case, and even when the values agree
+    auto twice = Read(kHeader + "H: 1E-07 (free activity)\nNa: 0.001\nh: 0.002 (total concentration)\n");
+    ASSERT_TRUE(twice);
+    EXPECT_EQ(twice->key, "ErrorDuplicate");
+    EXPECT_EQ(twice->earlierLineNumber, 3);
+    EXPECT_EQ(twice->earlierLine, "H: 1E-07 (free activity)");
+    EXPECT_EQ(twice->lineNumber, 5);
+    EXPECT_EQ(twice->line, "h: 0.002 (total concentration)");
+    twice->path = "/data/water.i64";
+    EXPECT_EQ(InputFileErrorText(test::English(), *twice),
+              "\nA component is given twice in the input file:\n/data/water.i64, line 3\n(H: 1E-07 (free activity))"
+              "\n/data/water.i64, line 5\n(h: 0.002 (total concentration))");
+
+    auto same = Read(kHeader + "Ca: 0.001\nCa: 0.001\n");
+    ASSERT_TRUE(same);
+    EXPECT_EQ(same->key, "ErrorDuplicate");
+}
+
+TEST_F(InputFileReader, CodesOutsideTheirSetsAndIonsOfTheWrongKindAreRefused) {
+    struct Case {
+        std::string line;
+        const char* key;  // nullptr: accepted
+    } cases[] = {
+        {"Ionic strength model: 0", "ErrorIonicStrengthModel"},
+        {"Ionic strength model: 3'", "ErrorIonicStrengthModel"},
+        {"Ionic strength model: 1'Davies", nullptr},
+        {"Ionic strength model: 2", nullptr},
+        {"Temperature correction: -1'no correction", "ErrorTemperatureCorrection"},
+        {"Temperature correction: 7", "ErrorTemperatureCorrection"},
+        {"Temperature correction: 0'no correction", nullptr},
+        {"Temperature correction: 2'always", nullptr},
+        {"Model to use: 1", "ErrorOrganicModel"},
+        {"Model to use: 9", "ErrorOrganicModel"},
+        {"Model to use: 2", nullptr},
+        {"Model to use: 4", nullptr},
+        {"Cation to neutralise: Cl", "ErrorNeutraliseKind"},
+        {"Cation to neutralise: Na", nullptr},
+        {"Anion to neutralise: Ca", "ErrorNeutraliseKind"},
+        {"Anion to neutralise: CO2(g)", "ErrorNeutraliseKind"},
+        {"Anion to neutralise: SO4", nullptr},
+        {"Anion to neutralise: H", nullptr},  // component 0: none chosen, as the writer writes it
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.line);
+        auto error = Read(kHeader + c.line + "\n");
+        if (!c.key) {
+            EXPECT_FALSE(error);
+            continue;
+        }
+        ASSERT_TRUE(error);
+        EXPECT_EQ(error->key, c.key);
+        EXPECT_EQ(error->line, c.line);
+        EXPECT_EQ(error->lineNumber, 3);
+    }
 }
 
 TEST_F(InputFileReader, HeaderErrorsLeaveTheProblemUntouched) {
@@ -197,8 +295,8 @@ TEST_F(InputFileReader, MessageQuotesTheOffendingLine) {
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].icon, IconWarning);
     EXPECT_EQ(ui.messages[0].caption, LanguageText(language, "TOOLS", "MsgHead"));
-    EXPECT_EQ(ui.messages[0].lines.at(0),
-              "\n" + LanguageText(language, "Input", "ErrorOpen3") + "\n(Cation to neutralise: Zz)");
+    EXPECT_EQ(ui.messages[0].lines.at(0), "\n" + LanguageText(language, "Input", "ErrorOpen3") + "\n" +
+                                              folder.File("bad.i64") + ", line 3\n(Cation to neutralise: Zz)");
     EXPECT_EQ(input.currentInputFile, "previous.i64");
 }
 
@@ -213,27 +311,72 @@ TEST_F(InputFileReader, MalformedFilesGiveAnErrorNeverACrash) {
     ASSERT_TRUE(utf8);
     EXPECT_EQ(utf8->key, "ErrorOpen1");
 
-    auto missing = LoadInputFile(folder.File("missing.i64"), input, chem);
-    ASSERT_TRUE(missing);
-    EXPECT_EQ(missing->key, "ErrorOpen1");
-    EXPECT_FALSE(missing->detail.empty());
-    EXPECT_EQ(missing->path, folder.File("missing.i64"));
-
-    // A 10,000-character line is read in pieces of 258 characters: the
-    // first piece is the description, the next has no colon and names no
-    // component.
+    // A 10,000-character line is read in pieces of kInputLineLimit
+    // characters: the first piece is the description, cut to its limit, the
+    // next has no colon and names no component.
     std::string longLine = "Description: " + std::string(10000, 'x') + "\n";
     auto longer = ReadFileBytes("long.i64", test::Utf16Bytes(kHeader + longLine));
     ASSERT_TRUE(longer);
     EXPECT_EQ(longer->key, "ErrorOpen3");
-    EXPECT_EQ(longer->line, std::string(258, 'x'));
-    EXPECT_EQ(input.description, std::string(258 - 13, 'x'));
+    EXPECT_EQ(longer->line, std::string(kInputLineLimit, 'x'));
+    EXPECT_EQ(input.description, std::string(kDescriptionLimit, 'x'));
 
     // odd byte count, lone surrogates and NULs
     std::string odd = test::Utf16Bytes(kHeader) + std::string("\x00\xD8:\x00\x00\x00\n\x00\x41", 9);
     auto broken = ReadFileBytes("odd.i64", odd);
     ASSERT_TRUE(broken);
     EXPECT_EQ(broken->key, "ErrorOpen3");
+}
+
+TEST_F(InputFileReader, MessagesNameTheFileAndAMissingFileSaysSo) {
+    const Language language = test::English();
+    struct Case {
+        std::string name;
+        std::optional<std::string> text;  // nullopt: no file
+        std::string message;              // after the path
+    } cases[] = {
+        {"missing.i64", std::nullopt, "The input file does not exist:\n{}"},
+        {"folder.i64", "", "The input file cannot be read:\n{}"},
+        {"old.txt", kHeader, "Only input files with the extension .i64 or .inp can be read.\n{}"},
+        {"header.i64", "TORMEL NEXT (64 bits) output file\n", "{}, line 1"},
+        {"unknown.i64", kHeader + "Xx: 1\n", "{}, line 3\n(Xx: 1)"},
+    };
+    std::filesystem::create_directories(folder.File("folder.i64"));
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::string path = folder.File(c.name);
+        if (c.text && !c.text->empty()) test::WriteBytes(path, test::Utf16Bytes(*c.text));
+        auto error = LoadInputFile(path, input, chem);
+        ASSERT_TRUE(error);
+        std::string expected = c.message;
+        expected.replace(expected.find("{}"), 2, path);
+        EXPECT_NE(InputFileErrorText(language, *error).find(expected), std::string::npos)
+            << InputFileErrorText(language, *error);
+    }
+}
+
+TEST_F(InputFileReader, DescriptionTheWriterWritesIsReadBack) {
+    const std::string surrogatePair = "\xF0\x9D\x84\x9E";  // one character, two UTF-16 units
+    struct Case {
+        std::string written;
+        std::string read;
+    } cases[] = {
+        {"", ""},
+        {std::string(kDescriptionLimit, 'd'), std::string(kDescriptionLimit, 'd')},
+        {std::string(250, 'd') + "\u00E4" + std::string(100, 'e'), std::string(250, 'd') + "\u00E4" + std::string(8, 'e')},
+        // a pair that would be split by the cut is left out whole
+        {std::string(kDescriptionLimit - 1, 'd') + surrogatePair, std::string(kDescriptionLimit - 1, 'd')},
+        {"two\nlines", "two lines"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.written.size());
+        InputProblem written;
+        SetProgramDefaults(written, chem);
+        written.description = c.written;
+        const std::string file = FormatInputFile(written, chem);
+        ASSERT_FALSE(Read(file)) << file.substr(0, 400);
+        EXPECT_EQ(input.description, c.read);
+    }
 }
 
 }  // namespace

@@ -203,18 +203,16 @@ TEST_F(InputFileWriter, ModelOrCorrectionOutsideTheirSetsRunIntoTheNextLine) {
     EXPECT_NE(text.find("\nIonic strength model: 3Convergence criterion: 1.001\n"), std::string::npos);
     EXPECT_NE(text.find("\nTemperature correction: 7Force neutral solution: no\n"), std::string::npos);
 
-    // Reading such a file back loses the swallowed lines: they become part
-    // of the value of the line before.
+    // Reading such a file back is refused at the run-on line instead of
+    // losing the swallowed line.
     const std::string path = folder.File("odd.i64");
     ASSERT_TRUE(WriteInputFile(path, input, chem, ui.services, language));
     InputProblem back;
-    back.forceNeutral = true;
     ChemicalSystem chemBack = test::InputTestSystem();
-    ASSERT_FALSE(LoadInputFile(path, back, chemBack).has_value());
-    EXPECT_EQ(back.ionicStrengthModel, 3);
-    EXPECT_EQ(back.convergenceCriterion, 1.0001);
-    EXPECT_EQ(back.temperatureCorrection, 7);
-    EXPECT_FALSE(back.forceNeutral);  // program default, the line was swallowed
+    const std::optional<InputFileError> error = LoadInputFile(path, back, chemBack);
+    ASSERT_TRUE(error.has_value());
+    EXPECT_EQ(error->key, "ErrorNumber");
+    EXPECT_EQ(error->line, "Ionic strength model: 3Convergence criterion: 1.001");
 }
 
 TEST_F(InputFileWriter, NumbersUseAPointWhateverTheLocale) {

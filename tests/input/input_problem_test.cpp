@@ -172,7 +172,7 @@ TEST_F(InputCommands, OpenReportsConsistencyFindingsAndFailures) {
     const int refreshes = titleRefreshes;
     EXPECT_FALSE(OpenInputFile(Session(), bad));
     ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].lines.at(0), "\n" + Text("ErrorOpen5"));
+    EXPECT_EQ(ui.messages[0].lines.at(0), "\n" + Text("ErrorOpen5") + "\n" + bad);
     EXPECT_EQ(recent.size(), 1u);
     EXPECT_EQ(input.currentInputFile, good);
     EXPECT_EQ(titleRefreshes, refreshes);

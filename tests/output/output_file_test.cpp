@@ -298,8 +298,9 @@ TEST(OutputFileWriting, GoesThroughATemporaryFileAndKeepsTheOldFileOnFailure) {
     EXPECT_FALSE(error.message.empty());
     const auto missing = ReadOutputFile(folder.File("none.o64"), *std::make_unique<ResultStore>(), 0);
     ASSERT_TRUE(missing.has_value());
-    EXPECT_EQ(missing->key, "ErrorOpen1");
-    EXPECT_FALSE(missing->detail.empty());
+    EXPECT_EQ(missing->key, "ErrorFileMissing");
+    EXPECT_EQ(OutputFileErrorText(Language(EnglishLanguageFile()), *missing),
+              "The output file does not exist:\n" + folder.File("none.o64"));
 }
 
 TEST(OutputFileLayout, WholeLineTextsKeepTheirLimitsAndStayOnTheirLines) {

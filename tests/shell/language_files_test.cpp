@@ -78,9 +78,12 @@ TEST_F(LanguageSetupTest, CancelOrNoChooserInstallsTheDefault) {
     EXPECT_EQ(Ensure(), LanguageSetup::Installed);
     EXPECT_EQ(Installed(), Delivered("0default.lang"));
 
+    // without a chooser (a run without windows) nobody is told
     fs::remove(folders.languageFile);
+    ui.messages.clear();
     EXPECT_EQ(EnsureLanguageFile(folders, ui.services, nullptr), LanguageSetup::Installed);
     EXPECT_EQ(Installed(), Delivered("0default.lang"));
+    EXPECT_TRUE(ui.messages.empty());
 }
 
 TEST_F(LanguageSetupTest, InstalledFileNotOlderThanTheDefaultStays) {
@@ -111,7 +114,8 @@ TEST_F(LanguageSetupTest, InstalledFileNotOlderThanTheDefaultStays) {
 TEST_F(LanguageSetupTest, NoLanguageFilesEndsStartUpWithAFixedMessage) {
     EXPECT_EQ(Ensure(), LanguageSetup::NoLanguageFiles);
     ASSERT_EQ(ui.messages.size(), 1u);
-    EXPECT_EQ(ui.messages[0].lines.at(0), "No language files found. Probably re-install is needed.");
+    EXPECT_EQ(ui.messages[0].lines.at(0),
+              "No language files found. Probably re-install is needed.\n" + LanguagesFolder(folders));
     EXPECT_EQ(ui.messages[0].icon, IconError);
     EXPECT_EQ(ui.messages[0].caption, "");
     EXPECT_FALSE(fs::exists(folders.languageFile));
