@@ -60,6 +60,16 @@ void AppendUtf8(std::string& out, char32_t cp) {
 
 }  // namespace
 
+bool IsValidUtf8(std::string_view utf8) {
+    size_t i = 0;
+    while (i < utf8.size()) {
+        const size_t start = i;
+        // a replacement character is valid only where the text spells it
+        if (DecodeUtf8(utf8, i) == kReplacement && utf8.substr(start, i - start) != "\xEF\xBF\xBD") return false;
+    }
+    return true;
+}
+
 std::u16string Utf8ToUtf16(std::string_view utf8) {
     std::u16string out;
     out.reserve(utf8.size());

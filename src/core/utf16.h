@@ -7,6 +7,8 @@
 namespace tormel {
 
 std::u16string Utf8ToUtf16(std::string_view utf8);
+// True when every byte sequence of `utf8` is a well-formed UTF-8 character.
+bool IsValidUtf8(std::string_view utf8);
 std::string Utf16ToUtf8(std::u16string_view utf16);
 
 // Number of UTF-16 code units the UTF-8 text needs (the unit in which the

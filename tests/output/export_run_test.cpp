@@ -2,13 +2,10 @@
 // extension asks for, from "/run:" and from a batch file.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-
 #include "core/text_file.h"
 #include "core/utf16.h"
 #include "result_test_support.h"
+#include "support/cli_home.h"
 
 namespace tormel::test {
 namespace {
@@ -17,26 +14,6 @@ std::string DecodedFile(const std::string& path) {
     const std::optional<std::u16string> text = ReadUtf16File(path);
     return text ? Utf16ToUtf8(*text) : std::string();
 }
-
-std::string TextFile(const std::string& path) {
-    std::ifstream in(path);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
-struct CliHome {
-    TempFolder folder;
-    std::string home = folder.File("home/");
-
-    CliHome() { std::filesystem::create_directories(home + "Input"); }
-    // Runs tormel-cli with the arguments; its exit code.
-    int Run(const std::string& arguments) {
-        const std::string command = "TORMEL64_HOME='" + home + "' '" + std::string(TORMEL_PROGRAM_DIR) +
-                                    "tormel-cli' " + arguments + " > '" + folder.File("cli.log") + "' 2>&1";
-        const int status = std::system(command.c_str());
-        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-    }
-    std::string Log() { return TextFile(folder.File("cli.log")); }
-};
 
 TEST(ExportRun, RunAndBatchWriteTheExportTheExtensionAsksFor) {
     CliHome cli;
