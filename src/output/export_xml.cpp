@@ -63,10 +63,12 @@ public:
     // Closes the open row, the table and the sheet.
     void Close() {
         EndRow();
-        for (double characters : widths_) {
-            const double shown = std::clamp(characters, kMinColumnCharacters, kMaxColumnCharacters);
+        // each column says its index: some readers would count on from the
+        // columns of the sheet before
+        for (size_t c = 0; c < widths_.size(); ++c) {
+            const double shown = std::clamp(widths_[c], kMinColumnCharacters, kMaxColumnCharacters);
             const double points = (shown * kDigitPixels + kPaddingPixels) * kPointsPerPixel;
-            out_ += FormatC("<Column ss:AutoFitWidth=\"0\" ss:Width=\"%.2f\"/>", points);
+            out_ += FormatC("<Column ss:Index=\"%zu\" ss:AutoFitWidth=\"0\" ss:Width=\"%.2f\"/>", c + 1, points);
         }
         out_ += rows_ + "</Row></Table></Worksheet>";
     }

@@ -295,8 +295,9 @@ TEST(OutputFileLayout, AnAbsentComponentsSaturationIsAWordThatReadsBackAsMinusIn
     OutputReadReport report;
     ASSERT_FALSE(Read(text, back, 0, &report).has_value());
     EXPECT_TRUE(report.complete);
-    EXPECT_EQ(ViewSet(back, 0).solidChecks.at(0).saturationIndex, minusInfinity);
-    EXPECT_EQ(ViewSet(back, 0).species.at(3).saturationValue, minusInfinity);
+    ASSERT_EQ(ViewSet(back, 0).solidChecks.size(), 1u);
+    EXPECT_EQ(ViewSet(back, 0).solidChecks[0].saturationIndex, minusInfinity);
+    EXPECT_EQ(ViewSet(back, 0).species[3].saturationValue, minusInfinity);
     EXPECT_EQ(FormatOutputFile(back, 0), text);
 }
 
