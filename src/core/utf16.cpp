@@ -60,6 +60,12 @@ void AppendUtf8(std::string& out, char32_t cp) {
 
 }  // namespace
 
+size_t CharacterCount(std::string_view utf8) {
+    size_t n = 0;
+    for (unsigned char c : utf8) n += (c & 0xC0) != 0x80 ? 1 : 0;  // continuation bytes do not count
+    return n;
+}
+
 bool IsValidUtf8(std::string_view utf8) {
     size_t i = 0;
     while (i < utf8.size()) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/c_number.h"
+#include "core/utf16.h"
 #include "output/xml_escape.h"
 
 namespace tormel {
@@ -34,12 +35,8 @@ constexpr double kBoldFactor = 1.1;
 constexpr double kMinColumnCharacters = 8;
 constexpr double kMaxColumnCharacters = 60;
 
-// The characters a cell shows: UTF-8 characters of its text.
-double ShownCharacters(std::string_view text) {
-    double n = 0;
-    for (unsigned char c : text) n += (c & 0xC0) != 0x80 ? 1 : 0;
-    return n;
-}
+// The characters a cell shows.
+double ShownCharacters(std::string_view text) { return static_cast<double>(CharacterCount(text)); }
 
 // The text a spreadsheet shows for a number in a style (none: general).
 std::string ShownNumber(std::string_view style, double value) {

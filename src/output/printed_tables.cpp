@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/ini_file.h"
+#include "core/utf16.h"
 #include "output/result_tables.h"
 
 namespace tormel {
@@ -17,12 +18,8 @@ constexpr size_t kLiteratureColumn = 8;
 // References wrap with their text aligned after the key.
 constexpr size_t kReferenceIndent = 6;
 
-// Terminal columns of a UTF-8 text: one per character.
-size_t Columns(std::string_view text) {
-    size_t n = 0;
-    for (unsigned char c : text) n += (c & 0xC0) != 0x80 ? 1 : 0;
-    return n;
-}
+// Terminal columns of a text: one per character.
+size_t Columns(std::string_view text) { return CharacterCount(text); }
 
 void AppendTable(std::string& out, const TextTable& rows) {
     std::vector<size_t> widths;
