@@ -15,7 +15,7 @@
 #include "core/c_number.h"
 #include "core/chemical_system.h"
 #include "core/language.h"
-#include "output/result_tables.h"
+#include "output/printed_tables.h"
 #include "shell/app_folders.h"
 #include "shell/database_startup.h"
 #include "shell/database_summary.h"
@@ -30,7 +30,7 @@ using namespace tormel;
 const char* kUsage =
     "Usage: tormel-cli /run:INPUT.i64 [OUTPUT.o64]\n"
     "       tormel-cli /batch:BATCHFILE [--jobs N]\n"
-    "       tormel-cli FILE.o64 | FILE.i64\n"
+    "       tormel-cli FILE.o64 [--wide] | FILE.i64\n"
     "       tormel-cli --database | --list components|equilibria|literature\n"
     "  /run:      calculate one input file; the results go to OUTPUT (default: the\n"
     "             input's name with .o64 in the output folder); an OUTPUT ending in\n"
@@ -39,7 +39,10 @@ const char* kUsage =
     "             problems are written to batch_log.txt\n"
     "  --jobs N   calculate N jobs of a batch at the same time (at most one per\n"
     "             hardware thread)\n"
-    "  FILE.o64   print the result tables of an output file\n"
+    "  FILE.o64   print the result tables of an output file, within 120 columns:\n"
+    "             the literature as numbered keys, the references below each\n"
+    "             component; --wide prints each reference on its species' line;\n"
+    "             a damaged or incomplete file is reported, with exit code 1\n"
     "  FILE.i64   read an input file and report its consistency checks\n"
     "  --run, --batch, --print (as --run FILE or --run=FILE) are the same as the switches.\n"
     "  Names without a folder are taken from the input and output folders.\n";
@@ -93,50 +96,12 @@ int TakeJobCount(std::vector<std::string>& arguments) {
     return 0;
 }
 
-void PrintRow(const std::vector<std::string>& cells, const std::vector<size_t>& widths) {
-    std::string line;
-    for (size_t c = 0; c < cells.size(); ++c) {
-        std::string cell = cells[c];
-        if (c + 1 < cells.size() && cell.size() < widths[c]) cell.resize(widths[c], ' ');
-        line += (c ? "  " : "") + cell;
-    }
-    while (!line.empty() && line.back() == ' ') line.pop_back();
-    std::puts(line.c_str());
-}
-
-void PrintTable(const std::vector<std::vector<std::string>>& rows) {
-    std::vector<size_t> widths;
-    for (const auto& row : rows) {
-        widths.resize(std::max(widths.size(), row.size()), 0);
-        for (size_t c = 0; c < row.size(); ++c) widths[c] = std::max(widths[c], row[c].size());
-    }
-    for (const auto& row : rows) PrintRow(row, widths);
-}
-
-// The summary and details tables of every listed component (cations,
-// ligands, gases) of result set 0.
-void PrintResultTables(Workspace& ws) {
-    const ResultContext context = MakeResultContext(ws);
-    auto text = [&](const char* key) { return LanguageText(ws.language, "Output", key); };
-    const SetView view = ViewSet(ws.results, 0);
-    for (size_t i = 0; i < view.components.size(); ++i) {
-        const ComponentResult& component = view.components[i];
-        if (component.kind != Cation && component.kind != Ligand && component.kind != Gas) continue;
-        const std::string heading = component.gasText.empty() ? component.displayName : component.gasText;
-        std::printf("\n== %s ==\n", heading.c_str());
-        std::vector<std::vector<std::string>> summary = {
-            {text("Summary"), text("Concentration"), text("Unit"), text("Percentage")}};
-        for (const SummaryRow& row : SummaryTable(ws.results, 0, static_cast<int32_t>(i), context))
-            summary.push_back({row.texts.begin(), row.texts.end()});
-        PrintTable(summary);
-        std::puts("");
-        std::vector<std::vector<std::string>> details = {{text("Species"), text("Concentration"), text("Unit"),
-                                                          text("Percentage"), text("Activity"), text("Unit"),
-                                                          text("IntrinsicK"), text("ConditionalK"), text("LitRef")}};
-        for (const DetailsRow& row : DetailsTable(ws.results, 0, static_cast<int32_t>(i), context))
-            details.push_back({row.texts.begin(), row.texts.end()});
-        PrintTable(details);
-    }
+// Removes "--wide" from the arguments; true when it was there.
+bool TakeWide(std::vector<std::string>& arguments) {
+    const auto it = std::find(arguments.begin(), arguments.end(), "--wide");
+    if (it == arguments.end()) return false;
+    arguments.erase(it);
+    return true;
 }
 
 }  // namespace
@@ -159,6 +124,7 @@ int main(int argc, char** argv) {
         return DatabaseCommand(first, what, argv[0]);
     }
 
+    const bool wide = TakeWide(arguments);
     const int jobs = TakeJobCount(arguments);
     if (jobs < 0) {
         std::fprintf(stderr, "tormel-cli: --jobs needs a number of 1 or more\n%s", kUsage);
@@ -181,7 +147,12 @@ int main(int argc, char** argv) {
     hooks.offerGettingStarted = false;
     hooks.headless = true;
     CommandLineServices services;
-    services.showOutput = PrintResultTables;
+    bool shown = false;
+    services.showOutput = [&shown, wide](Workspace& shownWs) {
+        shown = true;
+        const std::string tables = PrintedResultTables(shownWs.results, 0, MakeResultContext(shownWs), wide);
+        std::fputs(tables.c_str(), stdout);
+    };
     services.batch.jobs = std::max(jobs, 1);
     if (isatty(STDERR_FILENO)) {
         services.batch.progress = [](const BatchProgress& p) {
@@ -191,5 +162,7 @@ int main(int argc, char** argv) {
     const StartupOutcome outcome = InitializeApplication(ws, line, hooks, services);
     if (outcome.endProcess) return outcome.exitCode;
     SaveSettingsAndShutDown(ws, hooks);
+    // an output file that could not be read whole has been reported
+    if (action == CommandLineAction::OpenFile && HasExtension(CommandLineArgument(line, 1), ".o64") && !shown) return 1;
     return outcome.exitCode;
 }

@@ -30,26 +30,53 @@ bool FileExists(const std::string& path) {
     return fs::is_regular_file(path, ec);
 }
 
-std::optional<std::u16string> ReadUtf16File(const std::string& path, FileError* error) {
+namespace {
+
+std::optional<std::string> ReadBytes(const std::string& path, FileError* error) {
     auto bytes = ReadBinaryFile(path);
-    if (!bytes) {
-        if (error) *error = {path, std::string("cannot open the file: ") + std::strerror(errno ? errno : ENOENT)};
-        return std::nullopt;
-    }
-    const std::string& b = *bytes;
-    size_t start = 0;
-    if (b.size() >= 2 && static_cast<unsigned char>(b[0]) == 0xFF && static_cast<unsigned char>(b[1]) == 0xFE) start = 2;
+    if (!bytes && error) *error = {path, std::string("cannot open the file: ") + std::strerror(errno ? errno : ENOENT)};
+    return bytes;
+}
+
+bool StartsWith(std::string_view bytes, std::string_view prefix) { return bytes.substr(0, prefix.size()) == prefix; }
+
+// CR LF becomes LF; a lone CR is kept.
+std::u16string JoinLineEnds(std::u16string_view in) {
     std::u16string text;
-    text.reserve((b.size() - start) / 2);
-    for (size_t i = start; i + 1 < b.size(); i += 2) {
-        char16_t c = static_cast<char16_t>(static_cast<unsigned char>(b[i]) | (static_cast<unsigned char>(b[i + 1]) << 8));
-        if (c == u'\n' && !text.empty() && text.back() == u'\r') {
+    text.reserve(in.size());
+    for (char16_t c : in) {
+        if (c == u'\n' && !text.empty() && text.back() == u'\r')
             text.back() = u'\n';
-        } else {
+        else
             text += c;
-        }
     }
     return text;
+}
+
+std::u16string DecodeUtf16Le(std::string_view b) {
+    const size_t start = StartsWith(b, "\xFF\xFE") ? 2 : 0;
+    std::u16string units;
+    units.reserve((b.size() - start) / 2);
+    for (size_t i = start; i + 1 < b.size(); i += 2)
+        units += static_cast<char16_t>(static_cast<unsigned char>(b[i]) | (static_cast<unsigned char>(b[i + 1]) << 8));
+    return JoinLineEnds(units);
+}
+
+}  // namespace
+
+std::optional<std::u16string> ReadUtf16File(const std::string& path, FileError* error) {
+    auto bytes = ReadBytes(path, error);
+    if (!bytes) return std::nullopt;
+    return DecodeUtf16Le(*bytes);
+}
+
+std::optional<std::u16string> ReadUtf16OrUtf8File(const std::string& path, FileError* error) {
+    auto bytes = ReadBytes(path, error);
+    if (!bytes) return std::nullopt;
+    const std::string_view b(*bytes);
+    const bool plainUtf8 = !StartsWith(b, "\xFF\xFE") && b.find('\0') == std::string_view::npos && IsValidUtf8(b);
+    if (!plainUtf8) return DecodeUtf16Le(b);
+    return JoinLineEnds(Utf8ToUtf16(StartsWith(b, "\xEF\xBB\xBF") ? b.substr(3) : b));
 }
 
 bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileError* error) {

@@ -17,6 +17,12 @@ struct FileError {
 // fills `error` when the file cannot be opened or read.
 std::optional<std::u16string> ReadUtf16File(const std::string& path, FileError* error = nullptr);
 
+// Reads a text file that should be UTF-16LE but may have been saved as UTF-8
+// by an editor: a file without the UTF-16 byte-order mark that holds no zero
+// byte and is valid UTF-8 is decoded as UTF-8 (a UTF-8 byte-order mark
+// skipped, CR LF becoming LF); any other file as ReadUtf16File does.
+std::optional<std::u16string> ReadUtf16OrUtf8File(const std::string& path, FileError* error = nullptr);
+
 // Writes `text` (LF line ends) as UTF-16LE with BOM and CR LF. The file is
 // written to a temporary file in the same folder and renamed over `path`, so
 // an existing file is replaced whole or not at all.

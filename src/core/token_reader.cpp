@@ -103,6 +103,16 @@ bool TokenReader::ReadDouble(double& value) {
     return true;
 }
 
+bool TokenReader::ReadWord(std::string_view word) {
+    SkipSpace();
+    if (text_.size() - pos_ < word.size()) return false;
+    for (size_t i = 0; i < word.size(); ++i)
+        if (text_[pos_ + i] != static_cast<char16_t>(static_cast<unsigned char>(word[i]))) return false;
+    if (pos_ + word.size() < text_.size() && !IsSpace(text_[pos_ + word.size()])) return false;
+    Advance(word.size());
+    return true;
+}
+
 void TokenReader::SkipLine() {
     while (pos_ < text_.size()) {
         char16_t c = text_[pos_];

@@ -32,9 +32,19 @@ public:
     // in the C locale (inf, nan and hexadecimal included).
     bool ReadDouble(double& value);
 
+    // Leading white space skipped, then `word` when it stands there whole
+    // (followed by white space or the end); false, and nothing but the white
+    // space consumed, otherwise.
+    bool ReadWord(std::string_view word);
+
     // Skips the rest of the current line including its LF.
     void SkipLine();
     bool AtEnd() const { return pos_ >= text_.size(); }
+    // Skips white space; true when nothing else is left.
+    bool OnlySpaceLeft() {
+        SkipSpace();
+        return AtEnd();
+    }
     // 1-based line number of the current position.
     int Line() const { return line_; }
 

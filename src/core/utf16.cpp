@@ -60,6 +60,22 @@ void AppendUtf8(std::string& out, char32_t cp) {
 
 }  // namespace
 
+size_t CharacterCount(std::string_view utf8) {
+    size_t n = 0;
+    for (unsigned char c : utf8) n += (c & 0xC0) != 0x80 ? 1 : 0;  // continuation bytes do not count
+    return n;
+}
+
+bool IsValidUtf8(std::string_view utf8) {
+    size_t i = 0;
+    while (i < utf8.size()) {
+        const size_t start = i;
+        // a replacement character is valid only where the text spells it
+        if (DecodeUtf8(utf8, i) == kReplacement && utf8.substr(start, i - start) != "\xEF\xBF\xBD") return false;
+    }
+    return true;
+}
+
 std::u16string Utf8ToUtf16(std::string_view utf8) {
     std::u16string out;
     out.reserve(utf8.size());

@@ -7,6 +7,11 @@
 namespace tormel {
 
 std::u16string Utf8ToUtf16(std::string_view utf8);
+// The number of characters (code points) of a UTF-8 text: the columns it
+// takes in a terminal or a cell, one per character.
+size_t CharacterCount(std::string_view utf8);
+// True when every byte sequence of `utf8` is a well-formed UTF-8 character.
+bool IsValidUtf8(std::string_view utf8);
 std::string Utf16ToUtf8(std::u16string_view utf16);
 
 // Number of UTF-16 code units the UTF-8 text needs (the unit in which the

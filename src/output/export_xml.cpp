@@ -1,8 +1,11 @@
 #include "output/export_xml.h"
 
+#include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "core/c_number.h"
+#include "core/utf16.h"
 #include "output/xml_escape.h"
 
 namespace tormel {
@@ -20,33 +23,82 @@ constexpr std::string_view kPercent = "s2";
 constexpr std::string_view kScientific = "s3";
 constexpr std::string_view kDecimals = "s4";
 
+// Column widths: a spreadsheet's width unit is the width of a digit of the
+// default font (7 pixels for Calibri 11) plus 5 pixels of padding; one
+// pixel is 0.75 points. Bold text takes a tenth more. No column is made
+// narrower than a default column or wider than a long literature reference
+// needs to be readable.
+constexpr double kDigitPixels = 7;
+constexpr double kPaddingPixels = 5;
+constexpr double kPointsPerPixel = 0.75;
+constexpr double kBoldFactor = 1.1;
+constexpr double kMinColumnCharacters = 8;
+constexpr double kMaxColumnCharacters = 60;
+
+// The characters a cell shows.
+double ShownCharacters(std::string_view text) { return static_cast<double>(CharacterCount(text)); }
+
+// The text a spreadsheet shows for a number in a style (none: general).
+std::string ShownNumber(std::string_view style, double value) {
+    if (style == kPercent) return FormatC("%.2f%%", value * 100);
+    if (style == kScientific) return FormatC("%.3E", value);
+    if (style == kDecimals) return FormatC("%.3f", value);
+    return FormatC("%.10G", value);
+}
+
 // Writes the rows of one worksheet as a run: the sheet opens a row, every
-// break closes it and opens the next.
+// break closes it and opens the next. The table starts with one `Column`
+// per used column, as wide as its widest cell; a cell alone in its row (a
+// heading, a long text) spills into the empty cells beside it and widens
+// nothing.
 class SheetWriter {
 public:
     SheetWriter(std::string& out, std::string_view name) : out_(out) {
-        out_ += "<Worksheet ss:Name=\"" + XmlEscapeAttribute(name) + "\">\n<Table><Row>";
+        out_ += "<Worksheet ss:Name=\"" + XmlEscapeAttribute(name) + "\">\n<Table>";
+        rows_ = "<Row>";
     }
     // Closes the open row, the table and the sheet.
-    void Close() { out_ += "</Row></Table></Worksheet>"; }
+    void Close() {
+        EndRow();
+        // each column says its index: some readers would count on from the
+        // columns of the sheet before
+        for (size_t c = 0; c < widths_.size(); ++c) {
+            const double shown = std::clamp(widths_[c], kMinColumnCharacters, kMaxColumnCharacters);
+            const double points = (shown * kDigitPixels + kPaddingPixels) * kPointsPerPixel;
+            out_ += FormatC("<Column ss:Index=\"%zu\" ss:AutoFitWidth=\"0\" ss:Width=\"%.2f\"/>", c + 1, points);
+        }
+        out_ += rows_ + "</Row></Table></Worksheet>";
+    }
 
-    void Text(std::string_view text) { out_ += "<Cell>" + StringData(text) + "</Cell>"; }
+    void Text(std::string_view text) {
+        Measure(ShownCharacters(text));
+        rows_ += "<Cell>" + StringData(text) + "</Cell>";
+    }
     void Bold(std::string_view text) {
-        out_ += "<Cell ss:StyleID=\"" + std::string(kBold) + "\">" + StringData(text) + "</Cell>";
+        Measure(ShownCharacters(text) * kBoldFactor);
+        rows_ += "<Cell ss:StyleID=\"" + std::string(kBold) + "\">" + StringData(text) + "</Cell>";
     }
     void Number(double value) {
         if (!std::isfinite(value)) return Text(FormatC("%.16G", value));
-        out_ += "<Cell>" + NumberData(value) + "</Cell>";
+        Measure(ShownCharacters(ShownNumber({}, value)));
+        rows_ += "<Cell>" + NumberData(value) + "</Cell>";
     }
     void Styled(std::string_view style, double value) {
         // a spreadsheet cannot hold infinity or not-a-number as a number
         if (!std::isfinite(value)) return Text(FormatC("%.16G", value));
-        out_ += "<Cell ss:StyleID=\"" + std::string(style) + "\">" + NumberData(value) + "</Cell>";
+        Measure(ShownCharacters(ShownNumber(style, value)));
+        rows_ += "<Cell ss:StyleID=\"" + std::string(style) + "\">" + NumberData(value) + "</Cell>";
     }
     void Empty(int count = 1) {
-        for (int k = 0; k < count; ++k) out_ += "<Cell/>";
+        for (int k = 0; k < count; ++k) {
+            Measure(0);
+            rows_ += "<Cell/>";
+        }
     }
-    void Break() { out_ += "</Row>\n<Row>"; }
+    void Break() {
+        EndRow();
+        rows_ += "</Row>\n<Row>";
+    }
     void Row(std::initializer_list<std::string_view> texts) {
         for (const std::string_view text : texts) Text(text);
         Break();
@@ -59,8 +111,20 @@ private:
     static std::string NumberData(double value) {
         return "<Data ss:Type=\"Number\">" + FormatC("%.16G", value) + "</Data>";
     }
+    void Measure(double characters) { row_.push_back(characters); }
+    // The widths of the row just ended count when it has more than one cell.
+    void EndRow() {
+        if (row_.size() > 1) {
+            if (widths_.size() < row_.size()) widths_.resize(row_.size(), 0);
+            for (size_t c = 0; c < row_.size(); ++c) widths_[c] = std::max(widths_[c], row_[c]);
+        }
+        row_.clear();
+    }
 
     std::string& out_;
+    std::string rows_;
+    std::vector<double> row_;     // characters shown by each cell of the open row
+    std::vector<double> widths_;  // characters of the widest cell of each column
 };
 
 // The cells a row of a component sheet opens with: its label, its amount in

@@ -2,7 +2,10 @@
 // The XML spreadsheet export of a result set (".xml", XML Spreadsheet 2003):
 // a contents sheet, one sheet each for the cations, the ligands and (when
 // there are any) the gas-controlled ligands, and a sheet with the "Other
-// info" report. Never read back.
+// info" report. Each sheet's table starts with a width for every column
+// that a row of two or more cells uses, wide enough for the widest text or
+// shown number in it (at most 60 characters, for the literature), so that
+// no header is cut when the workbook opens. Never read back.
 #include <cstdint>
 #include <ctime>
 #include <string>

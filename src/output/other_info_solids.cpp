@@ -1,6 +1,8 @@
 // Block 3: solids. With precipitation, the solids of the calculation with
 // their amounts and saturation; without, the saturation index of every solid
 // that could form from the components of the input.
+#include <cmath>
+
 #include "output/amount_units.h"
 #include "output/other_info_blocks.h"
 #include "output/other_info_writer.h"
@@ -26,6 +28,15 @@ void ConstantCells(InfoBlockWriter& w, int32_t column, double logK, double condi
     w.AddToKey(10 * static_cast<int64_t>(reactionDefinition));
 }
 
+// A saturation index or value; minus infinity (a component of the solid is
+// absent) as a text that says so.
+void SaturationCell(const OtherInfoSource& source, InfoBlockWriter& w, int32_t column, double value) {
+    if (std::isinf(value) && value < 0)
+        w.Text(column, source.Text("SolidComponentAbsent"));
+    else
+        w.Logarithm(column, value);
+}
+
 void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlock& block) {
     block.columnCount = 8;
     const ResultHeader& header = source.set.header;
@@ -40,7 +51,7 @@ void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoB
         w.Text(0, solid.name);
         w.Scientific(1, ConvertAmount(solid.concentration, 1, units, order));
         w.Text(2, UnitLabel(true, false, false, units, order));
-        w.Logarithm(3, solid.saturationValue);
+        SaturationCell(source, w, 3, solid.saturationValue);
         if (solid.concentration != 0) {
             w.Text(4, source.Text("SolidInEq"));
             w.SetKey(kSolidPresentKey);
@@ -66,7 +77,7 @@ void SolidSaturations(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlo
         if (anyRow) w.NextRow();
         anyRow = true;
         w.Text(0, solid.name);
-        w.Logarithm(1, solid.saturationIndex);
+        SaturationCell(source, w, 1, solid.saturationIndex);
         if (solid.saturationIndex >= kSaturationBand) {
             w.Text(2, source.Text("SolidOverSat"));
             w.SetKey(kSolidPresentKey);

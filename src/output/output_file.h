@@ -19,6 +19,10 @@ inline constexpr std::string_view kOutputFileLine1 = "TORMEL NEXT (64 bits) outp
 inline constexpr std::string_view kOutputFileLine2 = "Do NOT manually edit this file";
 inline constexpr std::string_view kOutputFileVersionLabel = "Format version:";
 inline constexpr std::string_view kOutputFileVersion = "1.3";
+// A saturation index or saturation value of minus infinity (a solid one of
+// whose components is absent, log 0) is written as this word, not as a
+// number, and read back as minus infinity.
+inline constexpr std::string_view kNoSaturationWord = "absent";
 
 // Why a file was refused: the key of section "Output" ("ErrorOpen1" to
 // "ErrorOpen4") and, for a version that is too old, the third line.
@@ -36,8 +40,8 @@ std::string OutputFileErrorText(const Language& language, const OutputFileError&
 
 // How far a file that passed the header checks was read.
 struct OutputReadReport {
-    bool complete = true;  // false: the file ended early or held something unreadable
-    int stoppedAtLine = 0;  // 1-based line where reading stopped (incomplete files)
+    bool complete = true;  // false: the file ended early, held something unreadable or more than its fields
+    int stoppedAtLine = 0;  // 1-based line of the field that could not be read (incomplete files)
     float version = 0;
 };
 

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <climits>
 #include <filesystem>
+#include <limits>
 
 #include "core/c_number.h"
 #include "core/token_reader.h"
@@ -57,27 +58,51 @@ public:
         : in_(in), version_(version), textSize_(textSize) {}
 
     void Parse(ResultSet& set, SetRecords& records, InputProblem* currentInput, const UiServices* ui) {
-        complete_ = ParseAll(set, records, currentInput, ui);
+        // anything but white space after the last field is damage too
+        complete_ = ParseAll(set, records, currentInput, ui) && Token() && in_.AtEnd();
     }
     bool Complete() const { return complete_; }
+    // The line of the field that could not be read (of an incomplete file).
+    int FieldLine() const { return fieldLine_; }
 
 private:
     TokenReader& in_;
     float version_;
     size_t textSize_;
     bool complete_ = false;
+    int fieldLine_ = 0;
 
-    bool Int(int32_t& value) { return in_.ReadInt(value); }
-    bool Double(double& value) { return in_.ReadDouble(value); }
+    // Before a field that white space may precede: skips it and notes the
+    // field's line. Always true.
+    bool Token() {
+        in_.OnlySpaceLeft();
+        fieldLine_ = in_.Line();
+        return true;
+    }
+    bool Int(int32_t& value) { return Token() && in_.ReadInt(value); }
+    bool Double(double& value) { return Token() && in_.ReadDouble(value); }
+    // A saturation: a number, or the word written for minus infinity.
+    bool Saturation(double& value) {
+        if (Token() && in_.ReadWord(kNoSaturationWord)) {
+            value = -std::numeric_limits<double>::infinity();
+            return true;
+        }
+        return Double(value);
+    }
     bool Flag(bool& value) {
         int32_t v = 0;
-        if (!in_.ReadInt(v)) return false;
+        if (!Int(v)) return false;
         value = v != 0;
         return true;
     }
-    bool Quoted(std::string& text, size_t limit = kQuotedLimit) { return in_.ReadQuotedName(text, limit); }
+    bool Quoted(std::string& text, size_t limit = kQuotedLimit) { return Token() && in_.ReadQuotedName(text, limit); }
+    // The rest of the current line, or a whole line.
+    bool Rest(std::string& text, size_t limit) {
+        fieldLine_ = in_.Line();
+        return in_.ReadLineUtf8(text, limit);
+    }
     bool Line(std::string& text, size_t limit) {
-        if (!in_.ReadLineUtf8(text, limit)) return false;
+        if (!Rest(text, limit)) return false;
         text = TrimLineFeeds(std::move(text));
         return true;
     }
@@ -106,7 +131,7 @@ private:
         InputProblem& in = snap.input;
 
         std::string description;
-        if (!in_.ReadLineUtf8(description, kWholeLineRead)) return false;
+        if (!Rest(description, kWholeLineRead)) return false;
         in.description = TrimBlanksAndLineFeeds(description);
 
         int32_t componentCount = 0, reportedCount = 0;
@@ -144,7 +169,7 @@ private:
                 return false;
             std::string rest;
             // the blank before it, the text and the line feed
-            if (!in_.ReadLineUtf8(rest, kOrganicReferenceLimit + 2)) return false;
+            if (!Rest(rest, kOrganicReferenceLimit + 2)) return false;
             if (!rest.empty() && rest.front() == ' ') rest.erase(0, 1);
             header.organicReference = TrimLineFeeds(std::move(rest));
         }
@@ -200,7 +225,7 @@ private:
             if (!Double(c.molarMass) || !Int(length)) return false;
             length = std::clamp(length, 0, kSpeciesListLimit);
             std::string list;
-            if (!in_.ReadLineUtf8(list, static_cast<size_t>(length) + 1)) return false;
+            if (!Rest(list, static_cast<size_t>(length) + 1)) return false;
             c.speciesList = TrimBlanks(TrimLineFeeds(std::move(list)));
             if (organic) {
                 auto& a = c.siteAmounts;
@@ -244,7 +269,7 @@ private:
 
     bool ParseSolidChecks(SetRecords& records) {
         return CountedRecords(records.solidChecks, [this](SolidSaturation& s) {
-            if (!Quoted(s.name) || !Double(s.saturationIndex) || !Double(s.logK) || !Double(s.conditionalLogK) ||
+            if (!Quoted(s.name) || !Saturation(s.saturationIndex) || !Double(s.logK) || !Double(s.conditionalLogK) ||
                 !Int(s.reactionDefinition) || !Quoted(s.literature))
                 return false;
             s.reactionDefinition = Index(s.reactionDefinition);
@@ -261,7 +286,7 @@ private:
         header.lastPrecipitatedSolid = header.firstPrecipitatedSolid - 1;
         for (int64_t s = Index(first); s <= static_cast<int64_t>(Index(last)); ++s) {
             double value = 0;
-            if (!Double(value)) return false;
+            if (!Saturation(value)) return false;
             header.lastPrecipitatedSolid = static_cast<int32_t>(s);
             if (s >= 0 && static_cast<size_t>(s) < records.species.size()) records.species[s].saturationValue = value;
         }
@@ -343,7 +368,7 @@ std::optional<OutputFileError> ReadOutputText(std::u16string text, ResultStore& 
     parser.Parse(part, records, currentInput, ui);
     if (report) {
         report->complete = parser.Complete();
-        report->stoppedAtLine = parser.Complete() ? 0 : in.Line();
+        report->stoppedAtLine = parser.Complete() ? 0 : parser.FieldLine();
         report->version = version;
     }
     ResultSet& target = store.sets[set];

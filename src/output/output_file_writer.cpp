@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #include "core/c_number.h"
 #include "core/ini_file.h"
@@ -21,6 +22,13 @@ std::string OneLine(std::string text, size_t limit) {
 std::string Quoted(std::string_view text) { return "\"" + QuotedFieldText(text) + "\""; }
 
 int Flag(bool on) { return on ? 1 : 0; }
+
+// A saturation index or value as "%.16G"; minus infinity as the word the
+// reader takes for it.
+std::string Saturation(double value) {
+    if (std::isinf(value) && value < 0) return std::string(kNoSaturationWord);
+    return FormatC("%.16G", value);
+}
 
 // A 0-based index as the 1-based number the file holds (-1, none, gives 0).
 long long Number(int32_t index) { return static_cast<long long>(index) + 1; }
@@ -157,16 +165,16 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
 
     out += FormatC("%i\n", static_cast<int>(view.solidChecks.size()));
     for (const SolidSaturation& s : view.solidChecks)
-        out += Quoted(s.name) +
-               FormatC(" %.16G %.16G %.16G %lld ", s.saturationIndex, s.logK, s.conditionalLogK, Number(s.reactionDefinition)) +
+        out += Quoted(s.name) + " " + Saturation(s.saturationIndex) +
+               FormatC(" %.16G %.16G %lld ", s.logK, s.conditionalLogK, Number(s.reactionDefinition)) +
                Quoted(s.literature) + "\n";
 
     if (in.precipitation) {
         out += FormatC(" %lld %lld \n", Number(header.firstPrecipitatedSolid), Number(header.lastPrecipitatedSolid));
         for (int64_t s = header.firstPrecipitatedSolid; s <= header.lastPrecipitatedSolid; ++s)
-            out += FormatC(" %.16G", s >= 0 && static_cast<size_t>(s) < view.species.size()
-                                          ? view.species[s].saturationValue
-                                          : 0.0);
+            out += " " + Saturation(s >= 0 && static_cast<size_t>(s) < view.species.size()
+                                        ? view.species[s].saturationValue
+                                        : 0.0);
         out += "\n";
     }
 

@@ -4,7 +4,9 @@
 //     "input name" "output name"     (exactly four quotation marks; names may hold blanks)
 // or as
 //     input.i64 output.o64           (no quotation mark, exactly one blank)
-// Any other line, an empty one too, is a syntax error.
+// Any other line, an empty one too, is a syntax error. The file is UTF-16LE;
+// one saved as plain UTF-8 by an editor is read as UTF-8
+// (ReadUtf16OrUtf8File).
 #include <optional>
 #include <string>
 #include <string_view>

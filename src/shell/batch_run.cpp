@@ -142,7 +142,8 @@ BatchSummary RunBatchFile(Workspace& ws, const std::string& path, const BatchOpt
     summary.logPath = options.logPath.empty() ? BatchLogPath(ws.folders) : options.logPath;
     const std::string batchPath = CompleteWithFolder(path, ws.folders.inputFolder);
     FileError fileError;
-    std::optional<std::u16string> text = ReadUtf16File(batchPath, &fileError);
+    // editors often save a batch file as UTF-8: such a file is read as UTF-8
+    std::optional<std::u16string> text = ReadUtf16OrUtf8File(batchPath, &fileError);
     if (!text) {
         ShowMessage(ui, ws.language,
                     LanguageText(ws.language, "Batch", "ErrorBatchOpen") + "\n" + batchPath + "\n" + fileError.message,

@@ -59,6 +59,24 @@ void ShowJobFailure(Workspace& ws, const JobOutcome& outcome) {
     ShowMessage(ws.Ui(), ws.language, text, {}, IconWarning);
 }
 
+// Reads an output file into set 0. A refused file, and one that ends early
+// or holds something unreadable after its header, is reported with its path
+// (and the line where reading stopped) and fails, whatever was read before.
+bool ReadOutputForCommandLine(Workspace& ws, const std::string& path) {
+    OutputReadReport report;
+    std::string text;
+    if (std::optional<OutputFileError> error = ReadOutputFile(path, ws.results, 0, &ws.input, &ws.Ui(), &report)) {
+        text = OutputFileErrorText(ws.language, *error) + "\n" + path;
+    } else if (!report.complete) {
+        text = LanguageText(ws.language, "Output", "ErrorIncomplete") + "\n" + path + ":" +
+               std::to_string(report.stoppedAtLine);
+    } else {
+        return true;
+    }
+    ShowMessage(ws.Ui(), ws.language, text, {}, IconWarning);
+    return false;
+}
+
 }  // namespace
 
 CommandLineOutcome HandleCommandLine(Workspace& ws, const CommandLine& line, const CommandLineServices& services) {
@@ -93,10 +111,7 @@ bool OpenInputFromCommandLine(Workspace& ws, const std::string& path) {
 
 bool OpenOutputFromCommandLine(Workspace& ws, const std::string& path, const CommandLineServices& services) {
     const std::string full = CompleteWithFolder(path, ws.folders.outputFolder);
-    if (std::optional<OutputFileError> error = ReadOutputFile(full, ws.results, 0, &ws.input, &ws.Ui())) {
-        ShowMessage(ws.Ui(), ws.language, OutputFileErrorText(ws.language, *error), {}, IconWarning);
-        return false;
-    }
+    if (!ReadOutputForCommandLine(ws, full)) return false;
     LoadOutputOptions(ws.outputOptions, ws.settings);
     RebuildNumberFormats(ws.outputOptions);
     BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
@@ -146,10 +161,7 @@ CommandLineOutcome PrintOutputFile(Workspace& ws, const CommandLine& line, const
                     {}, IconWarning);
         return {};
     }
-    if (std::optional<OutputFileError> error = ReadOutputFile(path, ws.results, 0, &ws.input, &ui)) {
-        ShowMessage(ui, ws.language, OutputFileErrorText(ws.language, *error), {}, IconWarning);
-        return End(ws, services, 0);
-    }
+    if (!ReadOutputForCommandLine(ws, path)) return End(ws, services, 0);
     LoadOutputOptions(ws.outputOptions, ws.settings);
     BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
     services.printOutput(ws);

@@ -47,7 +47,8 @@ bool OpenInputFromCommandLine(Workspace& ws, const std::string& path);
 
 // Reads an output file into set 0 (a name without folder is taken from the
 // output folder), prepares the result tables and shows them; false when the
-// reader refused the file (its message has been shown).
+// reader refused the file or it ended early or held something unreadable
+// (a message with the path and line has been shown; nothing is shown).
 bool OpenOutputFromCommandLine(Workspace& ws, const std::string& path, const CommandLineServices& services);
 
 // "/run:" input [output]: calculates the input and writes the results by the

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cctype>
 #include <filesystem>
+#include <set>
 
+#include "core/ini_file.h"
 #include "core/text_file.h"
 #include "core/utf16.h"
 #include "core/language.h"
@@ -26,6 +28,26 @@ bool HasLanguageExtension(const fs::path& path) {
 void ShowLanguageCopied(const AppFolders& folders, const UiServices& ui) {
     Language language(folders.languageFile);
     ShowMessage(ui, language, LanguageText(language, "Options", "MsgLangCopied"), "", IconInformation);
+}
+
+// The language file that "LANG.INI" was copied from: the one with the same
+// display name, else "0default.lang".
+std::string ChosenLanguagePath(const AppFolders& folders) {
+    const std::string installed = ReadLanguageDisplayName(folders.languageFile);
+    for (const LanguageFile& f : ListLanguageFiles(LanguagesFolder(folders)))
+        if (!installed.empty() && f.displayName == installed) return f.path;
+    return DefaultLanguagePath(folders);
+}
+
+// True when `copy` has every section and key of `source`.
+bool HoldsEveryKey(const IniFile& copy, const IniFile& source) {
+    for (const std::string& section : source.Sections()) {
+        std::set<std::string> present;
+        for (const std::string& key : copy.Keys(section)) present.insert(FoldCase(key));
+        for (const std::string& key : source.Keys(section))
+            if (!present.count(FoldCase(key))) return false;
+    }
+    return true;
 }
 
 }  // namespace
@@ -71,7 +93,7 @@ LanguageSetup EnsureLanguageFile(const AppFolders& folders, const UiServices& ui
         if (!FileExists(defaultPath)) return LanguageSetup::Unchanged;
         fs::file_time_type installed = fs::last_write_time(folders.languageFile, ec);
         fs::file_time_type delivered = fs::last_write_time(defaultPath, ec);
-        if (!ec && installed >= delivered) return LanguageSetup::Unchanged;
+        if (!ec && installed >= delivered) return RefreshIncompleteLanguageFile(folders, ui);
     }
 
     std::vector<LanguageFile> files = ListLanguageFiles(LanguagesFolder(folders));
@@ -94,6 +116,18 @@ LanguageSetup EnsureLanguageFile(const AppFolders& folders, const UiServices& ui
     // only a user who chose is told; a run without windows prints results and problems only
     if (choose) ShowLanguageCopied(folders, ui);
     return LanguageSetup::Installed;
+}
+
+LanguageSetup RefreshIncompleteLanguageFile(const AppFolders& folders, const UiServices& ui) {
+    const std::string source = ChosenLanguagePath(folders);
+    if (!FileExists(source) || HoldsEveryKey(IniFile(folders.languageFile), IniFile(source)))
+        return LanguageSetup::Unchanged;
+    if (!InstallLanguageFile(source, folders)) return LanguageSetup::Unchanged;
+    Language language(folders.languageFile);
+    ShowMessage(ui, language,
+                LanguageText(language, "Options", "MsgLangRefreshed") + "\n" + folders.languageFile + "\n" + source, "",
+                IconWarning);
+    return LanguageSetup::Refreshed;
 }
 
 bool ChangeLanguage(const AppFolders& folders, const UiServices& ui, const std::string& displayName) {

@@ -41,10 +41,12 @@ enum class LanguageSetup {
     Unchanged,        // "LANG.INI" is not older than "0default.lang"
     Installed,        // a language file was copied to "LANG.INI"
     NoLanguageFiles,  // nothing to install; the caller ends the process (exit code 0)
+    Refreshed,        // "LANG.INI" lacked keys of its language file and was copied again
 };
 
 // Start-up: keeps "LANG.INI" when it is not older than "0default.lang" (also
-// when "0default.lang" is missing); otherwise installs "0default.lang" when it
+// when "0default.lang" is missing) and holds every key of its language file
+// (RefreshIncompleteLanguageFile); otherwise installs "0default.lang" when it
 // is the only language file, or lets the user choose with `choose` (Cancel,
 // or no chooser as in the command line, installs "0default.lang") and, when
 // there is a chooser, shows Options/"MsgLangCopied" in the new language.
@@ -53,6 +55,14 @@ enum class LanguageSetup {
 // icon) and answers NoLanguageFiles. A failed copy is not
 // reported: lookups then answer their defaults.
 LanguageSetup EnsureLanguageFile(const AppFolders& folders, const UiServices& ui, const LanguageChooser& choose);
+
+// A "LANG.INI" that lacks a section or key of the language file it was
+// copied from (found by its display name; "0default.lang" when none matches,
+// as for a damaged first line) is copied again from that file, and
+// Options/"MsgLangRefreshed" with both paths is shown with the warning icon;
+// answers Refreshed then, else Unchanged. EnsureLanguageFile runs it on a
+// "LANG.INI" that is not older than "0default.lang".
+LanguageSetup RefreshIncompleteLanguageFile(const AppFolders& folders, const UiServices& ui);
 
 // Installs the first language file whose display name equals `displayName`
 // exactly and shows Options/"MsgLangCopied" in the new language. False when no

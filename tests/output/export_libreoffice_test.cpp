@@ -9,6 +9,7 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
+#include <regex>
 #include <sstream>
 #include <vector>
 
@@ -71,30 +72,48 @@ const std::vector<std::string>* FindRow(const std::vector<std::vector<std::strin
     return nullptr;
 }
 
-TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
-    const std::string soffice = FindLibreOffice();
-    if (soffice.empty()) {
-        if (std::getenv("CI")) FAIL() << "LibreOffice (soffice) must be installed in CI: libreoffice-calc-nogui";
-        GTEST_SKIP() << "LibreOffice (soffice) is not installed; the XML export was not read by a spreadsheet program";
+// The calculated water exported as XML, converted by LibreOffice with
+// `filter` into the folder "converted".
+struct ConvertedExport {
+    CalculatedWorkspace c{ReferenceCaseFile("co2_open_ph8"), 2};
+    fs::path out = c.folder.File("converted");
+    std::string log;
+
+    // False (with a test failure) when the conversion failed.
+    bool Convert(const std::string& soffice, const std::string& filter) {
+        const std::string xml = c.folder.File("water.xml");
+        if (!c.ok || !ExportXml(xml, c.ws.results, 0, ExportContext{c.ws.language, c.ws.outputOptions})) {
+            ADD_FAILURE() << "the water was not calculated and exported";
+            return false;
+        }
+        const std::string command = "timeout 240 " + Quote(soffice) + " -env:UserInstallation=file://" +
+                                    c.folder.File("libreoffice-profile") + " --headless --norestore --convert-to " +
+                                    Quote(filter) + " --outdir " + Quote(out.string()) + " " + Quote(xml) + " > " +
+                                    Quote(c.folder.File("soffice.log")) + " 2>&1";
+        const int status = std::system(command.c_str());
+        std::ifstream logFile(c.folder.File("soffice.log"));
+        log.assign((std::istreambuf_iterator<char>(logFile)), std::istreambuf_iterator<char>());
+        EXPECT_EQ(status, 0) << command << "\n" << log;
+        return status == 0;
+    }
+};
+
+// The LibreOffice program, or a skip (a failure in CI) when there is none.
+#define REQUIRE_LIBREOFFICE(soffice)                                                                               \
+    const std::string soffice = FindLibreOffice();                                                                 \
+    if (soffice.empty()) {                                                                                         \
+        if (std::getenv("CI")) FAIL() << "LibreOffice (soffice) must be installed in CI: libreoffice-calc-nogui";   \
+        GTEST_SKIP() << "LibreOffice (soffice) is not installed; the XML export was not read by a spreadsheet program"; \
     }
 
-    CalculatedWorkspace c(ReferenceCaseFile("co2_open_ph8"), 2);
-    ASSERT_TRUE(c.ok);
-    const std::string xml = c.folder.File("water.xml");
-    ASSERT_TRUE(ExportXml(xml, c.ws.results, 0, ExportContext{c.ws.language, c.ws.outputOptions}));
-
+TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
+    REQUIRE_LIBREOFFICE(soffice);
+    ConvertedExport converted;
     // every sheet (token 12 = -1), cells as shown (token 9), UTF-8 (76), comma-separated
-    const fs::path out = c.folder.File("converted");
-    const std::string command =
-        "timeout 240 " + Quote(soffice) + " -env:UserInstallation=file://" + c.folder.File("libreoffice-profile") +
-        " --headless --norestore --convert-to "
-        "'csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,true,false,false,-1'"
-        " --outdir " +
-        Quote(out.string()) + " " + Quote(xml) + " > " + Quote(c.folder.File("soffice.log")) + " 2>&1";
-    const int status = std::system(command.c_str());
-    std::ifstream logFile(c.folder.File("soffice.log"));
-    const std::string log((std::istreambuf_iterator<char>(logFile)), std::istreambuf_iterator<char>());
-    ASSERT_EQ(status, 0) << command << "\n" << log;
+    ASSERT_TRUE(converted.Convert(soffice, "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,true,false,false,-1"));
+    CalculatedWorkspace& c = converted.c;
+    const fs::path& out = converted.out;
+    const std::string& log = converted.log;
 
     std::map<std::string, std::vector<std::vector<std::string>>> sheets;
     for (const fs::directory_entry& entry : fs::directory_iterator(out)) {
@@ -154,6 +173,72 @@ TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
     const auto* iterations = FindRow(sheets["Other info"], "Number of iterations");
     ASSERT_NE(iterations, nullptr);
     EXPECT_EQ((*iterations)[1], std::to_string(c.ws.results.sets[0].header.iterationCount));
+}
+
+// Column widths of a flat OpenDocument spreadsheet, in points, by sheet name:
+// each table's table-column elements (repeated as they say) with the widths
+// of their column styles.
+std::map<std::string, std::vector<double>> ColumnWidths(const std::string& fods) {
+    auto points = [](const std::string& length) {
+        const double value = StrToDoubleC(length);
+        if (length.find("in") != std::string::npos) return value * 72;
+        if (length.find("cm") != std::string::npos) return value * 72 / 2.54;
+        if (length.find("mm") != std::string::npos) return value * 72 / 25.4;
+        return value;
+    };
+    std::map<std::string, double> styles;
+    const std::regex style(R"re(<style:style style:name="([^"]+)" style:family="table-column">\s*)re"
+                           R"re(<style:table-column-properties[^>]*style:column-width="([^"]+)")re");
+    for (std::sregex_iterator it(fods.begin(), fods.end(), style), end; it != end; ++it)
+        styles[(*it)[1]] = points((*it)[2]);
+    std::map<std::string, std::vector<double>> widths;
+    const std::regex table(R"re(<table:table table:name="([^"]+)")re");
+    const std::regex column(
+        R"re(<table:table-column table:style-name="([^"]+)"(?: table:number-columns-repeated="(\d+)")?)re");
+    for (std::sregex_iterator t(fods.begin(), fods.end(), table), end; t != end; ++t) {
+        const size_t from = static_cast<size_t>(t->position() + t->length());
+        const size_t to = std::min(fods.find("<table:table-row", from), fods.find("</table:table>", from));
+        const std::string columns = fods.substr(from, to - from);
+        std::vector<double>& sheet = widths[(*t)[1]];
+        for (std::sregex_iterator c(columns.begin(), columns.end(), column); c != end; ++c)
+            sheet.insert(sheet.end(), (*c)[2].matched ? std::stoul((*c)[2]) : 1, styles[(*c)[1]]);
+    }
+    return widths;
+}
+
+TEST(LibreOfficeReadsTheXmlExport, ColumnsAreWideEnoughForEveryHeader) {
+    REQUIRE_LIBREOFFICE(soffice);
+    ConvertedExport converted;
+    ASSERT_TRUE(converted.Convert(soffice, "fods"));
+    std::ifstream in(converted.out / "water.fods");
+    const std::string fods((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    const auto widths = ColumnWidths(fods);
+
+    // A header fits when its column is at least as wide as the spreadsheet
+    // measure of the default font (Calibri 11) gives for it: one digit width,
+    // 7 pixels, per character and 5 pixels of padding, at 0.75 points per
+    // pixel. The column titles are short words, narrower per character than
+    // the digit width.
+    auto text = [&](const char* key) { return LanguageText(converted.c.ws.language, "Output", key); };
+    const std::vector<std::vector<std::string>> headers = {
+        {text("Fraction"), text("Concentration"), text("Unit"), text("Percentage")},
+        {text("Species"), text("Concentration"), text("Unit"), text("Percentage"), text("Activity"), text("Unit"),
+         text("IntrinsicK"), text("ConditionalK"), text("LitRef")}};
+    int checked = 0;
+    for (const char* sheet : {"Cations", "Ligands", "Gas controlled ligands"}) {
+        SCOPED_TRACE(sheet);
+        ASSERT_TRUE(widths.count(sheet)) << converted.log;
+        const std::vector<double>& sheetWidths = widths.at(sheet);
+        for (const auto& header : headers) {
+            ASSERT_GE(sheetWidths.size(), header.size());
+            for (size_t c = 0; c < header.size(); ++c) {
+                const double needed = (static_cast<double>(header[c].size()) * 7 + 5) * 0.75;
+                EXPECT_GE(sheetWidths[c] + 0.5, needed) << "\"" << header[c] << "\" is cut in column " << c + 1;
+                ++checked;
+            }
+        }
+    }
+    EXPECT_EQ(checked, 3 * 13);
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include "core/text_file.h"
 #include "core/utf16.h"
 #include "result_test_support.h"
-#include "support/cli_run.h"
+#include "support/cli_home.h"
 
 namespace tormel::test {
 namespace {

@@ -146,6 +146,7 @@ struct Workbook {
     XmlNode root;
     std::vector<std::string> sheetNames;
     std::map<std::string, SheetRows> sheets;
+    std::map<std::string, std::vector<double>> columnWidths;  // ss:Width of each Column, in points
 };
 
 Workbook ReadWorkbook(const std::string& text) {
@@ -163,6 +164,14 @@ Workbook ReadWorkbook(const std::string& text) {
         const XmlNode* table = sheet.Child("Table");
         if (!table) continue;
         for (const XmlNode& row : table->children) {
+            if (row.name == "Column") {
+                EXPECT_TRUE(rows.empty()) << "the columns of " << name << " stand before its rows";
+                EXPECT_EQ(row.Attribute("ss:AutoFitWidth"), "0");
+                EXPECT_EQ(row.Attribute("ss:Index"), std::to_string(book.columnWidths[name].size() + 1));
+                book.columnWidths[name].push_back(StrToDoubleC(row.Attribute("ss:Width")));
+                continue;
+            }
+            EXPECT_EQ(row.name, "Row");
             rows.emplace_back();
             for (const XmlNode& cell : row.children) {
                 SheetCell c;
@@ -238,6 +247,50 @@ TEST(XmlExport, GasSheetOnlyWithAGasComponentAndDefaultNamesStandInForMissingTex
     const Workbook bare = ReadWorkbook(FormatXmlExport(store, 0, ExportContext{none, f.options}, f.when));
     EXPECT_EQ(bare.sheetNames,
               (std::vector<std::string>{"Contents", "Cations", "Ligands", "Gas controlled ligands", "Other info"}));
+}
+
+// The points a column needs for `characters` characters of the default
+// font: the spreadsheet unit of one digit (7 pixels of Calibri 11) per
+// character and 5 pixels of padding, 0.75 points per pixel.
+double PointsFor(size_t characters) { return (static_cast<double>(characters) * 7 + 5) * 0.75; }
+
+size_t Characters(const std::string& text) {
+    size_t n = 0;
+    for (unsigned char c : text) n += (c & 0xC0) != 0x80 ? 1 : 0;
+    return n;
+}
+
+TEST(XmlExport, ColumnsAreAsWideAsTheirTextsUpToACapAndHeadingsSpillOver) {
+    XmlFixture f;
+    ResultStore store = ExportSampleStore({.gas = true});
+    for (SpeciesResult& s : store.records.species)
+        if (!s.literature.empty()) s.literature = std::string(300, 'L');
+    store.sets[0].otherInfo[3] = SolidsInfoBlock();
+    const Workbook book = f.Export(store);
+    EXPECT_EQ(book.columnWidths.count("Contents"), 0u) << "a sheet of one-cell rows keeps the default widths";
+    for (const std::string sheet : {"Cations", "Ligands", "Gas controlled ligands", "Other info"}) {
+        SCOPED_TRACE(sheet);
+        const std::vector<double>& widths = book.columnWidths.at(sheet);
+        ASSERT_FALSE(widths.empty());
+        bool capped = false;
+        for (const auto& row : book.sheets.at(sheet)) {
+            if (row.size() < 2) continue;  // headings and long texts spill into the empty cells beside them
+            ASSERT_LE(row.size(), widths.size());
+            for (size_t c = 0; c < row.size(); ++c) {
+                if (row[c].type != "String") continue;
+                const size_t n = Characters(row[c].value);
+                if (n > 60) {
+                    capped = true;
+                    EXPECT_LT(widths[c], PointsFor(n) / 4) << "a long literature text is capped";
+                } else {
+                    EXPECT_GE(widths[c], PointsFor(n)) << row[c].value;
+                }
+            }
+        }
+        if (sheet == std::string("Cations")) EXPECT_TRUE(capped) << "calcium's complex has the long reference";
+    }
+    // scientific numbers (the concentrations) fit as shown: "2.441E-04" is 9 characters
+    EXPECT_GE(book.columnWidths.at("Cations").at(1), PointsFor(10));
 }
 
 TEST(XmlExport, ComponentSheetRowsCellsAndStyles) {

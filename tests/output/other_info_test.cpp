@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "calc/reference_case.h"
 #include "output/build_other_info.h"
@@ -176,13 +177,17 @@ TEST(OtherInfo, HumicFractionFollowsTheFulvicOneAfterAnEmptyRow) {
 
 TEST(OtherInfo, SolidStatesFollowTheSaturationBand) {
     HandSet h;
-    const double indexes[] = {0.0004, 0.0005, -0.0005, -0.00051};
-    for (int32_t k = 0; k < 4; ++k)
+    // the last: a component of the solid is absent (log 0)
+    const double indexes[] = {0.0004, 0.0005, -0.0005, -0.00051, -std::numeric_limits<double>::infinity()};
+    for (int32_t k = 0; k < 5; ++k)
         h.records.solidChecks.push_back({"S" + std::to_string(k), indexes[k], -8.48, -8.3, "Lit", k + 2});
     const InfoBlock& block = h.Build()[InfoSolids];
 
     EXPECT_EQ(block.longText, "Solids Precipitation was not included; saturation of the solids that could form:");
-    EXPECT_EQ(block.rowCount, 4);
+    EXPECT_EQ(block.rowCount, 5);
+    EXPECT_EQ(h.Text(InfoSolids, 1, 4), "none: a component of the solid is absent");
+    EXPECT_FALSE(h.Cell(InfoSolids, 1, 4)->numeric) << "exports show the text, not -INF";
+    EXPECT_EQ(h.Text(InfoSolids, 2, 4), "undersaturated");
     EXPECT_EQ(h.Text(InfoSolids, 2, 0), "in equilibrium");
     EXPECT_EQ(h.Text(InfoSolids, 2, 1), "oversaturated");
     EXPECT_EQ(h.Text(InfoSolids, 2, 2), "in equilibrium");

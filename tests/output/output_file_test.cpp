@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 
 #include "core/utf16.h"
 #include "output/output_file.h"
@@ -246,6 +247,58 @@ TEST(OutputFileReading, ShortOrDamagedFilesAreReadAsFarAsTheyGo) {
         EXPECT_EQ(damaged.SetCount(), 1);
         EXPECT_LE(damaged.records.components.size(), file.size());
     }
+}
+
+TEST(OutputFileReading, DamageAnywhereIsFoundWithItsLine) {
+    const std::string text = FormatOutputFile(FullStore(), 0);
+    const std::vector<std::string> lines = Lines(text);
+    const int last = static_cast<int>(lines.size());  // 1-based number of the last line
+    const size_t lastLine = text.rfind('\n', text.size() - 2) + 1;
+    // (damaged text, line where reading must stop)
+    const std::vector<std::pair<std::string, int>> cases = {
+        {text.substr(0, text.size() - 8), last},                   // cut inside the last quoted note
+        {text.substr(0, lastLine), last},                          // the last reaction missing
+        {text + "trailing words\n", last + 1},                    // more than the file's fields
+        {text.substr(0, lastLine) + "1 garbage\n", last},         // a field that is not a number
+    };
+    for (const auto& [damaged, line] : cases) {
+        ResultStore store;
+        OutputReadReport report;
+        ASSERT_FALSE(Read(damaged, store, 0, &report).has_value());
+        EXPECT_FALSE(report.complete) << damaged.substr(damaged.size() - 40);
+        EXPECT_EQ(report.stoppedAtLine, line) << damaged.substr(damaged.size() - 40);
+    }
+    ResultStore store;
+    OutputReadReport report;
+    ASSERT_FALSE(Read(text + "\n  \n", store, 0, &report).has_value());
+    EXPECT_TRUE(report.complete) << "blank lines at the end are no damage";
+}
+
+TEST(OutputFileLayout, AnAbsentComponentsSaturationIsAWordThatReadsBackAsMinusInfinity) {
+    ResultStore store = FullStore();
+    const double minusInfinity = -std::numeric_limits<double>::infinity();
+    store.records.species[3].saturationValue = minusInfinity;  // the precipitated-solid range
+    SolidSaturation check;
+    check.name = "Fluorite";
+    check.saturationIndex = minusInfinity;
+    check.logK = 10.5;
+    check.conditionalLogK = 10.4;
+    SetRecords records = store.records;  // set 0 is the only set
+    records.solidChecks.push_back(check);
+    StoreSetRecords(store, 0, std::move(records));
+
+    const std::string text = FormatOutputFile(store, 0);
+    EXPECT_EQ(text.find("INF"), std::string::npos);
+    EXPECT_NE(text.find("\"Fluorite\" absent 10.5 10.4 0 \"\"\n"), std::string::npos);
+    EXPECT_NE(text.find(" 4 4 \n absent\n"), std::string::npos);
+    ResultStore back;
+    OutputReadReport report;
+    ASSERT_FALSE(Read(text, back, 0, &report).has_value());
+    EXPECT_TRUE(report.complete);
+    ASSERT_EQ(ViewSet(back, 0).solidChecks.size(), 1u);
+    EXPECT_EQ(ViewSet(back, 0).solidChecks[0].saturationIndex, minusInfinity);
+    EXPECT_EQ(ViewSet(back, 0).species[3].saturationValue, minusInfinity);
+    EXPECT_EQ(FormatOutputFile(back, 0), text);
 }
 
 TEST(OutputFileReading, AComparisonSetLeavesTheSetsBeforeItAlone) {

@@ -130,6 +130,23 @@ TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
               "Some jobs reported problems. Please read the batch log:\n" + options.logPath);
 }
 
+TEST_F(BatchRun, ABatchFileSavedAsUtf8IsReadAsUtf8) {
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "wässer.i64"));
+    // with and without the UTF-8 byte-order mark, CR LF line ends, a name with an umlaut
+    for (const std::string bom : {"", "\xEF\xBB\xBF"}) {
+        const std::string out = folder.File("ä" + std::to_string(bom.size()) + ".o64");
+        ASSERT_TRUE(WriteFileAtomically(ws.folders.inputFolder + "jobs.txt", bom + "wässer.i64 " + out + "\r\n"));
+        const BatchSummary summary = RunBatchFile(ws, "jobs.txt", options);
+        EXPECT_EQ(summary.ExitCode(), 0) << LogText(options.logPath);
+        EXPECT_EQ(summary.lines, 1);
+        EXPECT_TRUE(FileExists(out));
+    }
+    EXPECT_TRUE(ui.messages.empty());
+    // bytes that are not UTF-8 (Latin-1) are read as UTF-16 as before: a syntax error, not a job
+    ASSERT_TRUE(WriteFileAtomically(ws.folders.inputFolder + "jobs.txt", "w\xE4sser.i64 x.o64\r\n"));
+    EXPECT_EQ(RunBatchFile(ws, "jobs.txt", options).syntaxErrors, 1);
+}
+
 TEST_F(BatchRun, AnUnreadableBatchFileIsReported) {
     const BatchSummary summary = RunBatchFile(ws, "none.txt", options);
     EXPECT_FALSE(summary.opened);

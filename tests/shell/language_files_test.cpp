@@ -111,6 +111,39 @@ TEST_F(LanguageSetupTest, InstalledFileNotOlderThanTheDefaultStays) {
     EXPECT_EQ(Installed(), Delivered("0default.lang"));
 }
 
+TEST_F(LanguageSetupTest, AWorkingCopyLackingTextsIsCopiedAgainFromItsLanguageFile) {
+    Deliver("0default.lang", "0default.lang");
+    Deliver("deutsch.lang", "deutsch.lang");
+    const std::string german = Delivered("deutsch.lang").value();
+    const auto newer = fs::last_write_time(DefaultLanguagePath(folders)) + 1h;
+    // (copy, the file it must come back as): a German copy cut in half keeps its
+    // language; a copy of garbage (no display name) and an empty one get English
+    const std::vector<std::pair<std::string, std::string>> damaged = {
+        {german.substr(0, german.size() / 2), "deutsch.lang"},
+        {std::string("\xFF\xFEx\0y\0\n\0[\0", 10), "0default.lang"},
+        {std::string(), "0default.lang"},
+    };
+    for (const auto& [bytes, source] : damaged) {
+        SCOPED_TRACE(source);
+        ui.messages.clear();
+        ASSERT_TRUE(WriteFileAtomically(folders.languageFile, bytes));
+        fs::last_write_time(folders.languageFile, newer);
+        EXPECT_EQ(Ensure(), LanguageSetup::Refreshed);
+        EXPECT_EQ(Installed(), Delivered(source));
+        ASSERT_EQ(ui.messages.size(), 1u);
+        EXPECT_EQ(ui.messages[0].icon, IconWarning);
+        const std::string& text = ui.messages[0].lines.at(0);
+        EXPECT_NE(text.find(folders.languageFile), std::string::npos) << text;
+        EXPECT_NE(text.find(source), std::string::npos) << text;
+        EXPECT_EQ(text.find('\n') > 10, true) << "the message has its text, not only the paths: " << text;
+        // whole again: nothing more happens
+        ui.messages.clear();
+        EXPECT_EQ(Ensure(), LanguageSetup::Unchanged);
+        EXPECT_TRUE(ui.messages.empty());
+    }
+    EXPECT_TRUE(offered.empty()) << "a refresh asks nothing";
+}
+
 TEST_F(LanguageSetupTest, NoLanguageFilesEndsStartUpWithAFixedMessage) {
     EXPECT_EQ(Ensure(), LanguageSetup::NoLanguageFiles);
     ASSERT_EQ(ui.messages.size(), 1u);

@@ -10,7 +10,7 @@
 #include "core/utf16.h"
 #include "output/result_test_support.h"
 #include "shell/batch_log.h"
-#include "support/cli_run.h"
+#include "support/cli_home.h"
 
 namespace tormel::test {
 namespace {
