@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QImage>
+#include <QPainter>
 
 namespace tormel {
 namespace {
@@ -54,6 +56,25 @@ TEST(ImageResources, EveryNameRendersAVisibleImageAtItsSize) {
         EXPECT_LT(share, 0.98);
         EXPECT_FALSE(ResourceIcon(QString::fromLatin1(entry.name)).isNull());
     }
+}
+
+// A sheet of every image on the main window's default background (grey) and
+// on white, saved for looking at.
+TEST(ImageResources, SheetOnBothBackgrounds) {
+    const int cell = 104;
+    const int count = static_cast<int>(std::size(kImages));
+    QImage sheet(cell * 12, cell * ((count + 11) / 12) * 2, QImage::Format_ARGB32);
+    sheet.fill(QColor(127, 140, 141));
+    QPainter painter(&sheet);
+    painter.fillRect(0, sheet.height() / 2, sheet.width(), sheet.height() / 2, Qt::white);
+    for (int half = 0; half < 2; ++half)
+        for (int i = 0; i < count; ++i) {
+            const QPixmap pixmap = ResourceImage(QString::fromLatin1(kImages[i].name));
+            painter.drawPixmap((i % 12) * cell + 4, half * sheet.height() / 2 + (i / 12) * cell + 4, pixmap);
+        }
+    painter.end();
+    QDir().mkpath(TORMEL_SCREENSHOT_DIR);
+    EXPECT_TRUE(sheet.save(TORMEL_SCREENSHOT_DIR "/icons.png"));
 }
 
 TEST(ImageResources, DisplayScaleEnlargesTheImage) {
