@@ -72,7 +72,7 @@ std::vector<PieSlice> VisiblePieSlices(const PieData& data, double radiusPixels)
     const double ry = radiusPixels * kVerticalRatio;
     for (size_t i = 0; i < data.entries.size(); ++i) {
         const float fraction = static_cast<float>(data.entries[i].amount / data.total);
-        if (!std::isfinite(fraction) || fraction <= kHiddenFraction) continue;
+        if (!std::isfinite(fraction) || fraction <= static_cast<float>(kHiddenFraction)) continue;
         const float start = sum;
         sum += fraction;
         const double startDegrees = 360.0 * start;
