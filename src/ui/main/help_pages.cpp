@@ -17,11 +17,11 @@ constexpr TopicPage kTopics[] = {
     {1100, "languages.html"},        // language window
     {2001, "input_editor.html"},     // input editor
     {2002, "output_viewer.html"},    // output viewer
-    {2004, "options_general.html"},  // options dialog, page 1 ...
-    {2005, "options_colours.html"},
-    {2006, "options_files.html"},
-    {2007, "options_output.html"},
-    {2008, "options_calculation.html"},  // ... page 5
+    {2004, "options_remember.html"},    // options dialog, page 1 ...
+    {2005, "options_updates.html"},
+    {2006, "options_file_types.html"},
+    {2007, "options_language.html"},
+    {2008, "options_colours.html"},     // ... page 5
     {2009, "updates.html"},              // updates window
     {2010, "comparison.html"},           // side-by-side comparison
 };
