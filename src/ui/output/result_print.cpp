@@ -41,6 +41,18 @@ struct TableRow {
     int32_t rowClass = 0;
 };
 
+// Summary or details rows of the result tables as printed rows.
+template <typename Row>
+std::vector<TableRow> ToTableRows(const std::vector<Row>& rows) {
+    std::vector<TableRow> printed;
+    for (const Row& row : rows) {
+        TableRow r{{}, row.rowClass};
+        for (const std::string& text : row.texts) r.cells.push_back(QString::fromStdString(text));
+        printed.push_back(std::move(r));
+    }
+    return printed;
+}
+
 class ResultPages {
 public:
     ResultPages(PageFlow& flow, Workspace& ws, int32_t set, const PrintSettings& settings)
@@ -205,13 +217,7 @@ private:
                 {Text("Output", "Unit"), 50, Qt::AlignRight},
                 {Text("Output", "Percentage"), 100, Qt::AlignRight},
             };
-            std::vector<TableRow> rows;
-            for (const SummaryRow& row : summary) {
-                TableRow r{{}, row.rowClass};
-                for (const std::string& t : row.texts) r.cells.push_back(QString::fromStdString(t));
-                rows.push_back(std::move(r));
-            }
-            Table(columns, rows);
+            Table(columns, ToTableRows(summary));
             flow_.Space(rowH * 0.6);
         }
         if (settings_.details) {
@@ -227,13 +233,7 @@ private:
                 {Text("Output", "ConditionalK"), 120, Qt::AlignRight},
                 {Text("Output", "LitRef"), 150, Qt::AlignLeft},
             };
-            std::vector<TableRow> rows;
-            for (const DetailsRow& row : details) {
-                TableRow r{{}, row.rowClass};
-                for (const std::string& t : row.texts) r.cells.push_back(QString::fromStdString(t));
-                rows.push_back(std::move(r));
-            }
-            Table(columns, rows);
+            Table(columns, ToTableRows(details));
             flow_.Space(rowH * 0.6);
         }
         if (settings_.graphs) Pies();
