@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <regex>
 #include <string>
 
 #include "output/result_store.h"
@@ -98,7 +99,9 @@ TEST_F(PrintOutputFile, WithoutPrinterWritesAllPagesToAPdfBesideTheOutputFile) {
     for (const char* expected : {"Summary", "Details", "Fractions", "Species", "Other information", "General",
                                  "Ca", "Mg", "CO3", "Dissolved", "log K (intrinsic)", "hard water.o64"})
         EXPECT_NE(text.find(expected), std::string::npos) << expected;
-    EXPECT_NE(text.find("1 / " + std::to_string(outcome.pages)), std::string::npos) << "page numbers n / N";
+    // pdftotext may drop the blanks around the slash
+    EXPECT_TRUE(std::regex_search(text, std::regex("\\b1 ?/ ?" + std::to_string(outcome.pages) + "\\b")))
+        << "page numbers n / N";
 
     // Pages as images for looking at.
     std::filesystem::create_directories(TORMEL_SCREENSHOT_DIR);
