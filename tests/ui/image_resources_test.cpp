@@ -58,20 +58,22 @@ TEST(ImageResources, EveryNameRendersAVisibleImageAtItsSize) {
     }
 }
 
-// A sheet of every image on the main window's default background (grey) and
-// on white, saved for looking at.
+// A sheet of every image at its own size on the main window's default
+// background (grey), and enlarged to 96 pixels on white, saved for looking at.
 TEST(ImageResources, SheetOnBothBackgrounds) {
     const int cell = 104;
     const int count = static_cast<int>(std::size(kImages));
-    QImage sheet(cell * 12, cell * ((count + 11) / 12) * 2, QImage::Format_ARGB32);
+    const int rows = (count + 11) / 12;
+    QImage sheet(cell * 12, cell * rows * 2, QImage::Format_ARGB32);
     sheet.fill(QColor(127, 140, 141));
     QPainter painter(&sheet);
-    painter.fillRect(0, sheet.height() / 2, sheet.width(), sheet.height() / 2, Qt::white);
-    for (int half = 0; half < 2; ++half)
-        for (int i = 0; i < count; ++i) {
-            const QPixmap pixmap = ResourceImage(QString::fromLatin1(kImages[i].name));
-            painter.drawPixmap((i % 12) * cell + 4, half * sheet.height() / 2 + (i / 12) * cell + 4, pixmap);
-        }
+    painter.fillRect(0, cell * rows, sheet.width(), cell * rows, Qt::white);
+    for (int i = 0; i < count; ++i) {
+        const QString name = QString::fromLatin1(kImages[i].name);
+        const QPoint at((i % 12) * cell + 4, (i / 12) * cell + 4);
+        painter.drawPixmap(at, ResourceImage(name));
+        painter.drawPixmap(at + QPoint(0, cell * rows), ResourceImage(name, 96.0 / kImages[i].width));
+    }
     painter.end();
     QDir().mkpath(TORMEL_SCREENSHOT_DIR);
     EXPECT_TRUE(sheet.save(TORMEL_SCREENSHOT_DIR "/icons.png"));
