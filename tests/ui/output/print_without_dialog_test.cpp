@@ -11,12 +11,15 @@
 #include <regex>
 #include <string>
 
+#include <QPdfWriter>
+
 #include "output/result_store.h"
 #include "shell/command_line.h"
 #include "shell/command_line_handler.h"
 #include "shell/headless_ui.h"
 #include "shell/startup.h"
 #include "support/temp_folder.h"
+#include "ui/output/result_print.h"
 
 namespace tormel {
 namespace {
@@ -146,6 +149,14 @@ TEST_F(PrintOutputFile, UnknownPrinterFallsBackToPdf) {
     EXPECT_TRUE(outcome.toPdf);
     EXPECT_GT(outcome.pages, 0);
     EXPECT_TRUE(std::filesystem::exists(outcome.target));
+}
+
+TEST(PrintResultSet, AnEmptySetPrintsOnePage) {
+    test::TempFolder folder;
+    Workspace ws;
+    QPdfWriter pdf(QString::fromStdString(folder.File("empty.pdf")));
+    EXPECT_EQ(CountResultPages(pdf, ws, 0, PrintSettings{}, QStringLiteral("empty.o64")), 1);
+    EXPECT_EQ(PrintResultSet(pdf, ws, 0, PrintSettings{}, QStringLiteral("empty.o64")), 1);
 }
 
 TEST(PdfPathBeside, ReplacesTheExtension) {
