@@ -110,7 +110,7 @@ TEST_F(PrintOutputFile, WithoutPrinterWritesAllPagesToAPdfBesideTheOutputFile) {
     std::filesystem::create_directories(TORMEL_SCREENSHOT_DIR);
     for (const auto& old : std::filesystem::directory_iterator(TORMEL_SCREENSHOT_DIR))
         if (old.path().filename().string().starts_with("print_hard_water-")) std::filesystem::remove(old.path());
-    Shell("pdftoppm -r 60 -png '" + pdf + "' '" TORMEL_SCREENSHOT_DIR "/print_hard_water' 2>/dev/null");
+    Shell("pdftoppm -r 90 -png '" + pdf + "' '" TORMEL_SCREENSHOT_DIR "/print_hard_water' 2>/dev/null");
     EXPECT_TRUE(std::filesystem::exists(TORMEL_SCREENSHOT_DIR "/print_hard_water-1.png") ||
                 std::filesystem::exists(TORMEL_SCREENSHOT_DIR "/print_hard_water-01.png"));
 }
