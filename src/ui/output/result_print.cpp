@@ -124,7 +124,10 @@ private:
         const double pad = flow_.Points(5);
         std::vector<double> natural;
         for (size_t c = 0; c < columns.size(); ++c) {
-            double w = heading.horizontalAdvance(columns[c].heading);
+            // A heading may wrap: its longest word counts.
+            double w = 0;
+            for (const QString& word : columns[c].heading.split(QLatin1Char(' ')))
+                w = std::max(w, heading.horizontalAdvance(word));
             for (const TableRow& row : rows)
                 if (c < row.cells.size()) w = std::max(w, plain.horizontalAdvance(row.cells[c]));
             natural.push_back(std::min(w + pad, flow_.Width() * kMaxColumnShare));
@@ -151,11 +154,19 @@ private:
         return widths;
     }
 
-    void DrawRow(const QPointF& at, const std::vector<double>& widths, std::span<const TableColumn> columns,
+    // The height of the heading row: two lines when a heading has to wrap.
+    double HeadingHeight(std::span<const TableColumn> columns, const std::vector<double>& widths) const {
+        const QFontMetricsF metrics(smallBold_, flow_.Device());
+        const double pad = flow_.Points(2);
+        for (size_t c = 0; c < columns.size(); ++c)
+            if (metrics.horizontalAdvance(columns[c].heading) > widths[c] - 2 * pad) return RowHeight() * 1.75;
+        return RowHeight();
+    }
+
+    void DrawRow(const QPointF& at, double h, const std::vector<double>& widths, std::span<const TableColumn> columns,
                  const std::vector<QString>& cells, const QFont& font, QColor shade, bool headingRow) {
         QPainter* p = flow_.Painter();
         if (!p) return;
-        const double h = RowHeight();
         const QRectF row(at, QSizeF(flow_.Width(), h));
         if (shade.isValid() && settings_.tableStyle == PrintTableStyle::Coloured) p->fillRect(row, shade);
         p->setFont(font);
@@ -166,8 +177,11 @@ private:
             const QRectF cell(x, at.y(), widths[c], h);
             const QString text = c < cells.size() ? cells[c] : QString();
             p->setPen(Qt::black);
-            p->drawText(cell.adjusted(pad, 0, -pad, 0), columns[c].align | Qt::AlignVCenter,
-                        metrics.elidedText(text, Qt::ElideRight, cell.width() - 2 * pad));
+            if (headingRow)
+                p->drawText(cell.adjusted(pad, 0, -pad, 0), columns[c].align | Qt::AlignVCenter | Qt::TextWordWrap, text);
+            else
+                p->drawText(cell.adjusted(pad, 0, -pad, 0), columns[c].align | Qt::AlignVCenter,
+                            metrics.elidedText(text, Qt::ElideRight, cell.width() - 2 * pad));
             if (settings_.tableStyle != PrintTableStyle::Plain) {
                 p->setPen(QPen(QColor(150, 150, 150), flow_.Points(0.4)));
                 p->drawRect(cell);
@@ -186,16 +200,20 @@ private:
         std::vector<QString> headings;
         for (const TableColumn& c : columns) headings.push_back(c.heading);
         const double h = RowHeight();
+        const double headingH = HeadingHeight(columns, widths);
         const bool hasHeadings = std::any_of(headings.begin(), headings.end(), [](const QString& s) { return !s.isEmpty(); });
         if (hasHeadings)
-            DrawRow(flow_.Take(h, rows.empty() ? 0 : h), widths, columns, headings, smallBold_, kHeadingShade, true);
+            DrawRow(flow_.Take(headingH, rows.empty() ? 0 : h), headingH, widths, columns, headings, smallBold_,
+                    kHeadingShade, true);
         for (const TableRow& row : rows) {
             QPointF at = flow_.Take(h);
             if (flow_.StartedPage() && hasHeadings) {
-                DrawRow(at, widths, columns, headings, smallBold_, kHeadingShade, true);
+                // Room for the heading row above this row on the new page.
+                DrawRow(at, headingH, widths, columns, headings, smallBold_, kHeadingShade, true);
+                flow_.Space(headingH - h);
                 at = flow_.Take(h);
             }
-            DrawRow(at, widths, columns, row.cells, small_, RowColour(row.rowClass), false);
+            DrawRow(at, h, widths, columns, row.cells, small_, RowColour(row.rowClass), false);
         }
     }
 
