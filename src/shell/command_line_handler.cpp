@@ -164,7 +164,7 @@ CommandLineOutcome PrintOutputFile(Workspace& ws, const CommandLine& line, const
     if (!ReadOutputForCommandLine(ws, path)) return End(ws, services, 0);
     LoadOutputOptions(ws.outputOptions, ws.settings);
     BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
-    services.printOutput(ws);
+    services.printOutput(ws, path);
     return End(ws, services, 0);
 }
 
