@@ -114,14 +114,12 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
         if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.ComponentCount()) continue;
         if (chem.components[eq.linkedComponent].inputValue != 0) continue;
         const double conditional = ConditionalLogK(calc, eq);
+        const std::vector<EquilibriumTerm> terms = TermsOf(chem, e);
         double pressure = std::pow(10.0, conditional);
-        for (int32_t j = 0; j < chem.ComponentCount(); ++j) {
-            const int32_t nu = chem.Coefficient(j, e);
-            if (nu != 0) pressure *= std::pow(FreeValue(chem, j, 1), nu);
-        }
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
+        for (const auto [j, nu] : terms) pressure *= std::pow(FreeValue(chem, j, 1), nu);
+        for (const auto [k, nu] : terms) {
             const Component& ligand = chem.components[k];
-            if (ligand.type != Ligand || !ligand.inInput || chem.Coefficient(k, e) == 0) continue;
+            if (ligand.type != Ligand || !ligand.inInput) continue;
             ReactionDefinition definition = DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.ComponentCount()),
                                                          static_cast<int32_t>(eq.linkedCoefficient));
 

@@ -5,6 +5,7 @@
 
 #include "calc/real_database.h"
 #include "core/chemical_system.h"
+#include "core/database_reader_support.h"
 #include "core/equilibrium_index.h"
 #include "support/synthetic_database.h"
 
@@ -66,8 +67,15 @@ TEST(CoreEquilibriumIndex, FindsWhatAFullScanFindsInTheShippedDatabase) {
     ExpectIndexMatchesScan(*database, 15);
 }
 
+// The type ranges as the loader sets them.
+void SetEquilibriumRanges(ChemicalSystem& chem) {
+    chem.equilibriumRange = {};
+    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) ExtendTypeRange(chem.equilibriumRange[chem.equilibria[e].type], e);
+}
+
 TEST(CoreEquilibriumIndex, IsBuiltForAHandMadeDatabaseAndAgainWhenItsShapeChanges) {
     ChemicalSystem chem = test::SyntheticDatabase();
+    SetEquilibriumRanges(chem);
     chem.equilibriumIndex.reset();
     const EquilibriumIndex& first = IndexOf(chem);
     ExpectTermsAreTheColumns(chem, first);
@@ -76,7 +84,7 @@ TEST(CoreEquilibriumIndex, IsBuiltForAHandMadeDatabaseAndAgainWhenItsShapeChange
 
     // an equilibrium without components is formed whatever the input holds
     chem.equilibria.push_back(chem.equilibria[chem.equilibriumRange[EqComplex].last]);
-    chem.equilibriumRange[EqComplex].last = chem.EquilibriumCount() - 1;
+    SetEquilibriumRanges(chem);
     std::vector<int32_t> widened(chem.components.size() * chem.equilibria.size(), 0);
     for (int32_t k = 0; k < chem.ComponentCount(); ++k)
         for (int32_t e = 0; e + 1 < chem.EquilibriumCount(); ++e)
