@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -125,12 +126,20 @@ struct WatersSetUp {
         return false;
     }
 
+    // Every run writes into an output folder of its own, as a batch into a
+    // new folder does: rewriting the same 1,000 files would time the file
+    // system's reuse of just-deleted files rather than the batch.
     BatchSummary RunBatch(int32_t jobs) {
+        Workspace& ws = *folder.ws;
+        ws.folders.outputFolder = folder.root + "Output" + std::to_string(++runs) + "/";
+        std::error_code ec;
+        std::filesystem::create_directories(ws.folders.outputFolder, ec);
         BatchOptions options;
         options.jobs = jobs;
         options.logPath = folder.root + "batch_log.txt";
-        return RunBatchFile(*folder.ws, "waters.txt", options);
+        return RunBatchFile(ws, "waters.txt", options);
     }
+    int runs = 0;
 };
 
 WatersSetUp& SetUp() {
