@@ -3,54 +3,32 @@
 // with its totals scaled a little, so that every job is a real calculation
 // followed by the writing of its output file.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <memory>
 #include <string>
 
-#include "core/database_files.h"
+#include "bench_workspace.h"
 #include "core/text_file.h"
 #include "input/input_file_reader.h"
 #include "input/input_file_writer.h"
 #include "shell/batch_run.h"
-#include "shell/headless_ui.h"
 
 namespace {
 
 using namespace tormel;
-namespace fs = std::filesystem;
 
 constexpr int kBatchJobs = 400;
 
-// A working folder with the database, the inputs and the batch file, made
-// once for all runs.
+// The inputs and the batch file, written once for all runs.
 struct BatchSetUp {
-    std::string root;
-    UiServices ui;
-    std::unique_ptr<Workspace> ws;
+    bench::BenchWorkspace folder{"batch-bench"};
+    std::string& root = folder.root;
+    std::unique_ptr<Workspace>& ws = folder.ws;
     bool ok = false;
 
     BatchSetUp() {
-        root = (fs::temp_directory_path() / ("tormel-batch-bench-" + std::to_string(getpid()))).string() + "/";
-        std::error_code ec;
-        fs::create_directories(root + "Data", ec);
-        fs::create_directories(root + "Input", ec);
-        fs::create_directories(root + "Output", ec);
+        if (!folder.loaded) return;
         const std::string source = TORMEL_SOURCE_DIR;
-        for (const char* base : kDatabaseBaseNames)
-            fs::copy_file(source + "/data/RawData/" + base + "RW64", root + "Data/" + base + "D64",
-                          fs::copy_options::overwrite_existing, ec);
-        ui = MakeHeadlessUi();
-        ws = std::make_unique<Workspace>();
-        ws->folders.workingFolder = ws->folders.programFolder = root;
-        ws->folders.dataFolder = root + "Data/";
-        ws->folders.inputFolder = root + "Input/";
-        ws->folders.outputFolder = root + "Output/";
-        ws->language = Language(source + "/data/Languages/0default.lang");
-        ws->ui = &ui;
-        if (LoadDatabase(ws->chem, ws->folders.dataFolder, ui)) return;
-
         std::string batch;
         const char* examples[] = {"hard_water.i64", "soft_water.i64"};
         for (int k = 0; k < kBatchJobs; ++k) {
@@ -66,10 +44,6 @@ struct BatchSetUp {
             batch += name + ".i64 " + name + ".o64\n";
         }
         ok = WriteUtf16File(ws->folders.inputFolder + "jobs.txt", std::string_view(batch));
-    }
-    ~BatchSetUp() {
-        std::error_code ec;
-        fs::remove_all(root, ec);
     }
 };
 

@@ -10,7 +10,7 @@
 #include <cmath>
 #include <string>
 
-#include "../tests/calc/real_database.h"
+#include "calc/real_database.h"
 #include "timed_calculation.h"
 
 namespace {

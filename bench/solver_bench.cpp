@@ -3,18 +3,8 @@
 // same waters with precipitation switched on (any solid of the database may
 // form), and a fixed set of random waters with precipitation.
 //
-// The case reader and the database loader are the test harness's own; they
-// are compiled into this program from tests/calc so that both read the cases
-// the same way.
-#ifndef TORMEL_TEST_DATA
-#define TORMEL_TEST_DATA TORMEL_SOURCE_DIR "/tests/data"
-#endif
-#include "../tests/calc/component_inputs.cpp"
-#include "../tests/calc/json_reader.cpp"
-#include "../tests/calc/real_database.cpp"
-#include "../tests/calc/reference_case.cpp"
-#include "../tests/calc/random_water.cpp"
-
+// The case reader and the database loader come from the test-support
+// library, so that the tests and this program read the cases the same way.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -22,6 +12,9 @@
 #include <random>
 #include <vector>
 
+#include "calc/random_water.h"
+#include "calc/real_database.h"
+#include "calc/reference_case.h"
 #include "calc/run_calculation.h"
 #include "timed_calculation.h"
 

@@ -4,12 +4,24 @@
 
 namespace tormel {
 
+namespace {
+
+// Room for the unknowns of a typical water: one per component that takes
+// part, and a few more; rows widen when a calculation needs more.
+int32_t FirstColumnCount(const ChemicalSystem& chem) {
+    int32_t inInput = 0;
+    for (const Component& c : chem.components) inInput += c.inInput ? 1 : 0;
+    return inInput + 8;
+}
+
+}  // namespace
+
 AssemblyWork::AssemblyWork(CalcContext& context)
     : ctx(context),
       chem(context.chem),
       placed(context.chem.components.size(), 0),
       speciesOf(context.chem.components.size(), 0),
-      columns_(2 * context.chem.ComponentCount() + 400) {}
+      columns_(FirstColumnCount(context.chem)) {}
 
 int32_t& AssemblyWork::Coef(int32_t species, int32_t systemComponent) {
     return dense[species][systemComponent];
@@ -25,7 +37,7 @@ int32_t AssemblyWork::NewSystemComponent() {
     chem.systemComponents.emplace_back();
     const int32_t index = static_cast<int32_t>(chem.systemComponents.size()) - 1;
     if (index >= columns_) {
-        // more unknowns than the generous first guess: widen every row
+        // more unknowns than the first guess: widen every row
         columns_ = 2 * columns_;
         for (auto& row : dense) row.resize(columns_, 0);
     }

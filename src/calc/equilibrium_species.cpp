@@ -9,13 +9,7 @@ namespace tormel {
 
 namespace {
 
-bool AllComponentsInInput(const ChemicalSystem& chem, int32_t e) {
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k)
-        if (chem.Coefficient(k, e) != 0 && !chem.components[k].inInput) return false;
-    return true;
-}
-
-void AddOne(AssemblyWork& w, int32_t e, int32_t equilibriumType) {
+void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t equilibriumType) {
     ChemicalSystem& chem = w.chem;
     const Equilibrium& eq = chem.equilibria[e];
     const bool adsorbed = equilibriumType == EqAdsorption;
@@ -25,9 +19,7 @@ void AddOne(AssemblyWork& w, int32_t e, int32_t equilibriumType) {
     int32_t terms = 0;
     double logK = 0;
     double enthalpy = 0;
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-        const int32_t nu = chem.Coefficient(k, e);
-        if (nu == 0) continue;
+    for (const auto [k, nu] : index.Terms(e)) {
         ++terms;
         const Component& c = chem.components[k];
         if (c.systemIndex > 0) {
@@ -46,8 +38,7 @@ void AddOne(AssemblyWork& w, int32_t e, int32_t equilibriumType) {
     }
     if (adsorbed) {
         // products: the released terms, then the adsorbed species itself
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-            const int32_t nu = chem.Coefficient(k, e);
+        for (const auto [k, nu] : index.Terms(e)) {
             if (nu >= 0) continue;
             const Component& c = chem.components[k];
             w.AddProduct(row, -nu, c.name, c.charge, "");
@@ -95,14 +86,8 @@ void AddOne(AssemblyWork& w, int32_t e, int32_t equilibriumType) {
 }  // namespace
 
 void AddEquilibriumSpecies(AssemblyWork& w, int32_t equilibriumType) {
-    ChemicalSystem& chem = w.chem;
-    const TypeRange range = chem.equilibriumRange[equilibriumType];
-    if (range.empty()) return;
-    for (int32_t e = range.first; e <= range.last; ++e) {
-        if (chem.equilibria[e].type != equilibriumType) continue;
-        if (!AllComponentsInInput(chem, e)) continue;
-        AddOne(w, e, equilibriumType);
-    }
+    const EquilibriumIndex& index = IndexOf(w.chem);
+    for (const int32_t e : EquilibriaInInput(w.chem, equilibriumType)) AddOne(w, index, e, equilibriumType);
 }
 
 }  // namespace tormel

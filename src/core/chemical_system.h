@@ -3,12 +3,14 @@
 // assembled layer (rebuilt by every calculation). Records refer to each other
 // by 0-based index; H+ is component 0, so index 0 doubles as "none" in links.
 #include <array>
+#include <memory>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "core/chemical_types.h"
+#include "core/equilibrium_index.h"
 
 namespace tormel {
 
@@ -152,6 +154,9 @@ struct ChemicalSystem {
     std::array<TypeRange, 3> organicComponentRange{};
     std::array<TypeRange, 8> equilibriumRange{};
     std::array<TypeRange, 3> organicEquilibriumRange{};
+    // Which components each equilibrium is made of (equilibrium_index.h);
+    // shared, read only, by the copies of this database.
+    std::shared_ptr<const EquilibriumIndex> equilibriumIndex;
 
     // assembled layer
     std::vector<SystemComponent> systemComponents;

@@ -1,11 +1,11 @@
 #include "core/ini_file.h"
 
 #include <locale.h>
-#include <sys/stat.h>
 #include <wctype.h>
 
 #include <algorithm>
 #include <mutex>
+#include <shared_mutex>
 #include <unordered_map>
 
 #include "core/text_file.h"
@@ -106,37 +106,6 @@ std::string SingleLine(std::string_view value) {
     return line;
 }
 
-// What identifies one version of a file on disk. A rename over the file gives
-// a new inode, so even a same-size rewrite within the clock's resolution is
-// noticed.
-struct FileStamp {
-    bool exists = false;
-    dev_t device = 0;
-    ino_t inode = 0;
-    off_t size = 0;
-    timespec modified{};
-    timespec changed{};
-
-    bool operator==(const FileStamp& o) const {
-        return exists == o.exists && device == o.device && inode == o.inode && size == o.size &&
-               modified.tv_sec == o.modified.tv_sec && modified.tv_nsec == o.modified.tv_nsec &&
-               changed.tv_sec == o.changed.tv_sec && changed.tv_nsec == o.changed.tv_nsec;
-    }
-};
-
-FileStamp StampOf(const std::string& path) {
-    FileStamp stamp;
-    struct stat st {};
-    if (path.empty() || stat(path.c_str(), &st) != 0 || !S_ISREG(st.st_mode)) return stamp;
-    stamp.exists = true;
-    stamp.device = st.st_dev;
-    stamp.inode = st.st_ino;
-    stamp.size = st.st_size;
-    stamp.modified = st.st_mtim;
-    stamp.changed = st.st_ctim;
-    return stamp;
-}
-
 // Appends `name` unless a name equal but for letter case is already there.
 void AddUnique(std::vector<std::string>& names, std::vector<std::string>& folded, std::string_view name) {
     std::string key = FoldCase(name);
@@ -153,20 +122,18 @@ locale_t Utf8CaseLocale() {
 }  // namespace
 
 // Folded section name -> folded key name -> value (trimmed, quotes removed).
-// The first occurrence of a key wins, as in a lookup from the top.
+// The first occurrence of a key wins, as in a lookup from the top. The file
+// is read at the first lookup after the cache was made or forgotten; lookups
+// from several threads share the parsed values.
 struct IniFile::Cache {
-    std::mutex mutex;
-    bool valid = false;
-    FileStamp stamp;
+    std::shared_mutex mutex;
+    bool loaded = false;
     std::unordered_map<std::string, std::unordered_map<std::string, std::string>> values;
 
-    void Refresh(const std::string& path) {
-        const FileStamp now = StampOf(path);
-        if (valid && now == stamp) return;
+    void Load(const std::string& path) {
         values.clear();
-        stamp = now;
-        valid = true;
-        if (!now.exists) return;
+        loaded = true;
+        if (path.empty()) return;
         std::optional<std::vector<std::string>> lines = LoadLines(path);
         if (!lines) return;
         std::unordered_map<std::string, std::string>* section = nullptr;
@@ -178,22 +145,79 @@ struct IniFile::Cache {
                 section->try_emplace(FoldCase(line.name), StripQuotes(line.value));
         }
     }
+
+    void Forget() {
+        std::unique_lock<std::shared_mutex> lock(mutex);
+        loaded = false;
+        values.clear();
+    }
+
+    // The value of the folded names, or nullptr.
+    const std::string* Find(const std::string& section, const std::string& key) const {
+        const auto sectionIt = values.find(section);
+        if (sectionIt == values.end()) return nullptr;
+        const auto keyIt = sectionIt->second.find(key);
+        return keyIt == sectionIt->second.end() ? nullptr : &keyIt->second;
+    }
 };
 
-IniFile::IniFile(std::string path) : path_(std::move(path)), cache_(std::make_shared<Cache>()) {}
+namespace {
+
+// One cache per file path for the whole process, so that every object that
+// names a file sees the writes made through any other; kept while an object
+// uses it.
+std::mutex cachesMutex;
+std::unordered_map<std::string, std::weak_ptr<IniFile::Cache>>& Caches() {
+    static std::unordered_map<std::string, std::weak_ptr<IniFile::Cache>> caches;
+    return caches;
+}
+
+std::shared_ptr<IniFile::Cache> CacheFor(const std::string& path) {
+    if (path.empty()) return std::make_shared<IniFile::Cache>();
+    std::lock_guard<std::mutex> lock(cachesMutex);
+    auto& caches = Caches();
+    if (caches.size() > 64) std::erase_if(caches, [](const auto& entry) { return entry.second.expired(); });
+    std::weak_ptr<IniFile::Cache>& slot = caches[path];
+    std::shared_ptr<IniFile::Cache> cache = slot.lock();
+    if (!cache) {
+        cache = std::make_shared<IniFile::Cache>();
+        slot = cache;
+    }
+    return cache;
+}
+
+}  // namespace
+
+IniFile::IniFile(std::string path) : path_(std::move(path)), cache_(CacheFor(path_)) {}
+
+void IniFile::ReadAgain(const std::string& path) {
+    std::shared_ptr<Cache> cache;
+    {
+        std::lock_guard<std::mutex> lock(cachesMutex);
+        const auto it = Caches().find(path);
+        if (it == Caches().end()) return;
+        cache = it->second.lock();
+    }
+    if (cache) cache->Forget();
+}
 
 bool IniFile::Exists() const { return !path_.empty() && FileExists(path_); }
 
 std::string IniFile::ReadString(std::string_view section, std::string_view key,
                                 std::string_view def, size_t maxChars) const {
-    std::lock_guard<std::mutex> lock(cache_->mutex);
-    cache_->Refresh(path_);
-    const auto sectionIt = cache_->values.find(FoldCase(Trim(section)));
-    if (sectionIt != cache_->values.end()) {
-        const auto keyIt = sectionIt->second.find(FoldCase(Trim(key)));
-        if (keyIt != sectionIt->second.end()) return CutToUtf16Units(keyIt->second, maxChars);
+    const std::string foldedSection = FoldCase(Trim(section));
+    const std::string foldedKey = FoldCase(Trim(key));
+    {
+        std::shared_lock<std::shared_mutex> lock(cache_->mutex);
+        if (cache_->loaded) {
+            const std::string* value = cache_->Find(foldedSection, foldedKey);
+            return CutToUtf16Units(value ? std::string_view(*value) : def, maxChars);
+        }
     }
-    return CutToUtf16Units(def, maxChars);
+    std::unique_lock<std::shared_mutex> lock(cache_->mutex);
+    if (!cache_->loaded) cache_->Load(path_);
+    const std::string* value = cache_->Find(foldedSection, foldedKey);
+    return CutToUtf16Units(value ? std::string_view(*value) : def, maxChars);
 }
 
 bool IniFile::Rewrite(const std::function<bool(std::vector<std::string>&)>& edit) {
@@ -203,8 +227,7 @@ bool IniFile::Rewrite(const std::function<bool(std::vector<std::string>&)>& edit
     if (!lines) return false;
     if (!edit(*lines)) return true;
     const bool written = WriteUtf16File(path_, std::string_view(JoinLines(*lines)));
-    std::lock_guard<std::mutex> lock(cache_->mutex);
-    cache_->valid = false;
+    cache_->Forget();
     return written;
 }
 

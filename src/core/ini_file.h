@@ -5,6 +5,12 @@
 // byte-order mark, and every write replaces the file atomically (temporary
 // file and rename), so a crash never leaves a torn file.
 //
+// The file is read once, at the first lookup, and kept in memory for the
+// whole process: every object that names the same path shares what was read,
+// and a write through any of them is seen by the next lookup. A change made
+// to the file by anything else is seen only after ReadAgain. Lookups may come
+// from several threads at once.
+//
 // Reading follows the platform's profile rules: blanks around names and
 // values are dropped, a value enclosed in matching double (or single) quotes
 // loses them, lines before the first section header and lines starting with
@@ -35,13 +41,18 @@ public:
     // Deletes a whole section (a profile write with a null key).
     bool DeleteSection(std::string_view section);
 
+    // Forgets what was read of the file at `path` (when any object names it),
+    // so that the next lookup reads the file again: for a file that the
+    // program replaced by other means, such as a new copy of the language.
+    static void ReadAgain(const std::string& path);
+
     std::vector<std::string> Sections() const;
     std::vector<std::string> Keys(std::string_view section) const;
 
-private:
-    // The parsed file, reused while the file's identity, size and times stay
-    // the same; shared by copies of this object (they name the same file).
+    // The parsed file, shared by every object that names the same path.
     struct Cache;
+
+private:
 
     // Creates a missing file (byte-order mark only), lets `edit` change the
     // lines and writes them back when it reports a change.

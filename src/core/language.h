@@ -13,9 +13,10 @@ namespace tormel {
 // The longest text a lookup returns.
 constexpr size_t kLanguageTextLimit = 8191;
 
-// The language file that lookups read. The parsed file is kept and read
-// again whenever the file on disk changes, so a language installed while the
-// program runs is seen by the next lookup. Copies share what was read.
+// The language file that lookups read. The file is read once and kept in
+// memory; installing a language copy (InstallLanguageFile) has it read again,
+// so a language chosen while the program runs is seen by the next lookup.
+// Copies share what was read, and lookups may come from several threads.
 class Language {
 public:
     // No file: every lookup answers its default.

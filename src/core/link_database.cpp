@@ -70,6 +70,7 @@ void LinkRedoxGroups(ChemicalSystem& chem) {
 void LinkDatabase(ChemicalSystem& chem) {
     LinkGases(chem);
     LinkRedoxGroups(chem);
+    chem.equilibriumIndex = std::make_shared<const EquilibriumIndex>(chem);
 }
 
 }  // namespace tormel

@@ -1,12 +1,15 @@
 #include "core/text_file.h"
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <random>
-#include <sstream>
 
 #include "core/utf16.h"
 
@@ -15,14 +18,28 @@ namespace tormel {
 namespace fs = std::filesystem;
 
 std::optional<std::string> ReadBinaryFile(const std::string& path) {
-    std::error_code ec;
-    if (fs::is_directory(path, ec)) return std::nullopt;
-    std::ifstream in(path, std::ios::binary);
-    if (!in) return std::nullopt;
-    std::ostringstream buffer;
-    buffer << in.rdbuf();
-    if (in.bad()) return std::nullopt;
-    return std::move(buffer).str();
+    FILE* f = std::fopen(path.c_str(), "rb");
+    if (!f) return std::nullopt;
+    struct stat st {};
+    std::optional<std::string> bytes;
+    if (fstat(fileno(f), &st) == 0 && !S_ISDIR(st.st_mode)) {
+        // the size is a hint: a file that grows or shrinks meanwhile is read to its end
+        std::string data(static_cast<size_t>(std::max<off_t>(st.st_size, 0)), '\0');
+        size_t used = std::fread(data.data(), 1, data.size(), f);
+        char more[4096];
+        for (size_t n; used == data.size() && (n = std::fread(more, 1, sizeof more, f)) > 0;) {
+            data.append(more, n);
+            used = data.size();
+        }
+        if (!std::ferror(f)) {
+            data.resize(used);
+            bytes = std::move(data);
+        }
+    } else {
+        errno = EISDIR;
+    }
+    std::fclose(f);
+    return bytes;
 }
 
 bool FileExists(const std::string& path) {
@@ -82,8 +99,10 @@ std::optional<std::u16string> ReadUtf16OrUtf8File(const std::string& path, FileE
 bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileError* error) {
     fs::path target(path);
     fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    std::random_device rd;
-    std::string tmpName = "." + target.filename().string() + ".tmp" + std::to_string(rd() % 1000000);
+    // unique within the process (threads may write at once) and across processes
+    static std::atomic<uint32_t> written{0};
+    const std::string tmpName = "." + target.filename().string() + ".tmp" + std::to_string(getpid()) + "-" +
+                                std::to_string(written.fetch_add(1));
     fs::path tmp = folder / tmpName;
     auto fail = [&](const std::string& what) {
         if (error) *error = {path, what + ": " + std::strerror(errno ? errno : EIO)};
@@ -107,24 +126,41 @@ bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileEr
     return true;
 }
 
-bool WriteUtf16File(const std::string& path, std::u16string_view text, FileError* error) {
+namespace {
+
+// Room for the text of `units` code units with the byte-order mark and a
+// carriage return for some of the lines.
+std::string Utf16Buffer(size_t units) {
     std::string bytes;
-    bytes.reserve(2 + text.size() * 2 + text.size() / 16);
+    bytes.reserve(2 + units * 2 + units / 16);
     bytes += static_cast<char>(0xFF);
     bytes += static_cast<char>(0xFE);
-    auto put = [&](char16_t c) {
-        bytes += static_cast<char>(c & 0xFF);
-        bytes += static_cast<char>(c >> 8);
-    };
-    for (char16_t c : text) {
-        if (c == u'\n') put(u'\r');
-        put(c);
+    return bytes;
+}
+
+// One code unit as little-endian bytes; a line feed gets its carriage return
+// first, as a text-mode write gives it.
+void PutTextUnit(std::string& bytes, char16_t c) {
+    if (c == u'\n') {
+        bytes += '\r';
+        bytes += '\0';
     }
+    bytes += static_cast<char>(c & 0xFF);
+    bytes += static_cast<char>(c >> 8);
+}
+
+}  // namespace
+
+bool WriteUtf16File(const std::string& path, std::u16string_view text, FileError* error) {
+    std::string bytes = Utf16Buffer(text.size());
+    for (char16_t c : text) PutTextUnit(bytes, c);
     return WriteFileAtomically(path, bytes, error);
 }
 
 bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileError* error) {
-    return WriteUtf16File(path, std::u16string_view(Utf8ToUtf16(utf8Text)), error);
+    std::string bytes = Utf16Buffer(utf8Text.size());
+    ForEachUtf16Unit(utf8Text, [&bytes](char16_t c) { PutTextUnit(bytes, c); });
+    return WriteFileAtomically(path, bytes, error);
 }
 
 }  // namespace tormel

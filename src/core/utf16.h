@@ -12,6 +12,26 @@ std::u16string Utf8ToUtf16(std::string_view utf8);
 size_t CharacterCount(std::string_view utf8);
 // True when every byte sequence of `utf8` is a well-formed UTF-8 character.
 bool IsValidUtf8(std::string_view utf8);
+
+// One code point of the UTF-8 text at `i`, advancing `i` past it.
+char32_t DecodeUtf8(std::string_view s, size_t& i);
+
+// Calls put(unit) for every UTF-16 code unit of the UTF-8 text, without
+// building the UTF-16 string.
+template <class Put>
+void ForEachUtf16Unit(std::string_view utf8, Put&& put) {
+    size_t i = 0;
+    while (i < utf8.size()) {
+        char32_t cp = DecodeUtf8(utf8, i);
+        if (cp >= 0x10000) {
+            cp -= 0x10000;
+            put(static_cast<char16_t>(0xD800 + (cp >> 10)));
+            put(static_cast<char16_t>(0xDC00 + (cp & 0x3FF)));
+        } else {
+            put(static_cast<char16_t>(cp));
+        }
+    }
+}
 std::string Utf16ToUtf8(std::u16string_view utf16);
 
 // Number of UTF-16 code units the UTF-8 text needs (the unit in which the

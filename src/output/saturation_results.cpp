@@ -25,12 +25,6 @@ double ConditionalLogK(const CalcContext& calc, const Equilibrium& eq) {
     return eq.logK + calc.state.logGamma1 * eq.deltaZ2 + TemperatureShift(calc.input, eq);
 }
 
-bool AllComponentsInInput(const ChemicalSystem& chem, int32_t e) {
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k)
-        if (chem.Coefficient(k, e) != 0 && !chem.components[k].inInput) return false;
-    return true;
-}
-
 // The value of a component in the solution: the free concentration of its
 // system component, or the concentration of the species that stands for it.
 // `firstSystemIndex` is the smallest system index taken as a system component.
@@ -48,8 +42,10 @@ double FreeValue(const ChemicalSystem& chem, int32_t k, int32_t firstSystemIndex
 // order, at most `limit` of them.
 std::vector<int32_t> EquilibriumComponents(const ChemicalSystem& chem, int32_t e, int32_t limit) {
     std::vector<int32_t> components;
-    for (int32_t k = 0; k < chem.ComponentCount() && static_cast<int32_t>(components.size()) < limit; ++k)
-        if (chem.Coefficient(k, e) != 0) components.push_back(k);
+    for (const EquilibriumTerm& term : TermsOf(chem, e)) {
+        if (static_cast<int32_t>(components.size()) >= limit) break;
+        components.push_back(term.component);
+    }
     return components;
 }
 
@@ -93,10 +89,7 @@ std::string LiteratureText(const ChemicalSystem& chem, int32_t reference) {
 
 void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
-    const TypeRange range = chem.equilibriumRange[EqSolid];
-    if (range.empty()) return;
-    for (int32_t e = range.first; e <= range.last && e < chem.EquilibriumCount(); ++e) {
-        if (!AllComponentsInInput(chem, e)) continue;
+    for (const int32_t e : EquilibriaInInput(chem, EqSolid)) {
         const Equilibrium& eq = chem.equilibria[e];
         const std::vector<int32_t> components = EquilibriumComponents(chem, e, eq.componentCount);
         ReactionDefinition definition = DefinitionOf(chem, e, components, 1);
@@ -121,14 +114,12 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
         if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.ComponentCount()) continue;
         if (chem.components[eq.linkedComponent].inputValue != 0) continue;
         const double conditional = ConditionalLogK(calc, eq);
+        const std::vector<EquilibriumTerm> terms = TermsOf(chem, e);
         double pressure = std::pow(10.0, conditional);
-        for (int32_t j = 0; j < chem.ComponentCount(); ++j) {
-            const int32_t nu = chem.Coefficient(j, e);
-            if (nu != 0) pressure *= std::pow(FreeValue(chem, j, 1), nu);
-        }
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
+        for (const auto [j, nu] : terms) pressure *= std::pow(FreeValue(chem, j, 1), nu);
+        for (const auto [k, nu] : terms) {
             const Component& ligand = chem.components[k];
-            if (ligand.type != Ligand || !ligand.inInput || chem.Coefficient(k, e) == 0) continue;
+            if (ligand.type != Ligand || !ligand.inInput) continue;
             ReactionDefinition definition = DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.ComponentCount()),
                                                          static_cast<int32_t>(eq.linkedCoefficient));
 

@@ -8,6 +8,7 @@
 #include "core/ini_file.h"
 #include "core/text_file.h"
 #include "core/utf16.h"
+#include "core/ini_file.h"
 #include "core/language.h"
 #include "core/messages.h"
 
@@ -80,6 +81,7 @@ std::vector<LanguageFile> ListLanguageFiles(const std::string& languagesFolder) 
 bool InstallLanguageFile(const std::string& source, const AppFolders& folders) {
     auto bytes = ReadBinaryFile(source);
     if (!bytes || !WriteFileAtomically(folders.languageFile, *bytes)) return false;
+    IniFile::ReadAgain(folders.languageFile);
     std::error_code ec;
     fs::file_time_type sourceTime = fs::last_write_time(source, ec);
     if (!ec) fs::last_write_time(folders.languageFile, sourceTime, ec);

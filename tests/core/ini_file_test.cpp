@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <filesystem>
+#include <thread>
 #include <string>
 #include <vector>
 
@@ -164,7 +166,7 @@ TEST(ShellIniFile, WritesReplaceTheFileWithoutLeavingTemporaryFiles) {
     EXPECT_EQ(nowhere.ReadString("Options", "A", "d"), "d");
 }
 
-TEST(ShellIniFile, ReadsSeeChangesMadeThroughOtherObjectsAndOnDisk) {
+TEST(ShellIniFile, ReadsSeeWritesThroughOtherObjectsAndDiskChangesAfterReadAgain) {
     TempFolder tmp;
     const std::string path = tmp.File("a.ini");
     IniFile reader(path);
@@ -173,14 +175,38 @@ TEST(ShellIniFile, ReadsSeeChangesMadeThroughOtherObjectsAndOnDisk) {
     ASSERT_TRUE(writer.WriteString("S", "K", "1"));
     EXPECT_EQ(reader.ReadString("S", "K", "d"), "1");
 
-    // Same size, written at once: the cached parse must not hide the change.
+    // A change made by anything else stays unseen until the file is read again.
     WriteBytes(path, Utf16Bytes("[S]\nK=2\n"));
+    EXPECT_EQ(reader.ReadString("S", "K", "d"), "1");
+    IniFile::ReadAgain(path);
     EXPECT_EQ(reader.ReadString("S", "K", "d"), "2");
-    ASSERT_TRUE(WriteUtf16File(path, std::string_view("[S]\nK=3\n")));
-    EXPECT_EQ(reader.ReadString("S", "K", "d"), "3");
+    EXPECT_EQ(IniFile(path).ReadString("S", "K", "d"), "2");
 
     std::filesystem::remove(path);
+    IniFile::ReadAgain(tmp.File("other.ini"));  // another file: this one is kept
+    EXPECT_EQ(reader.ReadString("S", "K", "d"), "2");
+    IniFile::ReadAgain(path);
     EXPECT_EQ(reader.ReadString("S", "K", "d"), "d");
+}
+
+TEST(ShellIniFile, LookupsFromSeveralThreadsWhileAnotherObjectWrites) {
+    TempFolder tmp;
+    const std::string path = tmp.File("a.ini");
+    IniFile writer(path);
+    ASSERT_TRUE(writer.WriteString("S", "K", "old"));
+    const IniFile reader(path);
+    std::atomic<int> unexpected{0};
+    std::vector<std::thread> threads;
+    for (int t = 0; t < 4; ++t)
+        threads.emplace_back([&] {
+            for (int i = 0; i < 2000; ++i) {
+                const std::string value = reader.ReadString("s", "k", "missing");
+                if (value != "old" && value != "new") ++unexpected;
+            }
+        });
+    for (int i = 0; i < 20; ++i) writer.WriteString("S", "K", i % 2 ? "old" : "new");
+    for (std::thread& t : threads) t.join();
+    EXPECT_EQ(unexpected.load(), 0);
 }
 
 TEST(ShellIniFile, FoldCaseComparesAccentedLetters) {

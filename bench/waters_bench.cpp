@@ -1,0 +1,230 @@
+// The 1,000 natural waters of ../shared/bench/waters1000.tsv (fixed pH, the
+// totals of Ca, Mg, Na, K, Cl, SO4 and CO3; 25 °C, Davies, no solids), timed
+// per water so that the figures compare with the independent program's
+// figures in ../shared/bench/README.md:
+//   Waters/Calculation       from the input in memory to the built result set
+//   Waters/Batch/jobs:N      "/batch:" end to end, one .o64 per water on the
+//                            local disk, with N jobs at a time (per_water:
+//                            wall clock; cpu_per_water: all threads' time)
+//   Waters/BatchPeakMemory   peak resident memory of a whole batch with one
+//                            and with eight jobs at a time (each in a child
+//                            process started from the same parent)
+#include <benchmark/benchmark.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <vector>
+
+#include "bench_workspace.h"
+#include "calc/component_inputs.h"
+#include "core/c_number.h"
+#include "core/text_file.h"
+#include "input/input_file_writer.h"
+#include "shell/batch_run.h"
+
+namespace {
+
+using namespace tormel;
+
+const std::string kWatersFile = TORMEL_SOURCE_DIR "/../shared/bench/waters1000.tsv";
+constexpr const char* kMissingWaters =
+    "../shared/bench/waters1000.tsv not found beside the source tree: the waters benchmarks need it";
+constexpr std::array<const char*, 7> kTotals = {"Ca", "Mg", "Na", "K", "Cl", "SO4", "CO3"};
+
+struct Water {
+    double ph = 7;
+    std::array<double, kTotals.size()> totals{};  // mol/L, in the order of kTotals
+};
+
+// Lines "n pH Ca Mg Na K Cl SO4 CO3", tab-separated; comments and the header
+// line are skipped.
+std::vector<Water> ReadWaters() {
+    std::vector<Water> waters;
+    std::ifstream file(kWatersFile);
+    std::string line;
+    while (std::getline(file, line)) {
+        if (line.empty() || line[0] == '#' || line[0] == 'n') continue;
+        std::string_view rest(line);
+        std::array<double, 2 + kTotals.size()> fields{};
+        bool complete = true;
+        for (double& field : fields) {
+            size_t used = 0;
+            field = StrToDoubleC(rest, &used);
+            if (used == 0) complete = false;
+            rest.remove_prefix(std::min(used, rest.size()));
+        }
+        if (!complete) continue;
+        Water water;
+        water.ph = fields[1];
+        std::copy(fields.begin() + 2, fields.end(), water.totals.begin());
+        waters.push_back(water);
+    }
+    return waters;
+}
+
+// Puts one water into the workspace's input.
+void ApplyWater(Workspace& ws, const Water& water) {
+    ChemicalSystem& chem = ws.chem;
+    test::ClearInputs(chem);
+    Component& hydrogen = chem.components[chem.hydrogenIndex];
+    hydrogen.inputType = InpTypeFreeAct;
+    hydrogen.inputValue = std::pow(10.0, -water.ph);
+    for (size_t k = 0; k < kTotals.size(); ++k) {
+        Component& c = chem.components[chem.FindComponent(kTotals[k])];
+        c.inputType = InpTypeTotalConc;
+        c.inputValue = water.totals[k];
+    }
+    ws.input = InputProblem{};
+    ws.input.ionicStrengthModel = kDaviesModel;
+    ws.input.convergenceCriterion = 1.0001;
+}
+
+// The waters, their input files and the batch file, made once for all runs.
+struct WatersSetUp {
+    bench::BenchWorkspace folder{"waters-bench"};
+    std::vector<Water> waters = ReadWaters();
+    std::string error;
+
+    WatersSetUp() {
+        if (waters.empty()) {
+            error = kMissingWaters;
+            return;
+        }
+        if (!folder.loaded) {
+            error = "the database could not be loaded";
+            return;
+        }
+        Workspace& ws = *folder.ws;
+        for (const char* name : kTotals)
+            if (ws.chem.FindComponent(name) < 0) error = std::string("no component ") + name + " in the database";
+        if (!error.empty()) return;
+        std::string batch;
+        for (size_t i = 0; i < waters.size(); ++i) {
+            ApplyWater(ws, waters[i]);
+            const std::string name = "water" + std::to_string(i + 1);
+            if (!WriteUtf16File(ws.folders.inputFolder + name + ".i64",
+                                std::string_view(FormatInputFile(ws.input, ws.chem)))) {
+                error = "cannot write the input files";
+                return;
+            }
+            batch += name + ".i64 " + name + ".o64\n";
+        }
+        if (!WriteUtf16File(ws.folders.inputFolder + "waters.txt", std::string_view(batch)))
+            error = "cannot write the batch file";
+    }
+
+    bool Usable(benchmark::State& state) const {
+        if (error.empty()) return true;
+        state.SkipWithError(error.c_str());
+        return false;
+    }
+
+    // Every run writes into an output folder of its own, as a batch into a
+    // new folder does: rewriting the same 1,000 files would time the file
+    // system's reuse of just-deleted files rather than the batch.
+    BatchSummary RunBatch(int32_t jobs) {
+        Workspace& ws = *folder.ws;
+        ws.folders.outputFolder = folder.root + "Output" + std::to_string(++runs) + "/";
+        std::error_code ec;
+        std::filesystem::create_directories(ws.folders.outputFolder, ec);
+        BatchOptions options;
+        options.jobs = jobs;
+        options.logPath = folder.root + "batch_log.txt";
+        return RunBatchFile(ws, "waters.txt", options);
+    }
+    int runs = 0;
+};
+
+WatersSetUp& SetUp() {
+    static WatersSetUp setUp;
+    return setUp;
+}
+
+// Time per water, shown in the counter "per_water".
+void CountPerWater(benchmark::State& state, size_t waters) {
+    state.SetItemsProcessed(static_cast<int64_t>(state.iterations() * waters));
+    state.counters["per_water"] = benchmark::Counter(static_cast<double>(waters),
+                                                     benchmark::Counter::kIsIterationInvariantRate |
+                                                         benchmark::Counter::kInvert);
+}
+
+void Calculation(benchmark::State& state) {
+    WatersSetUp& setUp = SetUp();
+    if (!setUp.Usable(state)) return;
+    Workspace& ws = *setUp.folder.ws;
+    int failed = 0;
+    for (auto _ : state)
+        for (const Water& water : setUp.waters) {
+            ApplyWater(ws, water);
+            ws.solver = SolverState{};
+            const CalculationOutcome out = CalculateInput(ws, false);
+            if (!out.assembled || !out.solve.converged) ++failed;
+            benchmark::DoNotOptimize(ws.results);
+        }
+    CountPerWater(state, setUp.waters.size());
+    if (failed) state.SkipWithError("a water did not converge");
+}
+
+// User and system time of the whole process (every thread), in seconds.
+double ProcessCpuSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    auto seconds = [](const timeval& t) { return static_cast<double>(t.tv_sec) + t.tv_usec * 1e-6; };
+    return seconds(usage.ru_utime) + seconds(usage.ru_stime);
+}
+
+void Batch(benchmark::State& state) {
+    WatersSetUp& setUp = SetUp();
+    if (!setUp.Usable(state)) return;
+    int failed = 0;
+    const double cpuBefore = ProcessCpuSeconds();
+    for (auto _ : state) {
+        const BatchSummary summary = setUp.RunBatch(static_cast<int32_t>(state.range(0)));
+        failed += summary.ExitCode();
+    }
+    // on a busy machine the wall-clock figure waits for the processor; this one does not
+    state.counters["cpu_per_water"] = (ProcessCpuSeconds() - cpuBefore) /
+                                      static_cast<double>(std::max<int64_t>(state.iterations(), 1) * setUp.waters.size());
+    CountPerWater(state, setUp.waters.size());
+    if (failed) state.SkipWithError("a batch job failed");
+}
+
+// Peak resident memory (MiB) of a child process that runs the whole batch.
+double ChildPeakMemory(WatersSetUp& setUp, int32_t jobs) {
+    const pid_t child = fork();
+    if (child == 0) _exit(setUp.RunBatch(jobs).ExitCode());
+    int status = 0;
+    rusage usage{};
+    if (child < 0 || wait4(child, &status, 0, &usage) != child || !WIFEXITED(status) || WEXITSTATUS(status) != 0)
+        return -1;
+    return static_cast<double>(usage.ru_maxrss) / 1024.0;
+}
+
+void BatchPeakMemory(benchmark::State& state) {
+    WatersSetUp& setUp = SetUp();
+    if (!setUp.Usable(state)) return;
+    double one = 0, eight = 0;
+    for (auto _ : state) {
+        one = ChildPeakMemory(setUp, 1);
+        eight = ChildPeakMemory(setUp, 8);
+    }
+    state.counters["MiB_jobs1"] = one;
+    state.counters["MiB_jobs8"] = eight;
+    state.counters["ratio"] = one > 0 ? eight / one : 0;
+    if (one < 0 || eight < 0) state.SkipWithError("a batch child failed");
+}
+
+BENCHMARK(Calculation)->Name("Waters/Calculation")->Unit(benchmark::kMillisecond)->MinTime(2.0);
+BENCHMARK(Batch)->Name("Waters/Batch")->ArgName("jobs")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)
+    ->UseRealTime()->MinTime(3.0);
+BENCHMARK(BatchPeakMemory)->Name("Waters/BatchPeakMemory")->Iterations(1)->Unit(benchmark::kMillisecond)
+    ->UseRealTime();
+
+}  // namespace
