@@ -10,6 +10,10 @@ jobs=$(nproc)
 
 scripts/build.sh build
 (cd build && ctest -j "$jobs" --output-on-failure)
+if [ -x build/bin/tormel_ui_tests ]; then
+  echo "== screenshots of the desktop windows (build/screenshots) =="
+  scripts/screenshots.sh build
+fi
 
 echo "== sanitizer build (ASan + UBSan) =="
 scripts/build.sh build-asan -DCMAKE_BUILD_TYPE=Debug -DTORMEL_SANITIZE=ON -DTORMEL_BUILD_BENCH=OFF
