@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <filesystem>
 
+#include "shell/headless_ui.h"
 #include "shell/language_files.h"
 #include "shell/settings.h"
 
@@ -38,6 +39,16 @@ DesktopFixture::DesktopFixture(const std::string& language) {
     settings.WriteSettingBool("Options", "OfferGetStarted", false);
     settings.WriteSettingBool("Options", "Check_Updates", false);
     session = std::make_unique<DesktopSession>(folders, TestInstanceName());
+    services = session->Ui().Services();
+    services.showMessageBox = [this](const MessageBoxRequest& request) {
+        boxes.push_back(request);
+        return MessageBoxAnswer{answer >= 0 ? answer : HeadlessAnswer(request), false};
+    };
+    services.openExternal = [this](std::string_view url) {
+        links.emplace_back(url);
+        return true;
+    };
+    session->Ws().ui = &services;
 }
 
 StartupOutcome DesktopFixture::Start(const std::vector<std::string>& arguments) {

@@ -15,6 +15,12 @@ namespace tormel::test {
 struct DesktopFixture {
     TempFolder folder;
     std::unique_ptr<DesktopSession> session;
+    // Message boxes are recorded and answered as tormel-cli answers them
+    // (`answer` >= 0 overrides); the other services are the desktop's.
+    std::vector<MessageBoxRequest> boxes;
+    int answer = -1;
+    std::vector<std::string> links;
+    UiServices services;
 
     // `language`: the file under Languages/ that becomes "LANG.INI".
     explicit DesktopFixture(const std::string& language = "0default.lang");
@@ -23,6 +29,8 @@ struct DesktopFixture {
 
     Workspace& Ws() { return session->Ws(); }
     MainWindow& Window() { return session->Window(); }
+    // Shows the program's real message boxes from now on.
+    void UseRealMessageBoxes() { Ws().ui = &session->Ui().Services(); }
     // Copies the example input into the input folder; its full path.
     std::string ExampleInput(const std::string& name = "hard_water.i64");
 };

@@ -3,37 +3,19 @@
 // line, the question before closing, and the German texts.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <filesystem>
 
-#include "shell/headless_ui.h"
 #include "ui/desktop_fixture.h"
 #include "ui/main/command_table.h"
 #include "ui/main/tile_image.h"
 
 namespace tormel {
 namespace {
-
-// Message boxes recorded and answered without showing them.
-struct BoxRecorder {
-    std::vector<MessageBoxRequest> requests;
-    UiServices services;
-    int answer = -1;  // -1: the headless answer
-    explicit BoxRecorder(const UiServices& base) : services(base) {
-        services.showMessageBox = [this](const MessageBoxRequest& request) {
-            requests.push_back(request);
-            return MessageBoxAnswer{answer >= 0 ? answer : HeadlessAnswer(request), false};
-        };
-        services.openExternal = [this](std::string_view url) {
-            links.emplace_back(url);
-            return true;
-        };
-    }
-    std::vector<std::string> links;
-};
 
 struct PanelCase {
     int tile;
@@ -90,8 +72,6 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
     test::DesktopFixture fixture;
     ASSERT_FALSE(fixture.Start().endProcess);
     MainWindow& window = fixture.Window();
-    BoxRecorder boxes(fixture.session->Ui().Services());
-    fixture.Ws().ui = &boxes.services;
     int fileDialogs = 0;
     window.Services().askFileName = [&](bool, const QString&, const std::string&) {
         ++fileDialogs;
@@ -113,23 +93,24 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
         EXPECT_TRUE(fixture.Ws().uiReady);
     }
     EXPECT_EQ(helpTopics, (std::vector<int>{500, 0, -1, -2}));
-    EXPECT_EQ(boxes.links.size(), 4u) << "web site, e-mail and the two pages";
+    EXPECT_EQ(fixture.links.size(), 4u) << "web site, e-mail and the two pages";
     EXPECT_GE(fileDialogs, 7) << "open and save dialogs of input, output and exports";
     // the windows of later versions say so instead of opening
     const std::string notYet = LanguageText(fixture.Ws().language, "TOOLS", "NotAvailable");
     ASSERT_FALSE(notYet.empty());
     int notAvailable = 0;
-    for (const MessageBoxRequest& r : boxes.requests)
+    for (const MessageBoxRequest& r : fixture.boxes)
         if (!r.lines.empty() && r.lines[0].find(notYet) != std::string::npos) ++notAvailable;
-    EXPECT_EQ(notAvailable, 1 + 2 + 5 + 2 + 1 + 2)
-        << "editor, viewer and printing, options, database, comparison, the two documents";
+    EXPECT_EQ(notAvailable, 1 + 2 + 1 + 5 + 2 + 1 + 2)
+        << "editor, viewer and printing, the viewer after Calculate, options, database, comparison, the two documents";
 }
 
 TEST(MainWindow, AcceleratorsOpenTheTilePanels) {
     test::DesktopFixture fixture;
     ASSERT_FALSE(fixture.Start().endProcess);
     MainWindow& window = fixture.Window();
-    window.activateWindow();
+    QApplication::setActiveWindow(&window);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QTest::keyClick(&window, Qt::Key_C, Qt::AltModifier);
     EXPECT_EQ(window.OpenTile(), 1);
     QTest::keyClick(&window, Qt::Key_P, Qt::AltModifier);
@@ -142,33 +123,33 @@ TEST(MainWindow, ClosingWithModifiedInputAsksAndCancelKeepsTheWindow) {
     test::DesktopFixture fixture;
     ASSERT_FALSE(fixture.Start().endProcess);
     MainWindow& window = fixture.Window();
-    BoxRecorder boxes(fixture.session->Ui().Services());
-    fixture.Ws().ui = &boxes.services;
-
+    fixture.UseRealMessageBoxes();
     fixture.Ws().input.modified = true;
     window.UpdateStatusLine();
     EXPECT_EQ(window.StatusText(), "Input data: program defaults (modified)");
-    boxes.answer = 3;
+
+    QString caption;
+    test::WhenWindowShows("FrmMesgBoxChk", [&](QWidget* box) {
+        caption = box->windowTitle();
+        QTest::keyClick(box, Qt::Key_Escape);
+    });
     EXPECT_FALSE(window.close());
     EXPECT_TRUE(window.isVisible());
-    ASSERT_EQ(boxes.requests.size(), 1u);
-    EXPECT_EQ(boxes.requests[0].buttons.size(), 3u);
-    EXPECT_EQ(boxes.requests[0].escapeResult, 3);
+    EXPECT_EQ(caption.toStdString(), LanguageText(fixture.Ws().language, "Input", "AskSaveCaption"));
 
-    boxes.answer = 2;  // leave without saving
+    // the second button leaves without saving
+    test::WhenWindowShows("FrmMesgBoxChk", [](QWidget* box) { box->findChild<QPushButton*>("button2")->click(); });
     EXPECT_TRUE(window.close());
     EXPECT_FALSE(window.isVisible());
-    EXPECT_EQ(boxes.requests.size(), 2u);
-    EXPECT_TRUE(std::filesystem::exists(fixture.Ws().folders.settingsFile));
+    EXPECT_TRUE(std::filesystem::exists(fixture.Ws().folders.settingsFile)) << "settings saved at the end";
 }
 
 TEST(MainWindow, ClosingWithUnmodifiedInputAsksNothing) {
     test::DesktopFixture fixture;
     ASSERT_FALSE(fixture.Start().endProcess);
-    BoxRecorder boxes(fixture.session->Ui().Services());
-    fixture.Ws().ui = &boxes.services;
+    fixture.boxes.clear();
     EXPECT_TRUE(fixture.Window().close());
-    EXPECT_TRUE(boxes.requests.empty());
+    EXPECT_TRUE(fixture.boxes.empty());
 }
 
 TEST(MainWindow, GermanLanguageFileDrivesTheTiles) {

@@ -2,6 +2,7 @@
 // while busy.
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <thread>
 
 #include "ui/desktop_fixture.h"

@@ -5,6 +5,8 @@
 #include <clocale>
 
 int main(int argc, char** argv) {
+    // listing the tests (test discovery) runs without a display too
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     std::setlocale(LC_NUMERIC, "C");
     ::testing::InitGoogleTest(&argc, argv);

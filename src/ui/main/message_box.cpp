@@ -70,6 +70,11 @@ MessageBoxWindow::MessageBoxWindow(const MessageBoxRequest& request, QWidget* ow
     // A line wider than the text column widens the box so that it shows whole.
     int clientWidth = std::max(Scaled(kClientWidth), Scaled(kTextLeft + 16) + widest);
 
+    if (request.showCheckBox) {
+        checkBox_ = new QCheckBox(Q(request.checkBoxText), this);
+        checkBox_->setObjectName(QStringLiteral("checkBox"));
+        clientWidth = std::max(clientWidth, Scaled(kTextLeft + 16) + checkBox_->sizeHint().width());
+    }
     int buttonWidth = Scaled(81);
     for (const std::string& text : request.buttons)
         buttonWidth = std::max(buttonWidth, metrics.horizontalAdvance(Q(text)) + Scaled(12) + Scaled(12));
@@ -93,12 +98,9 @@ MessageBoxWindow::MessageBoxWindow(const MessageBoxRequest& request, QWidget* ow
     }
 
     int clientHeight = Scaled(kClientHeightPlain + extraHeight_);
-    if (request.showCheckBox) {
-        checkBox_ = new QCheckBox(Q(request.checkBoxText), this);
-        checkBox_->setObjectName(QStringLiteral("checkBox"));
-        const int checkWidth = std::max(Scaled(400), checkBox_->sizeHint().width());
-        clientWidth = std::max(clientWidth, Scaled(kTextLeft + 16) + checkWidth);
-        checkBox_->setGeometry(Scaled(kTextLeft), Scaled(129 + extraHeight_), checkWidth, Scaled(24));
+    if (checkBox_) {
+        checkBox_->setGeometry(Scaled(kTextLeft), Scaled(129 + extraHeight_), clientWidth - Scaled(kTextLeft + 8),
+                               Scaled(24));
         clientHeight = Scaled(kClientHeightWithCheck + extraHeight_);
     }
     setFixedSize(clientWidth, clientHeight);
