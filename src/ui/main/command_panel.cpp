@@ -56,7 +56,7 @@ QListWidget* MainWindow::RecentList(int command) const {
 }
 
 int MainWindow::BuildPanelColumn(const std::vector<const MenuItem*>& items, int x0, int firstRow, int rowHeight,
-                                 int buttonHeight, int descriptionHeight, bool second, int tile) {
+                                 int buttonHeight, int descriptionHeight, bool second) {
     const double unit = static_cast<double>(rowHeight) / Scaled(50);
     const int X = x0 + static_cast<int>(unit * Scaled(27)) + buttonHeight + Scaled(second ? 24 : 60);
     const int iconX = x0 + static_cast<int>(unit * Scaled(15)) + Scaled(second ? 24 : 60) - buttonHeight / 2;
@@ -84,11 +84,12 @@ int MainWindow::BuildPanelColumn(const std::vector<const MenuItem*>& items, int 
 
         auto* description = new QLabel(Q(ItemDescription(ws_.language, item)), this);
         description->setFont(descriptionFont);
-        const int descriptionWidth =
-            std::max(Scaled(second ? 300 : 400), QFontMetrics(descriptionFont).horizontalAdvance(description->text()) + 4);
-        description->setGeometry(X, y + buttonHeight, descriptionWidth, std::max(descriptionHeight, QFontMetrics(descriptionFont).height()));
+        const int textWidth = QFontMetrics(descriptionFont).horizontalAdvance(description->text()) + Scaled(4);
+        description->setGeometry(X, y + buttonHeight, std::max(Scaled(second ? 300 : 400), textWidth),
+                                 std::max(descriptionHeight, QFontMetrics(descriptionFont).height()));
         description->show();
-        right = std::max(right, X + descriptionWidth);
+        // the second column starts right of the longest text, not of the label's box
+        right = std::max(right, X + textWidth);
         AddPanelWidget(description, KindDescription);
 
         auto* icon = new QLabel(this);
@@ -101,11 +102,6 @@ int MainWindow::BuildPanelColumn(const std::vector<const MenuItem*>& items, int 
     }
     for (QPushButton* button : buttons) button->resize(widest, button->height());
     right = std::max(right, X + widest);
-    if (!second && !items.empty()) {
-        const int lastMiddle = firstRow + static_cast<int>(items.size() - 1) * rowHeight + buttonHeight / 2;
-        panelLines_.emplace_back(Scaled(16), firstRow - rowHeight / 4, Scaled(16), lastMiddle);
-    }
-    (void)tile;
     return right;
 }
 
@@ -116,7 +112,7 @@ void MainWindow::AddRecentList(int item, int x, int y, int rowHeight) {
     const int command = item == 2 ? kRecentInputList : kRecentOutputList;
     list->setObjectName(QStringLiteral("recent%1").arg(command));
     list->setProperty("command", command);
-    list->setGeometry(x, y, Scaled(350), 3 * rowHeight - Scaled(16));
+    list->setGeometry(x, y, std::min(Scaled(350), width() - x - Scaled(16)), 3 * rowHeight - Scaled(16));
     list->setTextElideMode(Qt::ElideMiddle);
     for (const RecentFileEntry& entry : files.places) {
         if (entry.Empty()) continue;
@@ -154,7 +150,10 @@ void MainWindow::OpenPanel(int tile) {
     panelLines_.emplace_back(Scaled(16), connectorY, middle, connectorY);
 
     const std::vector<const MenuItem*> items = TileItems(tile);
-    const int right = BuildPanelColumn(items, 0, P, R, B, D, false, tile);
+    const int right = BuildPanelColumn(items, 0, P, R, B, D, false);
+    if (!items.empty())
+        panelLines_.emplace_back(Scaled(16), connectorY, Scaled(16),
+                                 P + static_cast<int>(items.size() - 1) * R + B / 2);
     const int column = right + Scaled(24);
     for (size_t i = 0; i < items.size(); ++i) {
         const MenuItem& parent = *items[i];
@@ -167,7 +166,7 @@ void MainWindow::OpenPanel(int tile) {
         const std::vector<const MenuItem*> sub = SubItems(parent.item);
         if (sub.empty()) continue;
         panelLines_.emplace_back(right - Scaled(8), y + B / 2, column, y + B / 2);
-        BuildPanelColumn(sub, column, y, R, B, D, true, tile);
+        BuildPanelColumn(sub, column, y, R, B, D, true);
     }
     for (const QPointer<QWidget>& widget : panel_)
         if (widget) widget->show();
@@ -177,12 +176,19 @@ void MainWindow::OpenPanel(int tile) {
 }
 
 void MainWindow::ClosePanel() {
+    // hidden at once, deleted later: a panel button may be the caller
     for (QPointer<QWidget>& widget : panel_)
-        if (widget) widget->deleteLater();
+        if (widget) {
+            widget->hide();
+            widget->deleteLater();
+        }
     panel_.clear();
     panelLines_.clear();
     panelTile_ = -1;
-    if (webLink_) webLink_->deleteLater();
+    if (webLink_) {
+        webLink_->hide();
+        webLink_->deleteLater();
+    }
     webLink_ = nullptr;
     infoShown_ = false;
     update();

@@ -26,8 +26,8 @@ struct InfoAreaLines {
 
 InfoAreaLines BlocksOf(const Workspace& ws) {
     InfoAreaLines blocks;
-    blocks.one = {QStringLiteral("Chemical equilibria in natural and laboratory waters: speciation, precipitation, "
-                                 "redox, adsorption and binding by dissolved organic matter."),
+    blocks.one = {QStringLiteral("Chemical equilibria in natural and laboratory waters: speciation, precipitation,"),
+                  QStringLiteral("redox, adsorption and binding by dissolved organic matter."),
                   QStringLiteral("Made by the TORMEL Next developers, with the thermodynamic data of MINTEQA2 v4."),
                   QStringLiteral("Version: ") + Q(ProgramFileVersion())};
     blocks.two = {QStringLiteral("Program directory: ") + Q(ws.folders.programFolder),

@@ -86,6 +86,7 @@ void MainWindow::BuildTiles() {
         headingFont = UiFontAt(points);
     heading_->setFont(headingFont);
     heading_->adjustSize();
+    heading_->show();
     headingHeight_ = heading_->height();
 
     int T = Scaled(96);

@@ -92,7 +92,7 @@ private:
     void OpenLink(const char* key, const char* fallback);
     QWidget* AddPanelWidget(QWidget* widget, int kind);
     int BuildPanelColumn(const std::vector<const struct MenuItem*>& items, int x0, int firstRow, int rowHeight,
-                         int buttonHeight, int descriptionHeight, bool second, int tile);
+                         int buttonHeight, int descriptionHeight, bool second);
     void AddRecentList(int item, int x, int y, int rowHeight);
     void DrawInfoArea(class QPainter& painter);
     std::optional<std::string> AskFileName(bool save, const QString& filter, const std::string& folder);
