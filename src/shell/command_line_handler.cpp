@@ -148,7 +148,7 @@ CommandLineOutcome PrintOutputFile(Workspace& ws, const CommandLine& line, const
     }
     LoadOutputOptions(ws.outputOptions, ws.settings);
     BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
-    services.printOutput(ws);
+    services.printOutput(ws, path);
     return End(ws, services, 0);
 }
 

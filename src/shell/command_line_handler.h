@@ -19,9 +19,10 @@ struct CommandLineServices {
     std::function<bool(const std::string& path)> forwardToRunningInstance;
     // Shows result set 0 (the output viewer).
     std::function<void(Workspace&)> showOutput;
-    // Prints result set 0 with the stored print settings, without a dialog.
-    // Empty in a program that cannot print.
-    std::function<void(Workspace&)> printOutput;
+    // Prints result set 0, just read from the output file at `outputPath`,
+    // with the stored print settings, without a dialog. Empty in a program
+    // that cannot print.
+    std::function<void(Workspace&, const std::string& outputPath)> printOutput;
     // The orderly end of the session (settings saved, main window closed).
     std::function<void(Workspace&)> shutDown;
     // How a batch runs (jobs at a time, progress).

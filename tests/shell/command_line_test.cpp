@@ -97,7 +97,7 @@ TEST_F(CommandLineRun, PrintNeedsTheDesktopProgram) {
     EXPECT_NE(LastMessage().find("Printing needs the desktop program"), std::string::npos);
 
     int printed = 0;
-    services.printOutput = [&](Workspace&) { ++printed; };
+    services.printOutput = [&](Workspace&, const std::string&) { ++printed; };
     const CommandLineOutcome wrong = Handle({"/print:result.csv"});
     EXPECT_FALSE(wrong.endProcess) << "a refused file lets start-up go on";
     EXPECT_EQ(LastMessage(), "Only output files (.o64) can be printed.");
