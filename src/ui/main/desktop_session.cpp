@@ -4,11 +4,14 @@
 #include <QScreen>
 
 #include "shell/headless_ui.h"
+#include "ui/main/help_pages.h"
+#include "ui/main/image_resources.h"
 #include "ui/main/language_window.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
 #include "ui/main/window_placement.h"
 #include "ui/output/open_output_viewer.h"
+#include "ui/output/print_without_dialog.h"
 
 namespace tormel {
 
@@ -24,6 +27,18 @@ DesktopSession::DesktopSession(AppFolders folders, const QString& instanceName)
         [this](int code, const QString& path) { return window_->ReceiveHandover(code, path); });
 
     MainWindow* window = window_.get();
+    window->setWindowIcon(ResourceIcon(QStringLiteral("IMAGE_TORMEL")));
+    window->Services().image = [](const std::string& name, int size) {
+        const QSize design = ResourceImageSize(Q(name));
+        if (design.isEmpty()) return QPixmap();
+        return ResourceImage(Q(name), static_cast<double>(size) / design.width());
+    };
+    window->Services().openHelp = [this](int topic) {
+        if (topic > 0) OpenHelpTopic(ws_.folders, topic);
+        else if (topic == 0) OpenHelpContents(ws_.folders);
+        else if (topic == -1) OpenHelpIndex(ws_.folders);
+        else OpenHelpSearch(ws_.folders);
+    };
     hooks_.chooseLanguage = [this, window](const std::vector<std::string>& names) {
         return SelectLanguageWindow(ws_.language, names, window->Services().openHelp, window, &ws_.uiReady);
     };
@@ -48,9 +63,9 @@ DesktopSession::DesktopSession(AppFolders folders, const QString& instanceName)
         return false;
     };
     commandServices_.showOutput = [window](Workspace& ws) { OpenOutputViewer(ws, window); };
-    // "/print:" prints through the printing subsystem once it is connected
-    // here (commandServices_.printOutput); until then the command line
-    // reports that printing is not available and ends with exit code 1.
+    commandServices_.printOutput = [](Workspace& ws, const std::string& outputPath) {
+        PrintLoadedOutputWithoutDialog(ws, outputPath);
+    };
     commandServices_.shutDown = [this](Workspace&) { window_->Services().shutDown(); };
 }
 

@@ -12,6 +12,7 @@
 #include "ui/input/open_input_editor.h"
 #include "ui/main/command_table.h"
 #include "ui/main/desktop_ui.h"
+#include "ui/main/help_pages.h"
 #include "ui/main/main_window.h"
 #include "ui/main/ui_text.h"
 #include "ui/options/open_options_dialog.h"
@@ -24,19 +25,8 @@ namespace tormel {
 
 namespace {
 
-struct WebLink {
-    int command;
-    const char* key;  // [Options] key that overrides the target
-    const char* target;
-};
-
-// The project's own pages unless the settings file names others.
-constexpr WebLink kWebLinks[] = {
-    {1261, "Link_WebSite", "https://tormel-next.org/"},
-    {1262, "Link_EMail", "mailto:info@tormel-next.org?subject=TORMEL%20Next"},
-    {1263, "Link_Social", "https://tormel-next.org/community/"},
-    {1264, "Link_Video", "https://tormel-next.org/videos/"},
-};
+// The links of the contact buttons, in button order.
+constexpr WebLink kContactLinks[] = {WebLink::Website, WebLink::Email, WebLink::Social, WebLink::Video};
 
 InputSession SessionOf(Workspace& ws, MainWindow* window) {
     return InputSession{ws.input, ws.chem, ws.folders, ws.language, ws.Ui(),
@@ -135,17 +125,18 @@ void MainWindow::RunAction(int command) {
             break;
         case 1166: OpenDocument(ws_, this, "manual64.pdf"); break;
         case 1167: PaintInfoArea(); break;
-        case kWebLinkCommand: OpenLink(kWebLinks[0].key, kWebLinks[0].target); break;
-        default:
-            for (const WebLink& link : kWebLinks)
-                if (link.command == command) OpenLink(link.key, link.target);
-            break;
+        case kWebLinkCommand: OpenLink(WebLink::Website); break;
+        case 1261:
+        case 1262:
+        case 1263:
+        case 1264: OpenLink(kContactLinks[command - 1261]); break;
+        default: break;
     }
     UpdateStatusLine();
 }
 
-void MainWindow::OpenLink(const char* key, const char* fallback) {
-    const std::string target = ws_.settings.ReadSettingString("Options", key, fallback);
+void MainWindow::OpenLink(WebLink link) {
+    const std::string target = S(WebLinkUrl(ws_.folders, ws_.settings, link).toString());
     if (ws_.Ui().openExternal) ws_.Ui().openExternal(target);
 }
 

@@ -10,6 +10,7 @@
 #include "output/export_rows.h"
 #include "shell/workspace.h"
 #include "ui/main/command_table.h"
+#include "ui/main/help_pages.h"
 #include "ui/main/main_window.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
@@ -47,7 +48,7 @@ void MainWindow::PaintInfoArea() {
     webLink_ = new QLabel(this);
     webLink_->setObjectName(QStringLiteral("webLink"));
     webLink_->setCursor(Qt::PointingHandCursor);
-    webLink_->setText(Q(ws_.settings.ReadSettingString("Options", "Link_WebSite", "https://tormel-next.org/")));
+    webLink_->setText(WebLinkUrl(ws_.folders, ws_.settings, WebLink::Website).toString());
     QPalette palette = webLink_->palette();
     const auto colour = static_cast<uint32_t>(ws_.settings.ReadSettingInt("Options", "ColorHyperL"));
     palette.setColor(QPalette::WindowText, QColor(static_cast<int>(colour & 0xFF), static_cast<int>((colour >> 8) & 0xFF),

@@ -5,6 +5,7 @@
 #include <QPushButton>
 
 #include "core/language.h"
+#include "ui/main/image_resources.h"
 #include "ui/main/message_box.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
@@ -38,7 +39,8 @@ LanguageWindow::LanguageWindow(const Language& language, const std::vector<std::
     cancel->setObjectName(QStringLiteral("cancelButton"));
     cancel->setGeometry(Scaled(224), Scaled(195), Scaled(81), Scaled(28));
     connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-    auto* help = new QPushButton(QStringLiteral("?"), this);
+    auto* help = new QPushButton(this);
+    help->setIcon(ResourceIcon(QStringLiteral("IMG_ICONHELP")));
     help->setObjectName(QStringLiteral("helpButton"));
     help->setGeometry(Scaled(419), Scaled(195), Scaled(28), Scaled(28));
     connect(help, &QPushButton::clicked, this, [openHelp] {

@@ -20,6 +20,7 @@ class QPushButton;
 namespace tormel {
 
 class DesktopUi;
+enum class WebLink;
 struct Workspace;
 
 // What the main window asks of the rest of the program; every member may be empty.
@@ -89,7 +90,7 @@ private:
     void SaveResultsAs(int command);
     void OpenOutputFileDialog();
     void OpenRecentFile(int list, int position);
-    void OpenLink(const char* key, const char* fallback);
+    void OpenLink(WebLink link);
     QWidget* AddPanelWidget(QWidget* widget, int kind);
     int BuildPanelColumn(const std::vector<const struct MenuItem*>& items, int x0, int firstRow, int rowHeight,
                          int buttonHeight, int descriptionHeight, bool second);
