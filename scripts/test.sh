@@ -26,6 +26,10 @@ scripts/build.sh build
 
 phase "tests"
 (cd build && ctest -j "$jobs" --output-on-failure)
+if [ -x build/bin/tormel_ui_tests ]; then
+  echo "== screenshots of the desktop windows (build/screenshots) =="
+  scripts/screenshots.sh build
+fi
 
 phase "sanitizer build (ASan + UBSan)"
 scripts/build.sh build-asan -DCMAKE_BUILD_TYPE=Debug -DTORMEL_SANITIZE=ON -DTORMEL_BUILD_BENCH=OFF

@@ -1,0 +1,84 @@
+#include "ui/desktop_fixture.h"
+
+#include <QApplication>
+#include <QTimer>
+#include <filesystem>
+
+#include "shell/headless_ui.h"
+#include "shell/language_files.h"
+#include "shell/settings.h"
+
+namespace tormel::test {
+
+namespace {
+
+AppFolders FoldersUnder(const TempFolder& folder) {
+    AppFolders f;
+    f.workingFolder = folder.File("home/");
+    f.dataFolder = f.workingFolder + "Data/";
+    f.inputFolder = f.workingFolder + "Input/";
+    f.outputFolder = f.workingFolder + "Output/";
+    f.settingsFile = f.workingFolder + "TORMEL64.INI";
+    f.languageFile = f.workingFolder + "LANG.INI";
+    f.documentsFolder = f.workingFolder + "Documents/";
+    f.programFolder = TORMEL_PROGRAM_DIR;
+    return f;
+}
+
+}  // namespace
+
+QString TestInstanceName() { return QStringLiteral("TORMELcVexa-test-%1").arg(QCoreApplication::applicationPid()); }
+
+DesktopFixture::DesktopFixture(const std::string& language) {
+    const AppFolders folders = FoldersUnder(folder);
+    std::filesystem::create_directories(folders.inputFolder);
+    InstallLanguageFile(folders.programFolder + "Languages/" + language, folders);
+    // LANG.INI must not be older than 0default.lang, or the language window opens
+    std::filesystem::last_write_time(folders.languageFile, std::filesystem::file_time_type::clock::now());
+    Settings settings(folders.settingsFile);
+    settings.WriteSettingBool("Options", "OfferGetStarted", false);
+    settings.WriteSettingBool("Options", "Check_Updates", false);
+    session = std::make_unique<DesktopSession>(folders, TestInstanceName());
+    services = session->Ui().Services();
+    services.showMessageBox = [this](const MessageBoxRequest& request) {
+        boxes.push_back(request);
+        return MessageBoxAnswer{answer >= 0 ? answer : HeadlessAnswer(request), false};
+    };
+    services.openExternal = [this](std::string_view url) {
+        links.emplace_back(url);
+        return true;
+    };
+    session->Ws().ui = &services;
+}
+
+StartupOutcome DesktopFixture::Start(const std::vector<std::string>& arguments) {
+    StartupOutcome outcome = session->Start(arguments);
+    QApplication::processEvents();
+    return outcome;
+}
+
+std::string DesktopFixture::ExampleInput(const std::string& name) {
+    const std::string target = Ws().folders.inputFolder + name;
+    std::filesystem::copy_file(std::string(TORMEL_SOURCE_DIR) + "/data/examples/" + name, target,
+                               std::filesystem::copy_options::overwrite_existing);
+    return target;
+}
+
+void WhenWindowShows(const QString& objectName, std::function<void(QWidget*)> act) {
+    auto* timer = new QTimer;
+    auto tries = std::make_shared<int>(0);
+    QObject::connect(timer, &QTimer::timeout, [timer, tries, objectName, act] {
+        QWidget* found = objectName.isEmpty() ? QApplication::activeModalWidget() : nullptr;
+        if (!objectName.isEmpty())
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (w->isVisible() && w->objectName() == objectName) found = w;
+        if (found || ++*tries > 400) {
+            timer->stop();
+            timer->deleteLater();
+            if (found) act(found);
+        }
+    });
+    timer->start(5);
+}
+
+}  // namespace tormel::test

@@ -1,0 +1,50 @@
+// Under a user locale with a decimal comma (which Qt makes the process
+// locale) the results show the comma while files keep the point.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+
+#include "core/text_file.h"
+#include "core/utf16.h"
+#include "support/comma_locale.h"
+#include "ui/desktop_fixture.h"
+
+namespace tormel {
+namespace {
+
+// Sets LC_ALL in the environment while it lives.
+struct LocaleEnvironment {
+    std::optional<std::string> old;
+    explicit LocaleEnvironment(const char* name) {
+        if (const char* value = std::getenv("LC_ALL")) old = value;
+        setenv("LC_ALL", name, 1);
+    }
+    ~LocaleEnvironment() {
+        if (old) setenv("LC_ALL", old->c_str(), 1);
+        else unsetenv("LC_ALL");
+    }
+};
+
+TEST(DesktopLocale, CommaShownPointWritten) {
+    LocaleEnvironment environment("de_DE.UTF-8");
+    test::CommaLocale comma;
+    if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma installed";
+    test::DesktopFixture fixture;
+    ASSERT_FALSE(fixture.Start().endProcess);
+    EXPECT_EQ(fixture.Ws().decimalSeparator.symbol, ",");
+
+    fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput()));
+    const std::string copy = fixture.Ws().folders.inputFolder + "copy.i64";
+    fixture.Window().Services().askFileName = [&](bool, const QString&, const std::string&) {
+        return std::optional<std::string>(copy);
+    };
+    fixture.Window().DispatchCommand(1116);
+    const std::optional<std::u16string> text = ReadUtf16File(copy);
+    ASSERT_TRUE(text);
+    const std::string written = Utf16ToUtf8(*text);
+    EXPECT_NE(written.find("Ca: 0.002 "), std::string::npos) << written;
+    EXPECT_NE(written.find("Convergence criterion: 1.0001"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tormel
