@@ -28,9 +28,14 @@ constexpr double kLargestLogStep = 5.0;
 constexpr double kLeastAmountShare = 0.1;
 // Line search: sufficient decrease, step halvings before giving up.
 constexpr double kSufficientDecrease = 1e-4;
-constexpr int32_t kHalvings = 30;
-// Damping of the least-squares step when the Jacobian is singular.
-constexpr double kLeastSquaresDamping = 1e-6;
+constexpr int32_t kHalvings = 20;
+// A step that decreases the squared residuals by less than this share is
+// no use on its own (a nearly singular Jacobian gives huge steps of which
+// only a vanishing share can be taken): the damped steps are tried too.
+constexpr double kLeastUsefulDecrease = 0.01;
+// Dampings of the steps tried in turn: the Newton step, then Levenberg-
+// Marquardt steps turning towards the steepest descent.
+constexpr double kStepDampings[] = {0, 1e-6, 1e-3, 1, 1e3, 1e6};
 
 struct Unknowns {
     std::vector<double> logFree;  // per component unknown
@@ -178,6 +183,39 @@ Unknowns Along(const Unknowns& x, const std::vector<double>& step, double t, int
     return y;
 }
 
+struct LineSearchResult {
+    double t = 0;         // share of the step taken; 0 when no trial decreased the residuals
+    double norm = HUGE_VAL;
+    bool sufficient = false;
+};
+
+// Backtracking along the step from x (its largest change of a logarithm cut
+// to kLargestLogStep first): the first share that decreases the squared
+// residuals sufficiently, else the share that decreased them most.
+LineSearchResult SearchAlong(CalcContext& ctx, const Unknowns& x, const std::vector<double>& step,
+                             const std::vector<BalanceRow>& rows, const std::vector<double>& f0) {
+    const int32_t n = ctx.state.newton.n;
+    double largest = 0;
+    for (int32_t u = 0; u < n; ++u) largest = std::max(largest, std::fabs(step[u]));
+    const double norm0 = SquaredNorm(f0);
+    LineSearchResult best;
+    std::vector<double> f;
+    double t = largest > kLargestLogStep ? kLargestLogStep / largest : 1.0;
+    for (int32_t i = 0; i < kHalvings; ++i, t /= 2) {
+        if (!Residuals(ctx, Along(x, step, t, n), rows, f)) continue;
+        const double norm = SquaredNorm(f);
+        if (norm < best.norm) {
+            best.norm = norm;
+            best.t = t;
+        }
+        if (norm <= (1 - std::max(kSufficientDecrease * t, kLeastUsefulDecrease)) * norm0) {
+            best.sufficient = true;
+            break;
+        }
+    }
+    return best;
+}
+
 }  // namespace
 
 void FallbackUpdate(CalcContext& ctx, bool& converged) {
@@ -189,35 +227,29 @@ void FallbackUpdate(CalcContext& ctx, bool& converged) {
     if (ns.Size() == 0) return;
     const std::vector<BalanceRow> rows = BalanceRows(ctx);
     const Unknowns x = CurrentUnknowns(ctx);
-    std::vector<double> f0, jac, step;
+    std::vector<double> f0, jac;
     const int32_t size = ns.Size();
     bool usable = Residuals(ctx, x, rows, f0) && Jacobian(ctx, x, f0, rows, jac);
+    Unknowns next = x;
     if (usable) {
         std::vector<double> minusF(size);
         for (int32_t r = 0; r < size; ++r) minusF[r] = -f0[r];
-        usable = SolvePivoted(jac, minusF, size, step) ||
-                 SolveDampedLeastSquares(jac, minusF, size, kLeastSquaresDamping, step);
-    }
-    Unknowns next = x;
-    if (usable) {
-        double largest = 0;
-        for (int32_t u = 0; u < ns.n; ++u) largest = std::max(largest, std::fabs(step[u]));
-        const double limit = largest > kLargestLogStep ? kLargestLogStep / largest : 1.0;
-        const double norm0 = SquaredNorm(f0);
-        double t = limit, bestNorm = norm0, bestT = 0;
-        std::vector<double> f;
-        for (int32_t i = 0; i < kHalvings; ++i, t /= 2) {
-            const Unknowns y = Along(x, step, t, ns.n);
-            if (!Residuals(ctx, y, rows, f)) continue;
-            const double norm = SquaredNorm(f);
-            if (norm < bestNorm) {
-                bestNorm = norm;
-                bestT = t;
+        // the Newton step first; where its line search finds no decrease
+        // (a nearly singular Jacobian), ever more damped steps that turn
+        // towards the steepest descent of the residuals
+        double bestNorm = SquaredNorm(f0);
+        for (double damping : kStepDampings) {
+            std::vector<double> step;
+            const bool solved = damping == 0 ? SolvePivoted(jac, minusF, size, step)
+                                             : SolveDampedLeastSquares(jac, minusF, size, damping, step);
+            if (!solved) continue;
+            const LineSearchResult found = SearchAlong(ctx, x, step, rows, f0);
+            if (found.norm < bestNorm) {
+                bestNorm = found.norm;
+                next = Along(x, step, found.t, ns.n);
             }
-            if (norm <= (1 - kSufficientDecrease * t) * norm0) break;
+            if (found.sufficient) break;
         }
-        // no decrease at all: a small step along the Newton direction all the same
-        next = Along(x, step, bestT > 0 ? bestT : t, ns.n);
     }
     // the species, sums and ratios of the new state, for the ionic strength,
     // the solids and the report; `converged` stays as the state before said

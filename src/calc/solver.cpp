@@ -228,9 +228,10 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress) {
         if (organic) OrganicSpeciesStep(ctx);
         TotalsAndRatios(ctx, converged);
         if (!organic && st.fallbackAllowed && !st.fallback.active && IterationStalled(ctx)) StartFallback(ctx, converged);
-        if (st.fallback.active)
+        if (st.fallback.active) {
+            WatchFallback(ctx, converged);
             FallbackUpdate(ctx, converged);
-        else if (organic)
+        } else if (organic)
             OrganicUpdate(ctx, converged);
         else
             InorganicUpdate(ctx, converged);

@@ -56,6 +56,10 @@ bool IterationStalled(CalcContext& ctx);
 // Continues from the best state so far: restores it and recomputes the
 // species and the totals (clearing `converged` as they say).
 void StartFallback(CalcContext& ctx, bool& converged);
+// Watches the fallback: when it makes no progress with solids present, they
+// all leave (clearing `converged`); the saturation checks bring back those
+// that are oversaturated.
+void WatchFallback(CalcContext& ctx, bool& converged);
 // One damped Newton-Raphson step on the logarithms of the free
 // concentrations (and the amounts of the present solids), with a line search
 // on the scaled residuals of the mass balances, the proton balance and the

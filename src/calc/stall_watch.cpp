@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "calc/activity.h"
+#include "calc/precipitation.h"
 #include "calc/solver.h"
 
 namespace tormel {
@@ -23,6 +24,9 @@ constexpr double kDivergedRatio = 1e6;
 constexpr int32_t kFirstIterations = 100;
 // However it goes, the specified iteration hands over after this many.
 constexpr int32_t kLastHandover = 3000;
+// Iterations of the fallback without progress after which the present
+// solids are let go.
+constexpr int32_t kFallbackStallWindow = 100;
 
 bool FreeConcentrationsValid(const ChemicalSystem& chem) {
     for (const SystemComponent& sc : chem.systemComponents)
@@ -43,6 +47,22 @@ void TakeBest(const CalcContext& ctx, BestIterate& best) {
     best.ionicStrength = ctx.state.ionicStrength;
 }
 
+// Marks progress of the worst ratio (starting afresh when a solid entered
+// or left: a new problem) and tells for how many iterations there was none.
+int32_t IterationsWithoutProgress(const SolverState& st, BestIterate& best) {
+    if (best.solids != st.newton.m) {
+        best.solids = st.newton.m;
+        best.worstRatio = std::numeric_limits<double>::infinity();
+        best.progressRatio = st.worstRatio;
+        best.progressIteration = st.iterationCount;
+    }
+    if (std::log(st.worstRatio) < kProgressShare * std::log(best.progressRatio)) {
+        best.progressRatio = st.worstRatio;
+        best.progressIteration = st.iterationCount;
+    }
+    return st.iterationCount - best.progressIteration;
+}
+
 }  // namespace
 
 bool IterationStalled(CalcContext& ctx) {
@@ -50,20 +70,32 @@ bool IterationStalled(CalcContext& ctx) {
     BestIterate& best = st.fallback.best;
     if (st.iterationCount == 1) best = BestIterate{};
     if (!FreeConcentrationsValid(ctx.chem)) return true;
-    if (best.solids != st.newton.m) {  // a solid entered or left: a new problem
-        best.solids = st.newton.m;
-        best.worstRatio = std::numeric_limits<double>::infinity();
-        best.progressRatio = st.worstRatio;
-        best.progressIteration = st.iterationCount;
-    }
+    const int32_t withoutProgress = IterationsWithoutProgress(st, best);
     if (st.worstRatio < best.worstRatio) TakeBest(ctx, best);
-    if (std::log(st.worstRatio) < kProgressShare * std::log(best.progressRatio)) {
-        best.progressRatio = st.worstRatio;
-        best.progressIteration = st.iterationCount;
-    }
     if (st.iterationCount >= kLastHandover) return true;
     if (st.iterationCount > kFirstIterations && st.worstRatio > kDivergedRatio) return true;
-    return st.iterationCount - best.progressIteration > kStallWindow;
+    return withoutProgress > kStallWindow;
+}
+
+void WatchFallback(CalcContext& ctx, bool& converged) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    NewtonSystem& ns = st.newton;
+    if (IterationsWithoutProgress(st, st.fallback.best) <= kFallbackStallWindow || ns.m == 0) return;
+    // the present solids hold the fallback in a corner: all of them leave,
+    // and the saturation checks let them enter again one by one
+    const int32_t first = chem.solidSpeciesRange.first;
+    for (int32_t k = ns.m - 1; k >= 0; --k) {
+        const int32_t offset = ns.solidSpecies[k] - first;
+        chem.species[ns.solidSpecies[k]].concentration = 0;
+        if (offset >= 0 && offset < static_cast<int32_t>(st.solidPreviousAmount.size()))
+            st.solidPreviousAmount[offset] = 0;
+        RemoveSolidUnknown(ns, k);
+    }
+    SaveUnknowns(ctx);
+    converged = false;
+    SpeciesConcentrations(chem);
+    TotalsAndRatios(ctx, converged);
 }
 
 void StartFallback(CalcContext& ctx, bool& converged) {
@@ -95,6 +127,7 @@ void StartFallback(CalcContext& ctx, bool& converged) {
     converged = true;
     SpeciesConcentrations(chem);
     TotalsAndRatios(ctx, converged);
+    st.fallback.best.solids = -1;  // the fallback's progress is counted from here
 }
 
 }  // namespace tormel
