@@ -107,19 +107,19 @@ void ProtonUpdate(CalcContext& ctx, bool& converged) {
         if (!RelativelyEqual(next, h, st.workingCriterion)) converged = false;
         hydrogen.freeConcentration = next;
     }
-    if (!converged) return;
-    if (st.protonWorstRatio > st.inputCriterion) {
-        converged = false;
-        return;
-    }
-    if (AnyFreeGiven(chem)) return;
+    if (converged) converged = ProtonBalanceHolds(ctx);
+}
+
+bool ProtonBalanceHolds(const CalcContext& ctx) {
+    const ChemicalSystem& chem = ctx.chem;
+    const SolverState& st = ctx.state;
+    if (st.protonWorstRatio > st.inputCriterion) return false;
+    if (AnyFreeGiven(chem)) return true;
     double positive, negative;
     SpeciesChargeSums(chem, positive, negative);
     if (OrganicModelActive(ctx)) AddOrganicCharges(ctx, positive, negative);
-    if (st.inputChargeExcess == 0)
-        converged = RelativelyEqual(positive, negative, st.inputCriterion);
-    else
-        converged = RelativelyEqual(st.inputChargeExcess, positive - negative, st.inputCriterion);
+    if (st.inputChargeExcess == 0) return RelativelyEqual(positive, negative, st.inputCriterion);
+    return RelativelyEqual(st.inputChargeExcess, positive - negative, st.inputCriterion);
 }
 
 }  // namespace tormel

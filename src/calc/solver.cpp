@@ -8,6 +8,7 @@
 #include "calc/compare.h"
 #include "calc/organic_model.h"
 #include "calc/precipitation.h"
+#include "core/c_number.h"
 
 namespace tormel {
 
@@ -118,6 +119,23 @@ bool NewtonAllowed(CalcContext& ctx) {
     return allowed;
 }
 
+// Why the iteration bound was reached: the balance that is furthest off, or,
+// when every balance holds, what else did not settle.
+std::string NotConvergedMessage(const CalcContext& ctx) {
+    const SolverState& st = ctx.state;
+    std::string text = "not converged after " + std::to_string(st.iterationCount) + " iterations";
+    if (st.fallback.active) text += " (fallback from iteration " + std::to_string(st.fallback.startIteration) + ")";
+    const std::string ratio = FormatC("%.6g", st.worstRatio);
+    if (st.worstRatio > st.workingCriterion)
+        text += "; worst component " + (st.worstComponentName.empty() ? std::string("(none)") : st.worstComponentName) +
+                ", ratio " + ratio;
+    else
+        text += "; every balance holds (worst ratio " + ratio +
+                "), but the ionic strength, the charge balance or the solids did not settle";
+    if (OrganicModelActive(ctx) && st.organic.counterIonCapped) text += "; " + st.organic.counterIonMessage;
+    return text;
+}
+
 }  // namespace
 
 void SaveUnknowns(CalcContext& ctx) {
@@ -159,6 +177,7 @@ void InitialiseSolve(CalcContext& ctx) {
     FreeFromActivity(ctx);
     FreeFromGivenMember(ctx);
     st.newtonCountdown = 0;
+    st.fallback = FallbackState{};
     st.abortRequested = false;
     // the organic donors and acceptors belong to this solve's organic matter only
     st.protonSums.donorOrganic = st.protonSums.acceptorOrganic = 0;
@@ -208,7 +227,11 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress) {
         SpeciesConcentrations(ctx.chem);
         if (organic) OrganicSpeciesStep(ctx);
         TotalsAndRatios(ctx, converged);
-        if (organic)
+        if (!organic && st.fallbackAllowed && !st.fallback.active && IterationStalled(ctx)) StartFallback(ctx, converged);
+        if (st.fallback.active) {
+            WatchFallback(ctx, converged);
+            FallbackUpdate(ctx, converged);
+        } else if (organic)
             OrganicUpdate(ctx, converged);
         else
             InorganicUpdate(ctx, converged);
@@ -225,13 +248,11 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress) {
             break;
         }
         if (st.iterationCount >= st.maxIterations) {
-            result.message = "not converged after " + std::to_string(st.iterationCount) + " iterations; worst component " +
-                             (st.worstComponentName.empty() ? std::string("(none)") : st.worstComponentName) +
-                             ", ratio " + std::to_string(st.worstRatio);
-            if (organic && st.organic.counterIonCapped) result.message += "; " + st.organic.counterIonMessage;
+            result.message = NotConvergedMessage(ctx);
             break;
         }
     }
+    result.fallbackUsed = st.fallback.active;
     result.cancelled = st.abortRequested;
     result.iterations = st.iterationCount;
     result.worstComponent = st.worstComponentName;

@@ -30,6 +30,9 @@ void CombineSums(SystemComponent& sc, double bulkFraction);
 void RatioUpdate(CalcContext& ctx, int32_t component);
 // The secant update of the free H+ concentration in proton-balance mode.
 void ProtonUpdate(CalcContext& ctx, bool& converged);
+// The proton balance within the input criterion and, unless a component is
+// given as a free concentration or activity, the electroneutrality test.
+bool ProtonBalanceHolds(const CalcContext& ctx);
 // One Newton-Raphson step on the mass balances (and present solids); false
 // when the Jacobian cannot be formed or inverted.
 bool NewtonStep(CalcContext& ctx, bool& converged);
@@ -43,6 +46,26 @@ void FreeFromGivenMember(CalcContext& ctx);
 bool TightenCriterion(SolverState& state);
 // Copies the unknowns (free concentrations, solid amounts) into x.
 void SaveUnknowns(CalcContext& ctx);
+
+// --- the fallback for waters on which the iteration above stalls ---
+
+// Watches the specified iteration after its totals and ratios: keeps its
+// best state and tells when it stalls or diverges (worst ratio not improving
+// over a window, far off after the first iterations, or not finite).
+bool IterationStalled(CalcContext& ctx);
+// Continues from the best state so far: restores it and recomputes the
+// species and the totals (clearing `converged` as they say).
+void StartFallback(CalcContext& ctx, bool& converged);
+// Watches the fallback: when it makes no progress with solids present, they
+// all leave (clearing `converged`); the saturation checks bring back those
+// that are oversaturated.
+void WatchFallback(CalcContext& ctx, bool& converged);
+// One damped Newton-Raphson step on the logarithms of the free
+// concentrations (and the amounts of the present solids), with a line search
+// on the scaled residuals of the mass balances, the proton balance and the
+// saturation of the present solids. Replaces the update of the free
+// concentrations once the fallback has started.
+void FallbackUpdate(CalcContext& ctx, bool& converged);
 
 // --- places of precipitation and the organic model in the iteration ---
 

@@ -67,6 +67,7 @@ struct SolveResult {
     int32_t iterations = 0;
     std::string worstComponent;
     double worstRatio = 0;
+    bool fallbackUsed = false;  // the specified iteration stalled; the fallback finished the solve
     std::string message;  // why a solve ended without convergence; empty otherwise
 };
 
@@ -78,6 +79,26 @@ struct ProtonUpdateState {
     float damping = 0;
     double hPrevious = 0, tPrevious = 0;
     double hCurrent = 0, tCurrent = 0;
+};
+
+// The best state of the specified iteration so far (lowest worst ratio
+// since the set of present solids last changed), from which the fallback
+// starts when that iteration stalls or diverges.
+struct BestIterate {
+    double worstRatio = 0;
+    double progressRatio = 0;   // worst ratio at the last marked progress
+    int32_t progressIteration = 0;
+    int32_t solids = -1;        // present solids when it was taken
+    std::vector<double> free;   // per system component
+    std::vector<double> amounts;  // per species of the solid range
+    NewtonSystem newton;
+    double ionicStrength = 0;
+};
+
+struct FallbackState {
+    bool active = false;
+    int32_t startIteration = 0;
+    BestIterate best;
 };
 
 struct SolverState {
@@ -95,6 +116,7 @@ struct SolverState {
 
     // --- iteration ---
     int32_t maxIterations = kDefaultMaxIterations;
+    bool fallbackAllowed = true;  // off: the specified iteration alone, up to the bound
     int32_t iterationCount = 0;
     double inputCriterion = 1.0001;
     double workingCriterion = 1.0001;
@@ -112,6 +134,7 @@ struct SolverState {
     ProtonUpdateState proton;
     ProtonSums protonSums;
     NewtonSystem newton;
+    FallbackState fallback;
     // per system component: the first species whose composition holds it
     std::vector<int32_t> firstSpeciesOf;
 

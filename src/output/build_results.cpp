@@ -242,6 +242,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     AddSpeciesLists(chem, records);
 
     header.iterationCount = st.iterationCount;
+    header.fallbackIteration = st.fallback.active ? st.fallback.startIteration : 0;
     header.logGamma1 = st.logGamma1;
     header.cationCharge = st.cationCharge;
     header.anionCharge = st.anionCharge;

@@ -31,6 +31,8 @@ void BuildGeneralBlock(const OtherInfoSource& source, InfoBlock& block) {
 
     w.Text(0, source.Text("NumIt"));
     w.Integer(1, header.iterationCount);
+    if (header.fallbackIteration > 0)
+        w.Text(2, source.Text("NumItFallback") + " " + std::to_string(header.fallbackIteration));
     w.NextRow();
     ValueRow(w, source.Text("I"), snapshot.ReportedIonicStrength(), "M");
     ValueRow(w, source.Text("ChrgPos"), header.cationCharge, "eq");

@@ -24,6 +24,13 @@ inline constexpr std::string_view kOutputFileVersion = "1.3";
 // number, and read back as minus infinity.
 inline constexpr std::string_view kNoSaturationWord = "absent";
 
+// After the iteration count line's charges, a result that the solver's
+// fallback finished carries this word and the iteration at which the
+// fallback took over (readers of older versions skip the rest of that line).
+inline constexpr const char* kFallbackMark = "fallback";
+// The iteration in the rest of that line; 0 when it holds no fallback mark.
+int32_t FallbackIterationOf(std::string_view rest);
+
 // Why a file was refused: the key of section "Output" ("ErrorOpen1" to
 // "ErrorOpen4") and, for a version that is too old, the third line.
 struct OutputFileError {

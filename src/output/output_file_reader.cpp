@@ -152,7 +152,9 @@ private:
         if (!Int(header.iterationCount) || !Flag(in.ionicStrengthFixed) || !Double(ionicStrength)) return false;
         (in.ionicStrengthFixed ? snap.ionicStrengthFromComposition : snap.ionicStrength) = ionicStrength;
         if (!Double(header.cationCharge) || !Double(header.anionCharge)) return false;
-        in_.SkipLine();
+        std::string rest;
+        if (!Line(rest, kWholeLineRead)) return false;
+        header.fallbackIteration = FallbackIterationOf(rest);
 
         auto& f = snap.fractions;
         if (in.organicComplexation &&
@@ -382,6 +384,16 @@ std::optional<OutputFileError> ReadOutputText(std::u16string text, ResultStore& 
     StoreSetRecords(store, set, std::move(records));
     if (set == 0) store.holdsLoadedOutput = true;
     return std::nullopt;
+}
+
+int32_t FallbackIterationOf(std::string_view rest) {
+    const auto skipBlanks = [&rest] { rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size())); };
+    skipBlanks();
+    const std::string_view mark = kFallbackMark;
+    if (rest.substr(0, mark.size()) != mark) return 0;
+    rest.remove_prefix(mark.size());
+    skipBlanks();
+    return std::max(StrToIntPlatform(rest), 0);
 }
 
 std::optional<OutputFileError> ReadOutputFile(const std::string& path, ResultStore& store, int32_t set,

@@ -142,7 +142,9 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
 
     out += FormatC("%i %i ", header.iterationCount, Flag(in.ionicStrengthFixed));
     out += FormatC("%.16G ", snap.ReportedIonicStrength());
-    out += FormatC("%.16G %.16G\n", header.cationCharge, header.anionCharge);
+    out += FormatC("%.16G %.16G", header.cationCharge, header.anionCharge);
+    if (header.fallbackIteration > 0) out += FormatC(" %s %i", kFallbackMark, header.fallbackIteration);
+    out += "\n";
 
     if (in.organicComplexation) {
         const auto& f = snap.fractions;

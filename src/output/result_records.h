@@ -67,6 +67,9 @@ struct ResultHeader {
     double cationCharge = 0;  // eq/L
     double logGamma1 = 0;
     int32_t iterationCount = 0;
+    // iteration at which the solver's fallback took over from the specified
+    // iteration; 0 when it was not needed
+    int32_t fallbackIteration = 0;
 };
 
 struct ComponentResult {

@@ -79,6 +79,17 @@ TEST(OtherInfo, DaviesWithoutOrganicMatterHasSixGeneralRowsAndNoMsaOrOrganicBloc
     EXPECT_DOUBLE_EQ(general.FindCell(1, 1)->number, set.snapshot.ionicStrength);
 }
 
+TEST(OtherInfo, IterationCountSaysWhenTheFallbackFinishedTheSolve) {
+    HandSet h;
+    h.set.header.iterationCount = 340;
+    h.Build();
+    EXPECT_EQ(h.Text(InfoGeneral, 2, 0), "");
+    h.set.header.fallbackIteration = 312;
+    h.Build();
+    EXPECT_EQ(h.Text(InfoGeneral, 1, 0), "340");
+    EXPECT_EQ(h.Text(InfoGeneral, 2, 0), "with the fallback solver from iteration 312");
+}
+
 TEST(OtherInfo, MsaBlockListsSaltsIonsAndModelParameters) {
     const CalculatedWorkspace c(ReferenceCaseFile("seawater_major_ions"), 2);
     ASSERT_TRUE(c.ok);

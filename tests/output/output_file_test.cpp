@@ -192,6 +192,25 @@ TEST(OutputFileLayout, OptionalBlocksFollowTheSwitchesAndIndexesShiftByOne) {
     EXPECT_TRUE(back.holdsLoadedOutput);
 }
 
+TEST(OutputFileLayout, AResultOfTheFallbackMarksItsIterationLineAndReadsBack) {
+    ResultStore store = FullStore();
+    const std::string plain = FormatOutputFile(store, 0);
+    store.sets[0].header.fallbackIteration = 312;
+    const std::string marked = FormatOutputFile(store, 0);
+    const std::string line = "17 1 0.0123 0.004 0.0039";
+    ASSERT_NE(plain.find("\n" + line + "\n"), std::string::npos);
+    std::string expected = plain;
+    expected.insert(expected.find("\n" + line + "\n") + 1 + line.size(), " fallback 312");
+    EXPECT_EQ(marked, expected) << "the mark is all that changes";
+    for (const auto& [text, iteration] : {std::pair{plain, 0}, std::pair{marked, 312}}) {
+        ResultStore back = FullStore();
+        back.sets[0].header.fallbackIteration = 99;
+        ASSERT_FALSE(Read(text, back).has_value());
+        EXPECT_EQ(back.sets[0].header.fallbackIteration, iteration);
+        EXPECT_EQ(back.sets[0].header.cationCharge, 4e-3);
+    }
+}
+
 TEST(OutputFileLayout, QuotedTextsOfEveryLengthUpToTheLimitReadBackExactly) {
     ResultStore store = FullStore();
     SetRecords records;

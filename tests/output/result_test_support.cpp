@@ -117,6 +117,7 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
     c.Int("MSA-ion count", e.header.msaIonCount, a.header.msaIonCount);
     c.Int("reaction count", e.header.reactionDefinitionCount, a.header.reactionDefinitionCount);
     c.Int("iterations", e.header.iterationCount, a.header.iterationCount);
+    c.Int("fallback iteration", e.header.fallbackIteration, a.header.fallbackIteration);
     c.Number("cation charge", e.header.cationCharge, a.header.cationCharge);
     c.Number("anion charge", e.header.anionCharge, a.header.anionCharge);
     if (ei.precipitation) {

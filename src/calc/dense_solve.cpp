@@ -1,0 +1,65 @@
+#include "calc/dense_solve.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tormel {
+
+namespace {
+
+// Pivots below this share of their column's largest entry count as zero.
+constexpr double kNegligiblePivot = 1e-13;
+
+}  // namespace
+
+bool SolvePivoted(std::vector<double> a, std::vector<double> b, int32_t size, std::vector<double>& x) {
+    const auto at = [&](int32_t row, int32_t col) -> double& { return a[static_cast<size_t>(row) * size + col]; };
+    for (int32_t c = 0; c < size; ++c) {
+        int32_t pivot = c;
+        double columnMax = 0;
+        for (int32_t r = c; r < size; ++r) {
+            columnMax = std::max(columnMax, std::fabs(at(r, c)));
+            if (std::fabs(at(r, c)) > std::fabs(at(pivot, c))) pivot = r;
+        }
+        for (int32_t r = 0; r < c; ++r) columnMax = std::max(columnMax, std::fabs(at(r, c)));
+        if (!(std::fabs(at(pivot, c)) > kNegligiblePivot * columnMax)) return false;
+        if (pivot != c) {
+            for (int32_t k = 0; k < size; ++k) std::swap(at(c, k), at(pivot, k));
+            std::swap(b[c], b[pivot]);
+        }
+        for (int32_t r = c + 1; r < size; ++r) {
+            const double f = at(r, c) / at(c, c);
+            if (f == 0) continue;
+            for (int32_t k = c; k < size; ++k) at(r, k) -= f * at(c, k);
+            b[r] -= f * b[c];
+        }
+    }
+    x.assign(size, 0);
+    for (int32_t r = size - 1; r >= 0; --r) {
+        double sum = b[r];
+        for (int32_t k = r + 1; k < size; ++k) sum -= at(r, k) * x[k];
+        x[r] = sum / at(r, r);
+        if (!std::isfinite(x[r])) return false;
+    }
+    return true;
+}
+
+bool SolveDampedLeastSquares(const std::vector<double>& a, const std::vector<double>& b, int32_t size, double lambda,
+                             std::vector<double>& x) {
+    std::vector<double> normal(static_cast<size_t>(size) * size, 0), rhs(size, 0);
+    for (int32_t i = 0; i < size; ++i) {
+        for (int32_t j = 0; j < size; ++j) {
+            double sum = 0;
+            for (int32_t k = 0; k < size; ++k) sum += a[static_cast<size_t>(k) * size + i] * a[static_cast<size_t>(k) * size + j];
+            normal[static_cast<size_t>(i) * size + j] = sum;
+        }
+        for (int32_t k = 0; k < size; ++k) rhs[i] += a[static_cast<size_t>(k) * size + i] * b[k];
+    }
+    for (int32_t i = 0; i < size; ++i) {
+        double& d = normal[static_cast<size_t>(i) * size + i];
+        d += lambda * d + 1e-300;
+    }
+    return SolvePivoted(std::move(normal), std::move(rhs), size, x);
+}
+
+}  // namespace tormel

@@ -1,0 +1,262 @@
+// The fallback of the speciation solver: a damped Newton-Raphson method on
+// the logarithms of the free concentrations of the mass-balance components
+// and on the amounts of the present solids, with a line search on the
+// residuals of the mass balances (the proton balance as donors against
+// acceptors in proton-balance mode) and the saturation indices of the
+// present solids. The Jacobian is formed by differences through the solver's
+// own species and totals, so that every kind of species counts as the
+// iteration counts it; the activity coefficients stay fixed within a step
+// and follow between steps.
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "calc/dense_solve.h"
+#include "calc/solver.h"
+
+namespace tormel {
+
+namespace {
+
+// Difference of the logarithm used for the Jacobian's columns.
+constexpr double kLogDifference = 1e-7;
+// Largest change of a free concentration's natural logarithm in one step
+// (a factor of about 150).
+constexpr double kLargestLogStep = 5.0;
+// A present solid's amount falls at most to this share in one step.
+constexpr double kLeastAmountShare = 0.1;
+// Line search: sufficient decrease, step halvings before giving up.
+constexpr double kSufficientDecrease = 1e-4;
+constexpr int32_t kHalvings = 20;
+// A step that decreases the squared residuals by less than this share is
+// no use on its own (a nearly singular Jacobian gives huge steps of which
+// only a vanishing share can be taken): the damped steps are tried too.
+constexpr double kLeastUsefulDecrease = 0.01;
+// Dampings of the steps tried in turn: the Newton step, then Levenberg-
+// Marquardt steps turning towards the steepest descent.
+constexpr double kStepDampings[] = {0, 1e-6, 1e-3, 1, 1e3, 1e6};
+
+struct Unknowns {
+    std::vector<double> logFree;  // per component unknown
+    std::vector<double> amount;   // per present solid
+};
+
+// How the residual of one balance is formed at the start of a step (and kept
+// through its line search). A balance whose sums are positive is compared in
+// logarithms, ln(positive part / negative part) with the total on the side
+// its sign puts it: nearly linear in the logarithms of the free
+// concentrations however far off the balance is. Otherwise the difference
+// scaled by the larger of the two totals.
+struct BalanceRow {
+    bool logarithmic = false;
+    double totalOnPositive = 0, totalOnNegative = 0;  // logarithmic rows
+    double scale = 1;                                 // linear rows
+    double positive = 1, negative = 1;  // d(residual)/d(amount) per unit of a solid's coefficient, by its sign
+};
+
+std::vector<BalanceRow> BalanceRows(const CalcContext& ctx) {
+    const SolverState& st = ctx.state;
+    const NewtonSystem& ns = st.newton;
+    std::vector<BalanceRow> rows(ns.n);
+    for (int32_t u = 0; u < ns.n; ++u) {
+        const int32_t j = ns.unknownComponent[u];
+        const SystemComponent& sc = ctx.chem.systemComponents[j];
+        BalanceRow& row = rows[u];
+        const double total = sc.balanceTotal;
+        row.totalOnPositive = total < 0 ? -total : 0;
+        row.totalOnNegative = total > 0 ? total : 0;
+        if (j == 0 && st.protonBalanceMode) {
+            const double d = st.protonSums.donors + row.totalOnPositive, a = st.protonSums.acceptors + row.totalOnNegative;
+            row.logarithmic = d > 0 && a > 0 && std::isfinite(d) && std::isfinite(a);
+            row.positive = 1 / d;
+            row.negative = 1 / a;
+        } else {
+            row.logarithmic = total > 0 && sc.calculatedTotal > 0 && std::isfinite(sc.calculatedTotal);
+            row.positive = row.negative = row.logarithmic ? 1 / sc.calculatedTotal : 0;
+        }
+        if (!row.logarithmic) {
+            double scale = std::max(std::fabs(total), std::fabs(sc.calculatedTotal));
+            if (!(scale > 0) || !std::isfinite(scale)) scale = std::max(std::fabs(total), 1e-300);
+            row.scale = scale;
+            row.positive = row.negative = 1 / scale;
+        }
+    }
+    return rows;
+}
+
+double BalanceResidual(const CalcContext& ctx, int32_t j, const BalanceRow& row) {
+    const SystemComponent& sc = ctx.chem.systemComponents[j];
+    if (!row.logarithmic) return (sc.calculatedTotal - sc.balanceTotal) / row.scale;
+    const SolverState& st = ctx.state;
+    const bool proton = j == 0 && st.protonBalanceMode;
+    const double positive = (proton ? st.protonSums.donors : sc.calculatedTotal) + row.totalOnPositive;
+    const double negative = (proton ? st.protonSums.acceptors : 0) + row.totalOnNegative;
+    return std::log(positive / negative);
+}
+
+Unknowns CurrentUnknowns(const CalcContext& ctx) {
+    const NewtonSystem& ns = ctx.state.newton;
+    Unknowns x;
+    for (int32_t u = 0; u < ns.n; ++u)
+        x.logFree.push_back(std::log(ctx.chem.systemComponents[ns.unknownComponent[u]].freeConcentration));
+    for (int32_t k = 0; k < ns.m; ++k) x.amount.push_back(ctx.chem.species[ns.solidSpecies[k]].concentration);
+    return x;
+}
+
+void PutUnknowns(CalcContext& ctx, const Unknowns& x) {
+    const NewtonSystem& ns = ctx.state.newton;
+    for (int32_t u = 0; u < ns.n; ++u)
+        ctx.chem.systemComponents[ns.unknownComponent[u]].freeConcentration = std::exp(x.logFree[u]);
+    for (int32_t k = 0; k < ns.m; ++k) ctx.chem.species[ns.solidSpecies[k]].concentration = x.amount[k];
+    FreeFromGivenMember(ctx);
+}
+
+// Residuals at the unknowns x; false when one is not finite.
+bool Residuals(CalcContext& ctx, const Unknowns& x, const std::vector<BalanceRow>& rows, std::vector<double>& f) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    const NewtonSystem& ns = st.newton;
+    PutUnknowns(ctx, x);
+    SpeciesConcentrations(chem);
+    bool ignored = true;
+    TotalsAndRatios(ctx, ignored);
+    f.assign(ns.Size(), 0);
+    for (int32_t u = 0; u < ns.n; ++u) f[u] = BalanceResidual(ctx, ns.unknownComponent[u], rows[u]);
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t k = 0; k < ns.m; ++k) {
+        const int32_t s = ns.solidSpecies[k];
+        double si = std::log(10.0) * chem.species[s].workingLogK;
+        for (int32_t e = 0; e < chem.species[s].componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            si += term.coefficient * std::log(chem.systemComponents[term.systemComponent].freeConcentration);
+        }
+        f[ns.n + k] = si;
+    }
+    for (double v : f)
+        if (!std::isfinite(v)) return false;
+    return true;
+}
+
+double SquaredNorm(const std::vector<double>& f) {
+    double sum = 0;
+    for (double v : f) sum += v * v;
+    return sum;
+}
+
+// Jacobian of the residuals, row-major: the component columns by forward
+// differences, the solid columns exactly (a solid adds nu * amount to the
+// sums of its components).
+bool Jacobian(CalcContext& ctx, const Unknowns& x, const std::vector<double>& f0, const std::vector<BalanceRow>& rows,
+              std::vector<double>& jac) {
+    const NewtonSystem& ns = ctx.state.newton;
+    const int32_t size = ns.Size();
+    jac.assign(static_cast<size_t>(size) * size, 0);
+    std::vector<double> f;
+    for (int32_t v = 0; v < ns.n; ++v) {
+        Unknowns moved = x;
+        moved.logFree[v] += kLogDifference;
+        if (!Residuals(ctx, moved, rows, f)) return false;
+        for (int32_t r = 0; r < size; ++r) jac[static_cast<size_t>(r) * size + v] = (f[r] - f0[r]) / kLogDifference;
+    }
+    const ChemicalSystem& chem = ctx.chem;
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t k = 0; k < ns.m; ++k) {
+        const int32_t s = ns.solidSpecies[k];
+        for (int32_t e = 0; e < chem.species[s].componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            const int32_t u = ns.componentUnknown[term.systemComponent];
+            if (u < 0) continue;
+            const double perUnit = term.coefficient > 0 ? rows[u].positive : rows[u].negative;
+            jac[static_cast<size_t>(u) * size + ns.n + k] += term.coefficient * ctx.state.bulkFraction * perUnit;
+        }
+    }
+    return true;
+}
+
+// x + t * step, with a present solid's amount kept positive.
+Unknowns Along(const Unknowns& x, const std::vector<double>& step, double t, int32_t n) {
+    Unknowns y = x;
+    for (int32_t u = 0; u < n; ++u) y.logFree[u] += t * step[u];
+    for (size_t k = 0; k < y.amount.size(); ++k)
+        y.amount[k] = std::max(x.amount[k] + t * step[n + k], kLeastAmountShare * x.amount[k]);
+    return y;
+}
+
+struct LineSearchResult {
+    double t = 0;         // share of the step taken; 0 when no trial decreased the residuals
+    double norm = HUGE_VAL;
+    bool sufficient = false;
+};
+
+// Backtracking along the step from x (its largest change of a logarithm cut
+// to kLargestLogStep first): the first share that decreases the squared
+// residuals sufficiently, else the share that decreased them most.
+LineSearchResult SearchAlong(CalcContext& ctx, const Unknowns& x, const std::vector<double>& step,
+                             const std::vector<BalanceRow>& rows, const std::vector<double>& f0) {
+    const int32_t n = ctx.state.newton.n;
+    double largest = 0;
+    for (int32_t u = 0; u < n; ++u) largest = std::max(largest, std::fabs(step[u]));
+    const double norm0 = SquaredNorm(f0);
+    LineSearchResult best;
+    std::vector<double> f;
+    double t = largest > kLargestLogStep ? kLargestLogStep / largest : 1.0;
+    for (int32_t i = 0; i < kHalvings; ++i, t /= 2) {
+        if (!Residuals(ctx, Along(x, step, t, n), rows, f)) continue;
+        const double norm = SquaredNorm(f);
+        if (norm < best.norm) {
+            best.norm = norm;
+            best.t = t;
+        }
+        if (norm <= (1 - std::max(kSufficientDecrease * t, kLeastUsefulDecrease)) * norm0) {
+            best.sufficient = true;
+            break;
+        }
+    }
+    return best;
+}
+
+}  // namespace
+
+void FallbackUpdate(CalcContext& ctx, bool& converged) {
+    SolverState& st = ctx.state;
+    const NewtonSystem& ns = st.newton;
+    // the tests of the specified iteration, on the state the totals were taken from
+    if (converged && st.protonBalanceMode) converged = ProtonBalanceHolds(ctx);
+    st.newtonUsed = true;  // present solids are kept saturated by this step
+    if (ns.Size() == 0) return;
+    const std::vector<BalanceRow> rows = BalanceRows(ctx);
+    const Unknowns x = CurrentUnknowns(ctx);
+    std::vector<double> f0, jac;
+    const int32_t size = ns.Size();
+    bool usable = Residuals(ctx, x, rows, f0) && Jacobian(ctx, x, f0, rows, jac);
+    Unknowns next = x;
+    if (usable) {
+        std::vector<double> minusF(size);
+        for (int32_t r = 0; r < size; ++r) minusF[r] = -f0[r];
+        // the Newton step first; where its line search finds no decrease
+        // (a nearly singular Jacobian), ever more damped steps that turn
+        // towards the steepest descent of the residuals
+        double bestNorm = SquaredNorm(f0);
+        for (double damping : kStepDampings) {
+            std::vector<double> step;
+            const bool solved = damping == 0 ? SolvePivoted(jac, minusF, size, step)
+                                             : SolveDampedLeastSquares(jac, minusF, size, damping, step);
+            if (!solved) continue;
+            const LineSearchResult found = SearchAlong(ctx, x, step, rows, f0);
+            if (found.norm < bestNorm) {
+                bestNorm = found.norm;
+                next = Along(x, step, found.t, ns.n);
+            }
+            if (found.sufficient) break;
+        }
+    }
+    // the species, sums and ratios of the new state, for the ionic strength,
+    // the solids and the report; `converged` stays as the state before said
+    std::vector<double> ignored;
+    Residuals(ctx, next, rows, ignored);
+    SaveUnknowns(ctx);
+    if (!usable) converged = false;
+}
+
+}  // namespace tormel

@@ -1,0 +1,133 @@
+// Watches the specified iteration for a stall or a divergence and keeps its
+// best state, from which the fallback continues.
+#include <cmath>
+#include <limits>
+
+#include "calc/activity.h"
+#include "calc/precipitation.h"
+#include "calc/solver.h"
+
+namespace tormel {
+
+namespace {
+
+// Iterations without marked progress after which the iteration counts as
+// stalled. Real waters that converge do so in well under this.
+constexpr int32_t kStallWindow = 300;
+// Progress is marked when log(worst ratio) falls below this share of its
+// value at the last mark.
+constexpr double kProgressShare = 0.9;
+// A worst ratio this far off (or not finite) after the first iterations
+// means divergence; free concentrations that are not finite end the
+// specified iteration at once.
+constexpr double kDivergedRatio = 1e6;
+constexpr int32_t kFirstIterations = 100;
+// However it goes, the specified iteration hands over after this many.
+constexpr int32_t kLastHandover = 3000;
+// Iterations of the fallback without progress after which the present
+// solids are let go.
+constexpr int32_t kFallbackStallWindow = 100;
+
+bool FreeConcentrationsValid(const ChemicalSystem& chem) {
+    for (const SystemComponent& sc : chem.systemComponents)
+        if (!std::isfinite(sc.freeConcentration) || sc.freeConcentration < 0) return false;
+    return true;
+}
+
+void TakeBest(const CalcContext& ctx, BestIterate& best) {
+    const ChemicalSystem& chem = ctx.chem;
+    best.worstRatio = ctx.state.worstRatio;
+    best.free.clear();
+    for (const SystemComponent& sc : chem.systemComponents) best.free.push_back(sc.freeConcentration);
+    best.amounts.clear();
+    const TypeRange range = chem.solidSpeciesRange;
+    if (!range.empty())
+        for (int32_t s = range.first; s <= range.last; ++s) best.amounts.push_back(chem.species[s].concentration);
+    best.newton = ctx.state.newton;
+    best.ionicStrength = ctx.state.ionicStrength;
+}
+
+// Marks progress of the worst ratio (starting afresh when a solid entered
+// or left: a new problem) and tells for how many iterations there was none.
+int32_t IterationsWithoutProgress(const SolverState& st, BestIterate& best) {
+    if (best.solids != st.newton.m) {
+        best.solids = st.newton.m;
+        best.worstRatio = std::numeric_limits<double>::infinity();
+        best.progressRatio = st.worstRatio;
+        best.progressIteration = st.iterationCount;
+    }
+    if (std::log(st.worstRatio) < kProgressShare * std::log(best.progressRatio)) {
+        best.progressRatio = st.worstRatio;
+        best.progressIteration = st.iterationCount;
+    }
+    return st.iterationCount - best.progressIteration;
+}
+
+}  // namespace
+
+bool IterationStalled(CalcContext& ctx) {
+    SolverState& st = ctx.state;
+    BestIterate& best = st.fallback.best;
+    if (st.iterationCount == 1) best = BestIterate{};
+    if (!FreeConcentrationsValid(ctx.chem)) return true;
+    const int32_t withoutProgress = IterationsWithoutProgress(st, best);
+    if (st.worstRatio < best.worstRatio) TakeBest(ctx, best);
+    if (st.iterationCount >= kLastHandover) return true;
+    if (st.iterationCount > kFirstIterations && st.worstRatio > kDivergedRatio) return true;
+    return withoutProgress > kStallWindow;
+}
+
+void WatchFallback(CalcContext& ctx, bool& converged) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    NewtonSystem& ns = st.newton;
+    if (IterationsWithoutProgress(st, st.fallback.best) <= kFallbackStallWindow || ns.m == 0) return;
+    // the present solids hold the fallback in a corner: all of them leave,
+    // and the saturation checks let them enter again one by one
+    const int32_t first = chem.solidSpeciesRange.first;
+    for (int32_t k = ns.m - 1; k >= 0; --k) {
+        const int32_t offset = ns.solidSpecies[k] - first;
+        chem.species[ns.solidSpecies[k]].concentration = 0;
+        if (offset >= 0 && offset < static_cast<int32_t>(st.solidPreviousAmount.size()))
+            st.solidPreviousAmount[offset] = 0;
+        RemoveSolidUnknown(ns, k);
+    }
+    SaveUnknowns(ctx);
+    converged = false;
+    SpeciesConcentrations(chem);
+    TotalsAndRatios(ctx, converged);
+}
+
+void StartFallback(CalcContext& ctx, bool& converged) {
+    ChemicalSystem& chem = ctx.chem;
+    SolverState& st = ctx.state;
+    st.fallback.active = true;
+    st.fallback.startIteration = st.iterationCount;
+    const BestIterate& best = st.fallback.best;
+    if (!best.free.empty()) {
+        for (size_t j = 0; j < chem.systemComponents.size(); ++j) chem.systemComponents[j].freeConcentration = best.free[j];
+        const TypeRange range = chem.solidSpeciesRange;
+        for (size_t k = 0; k < best.amounts.size(); ++k) {
+            chem.species[range.first + k].concentration = best.amounts[k];
+            if (k < st.solidPreviousAmount.size()) st.solidPreviousAmount[k] = best.amounts[k];
+        }
+        st.newton = best.newton;
+        st.ionicStrength = best.ionicStrength;
+        UpdateActivity(ctx);
+        FreeFromActivity(ctx);
+    }
+    // free concentrations that went astray start again from a tenth of their totals
+    for (int32_t u = 0; u < st.newton.n; ++u) {
+        SystemComponent& sc = chem.systemComponents[st.newton.unknownComponent[u]];
+        if (!(std::isfinite(sc.freeConcentration) && sc.freeConcentration > 0))
+            sc.freeConcentration = std::fabs(sc.balanceTotal) > 0 ? std::fabs(sc.balanceTotal) / 10 : 1e-7;
+    }
+    FreeFromGivenMember(ctx);
+    SaveUnknowns(ctx);
+    converged = true;
+    SpeciesConcentrations(chem);
+    TotalsAndRatios(ctx, converged);
+    st.fallback.best.solids = -1;  // the fallback's progress is counted from here
+}
+
+}  // namespace tormel
