@@ -92,7 +92,9 @@ TEST(RedoxElectron, SolidsInThePrecipitationRunUseTheElectronActivity) {
     const SpeciesResult* silver = w.Species("Agmetal");
     EXPECT_GT(silver->concentration, 0);
     for (const Law& law : kLaws)
-        if (std::string(law.formed) == "Agmetal") EXPECT_NEAR(HandValue(w, law), 0, 1e-3);
+        if (std::string(law.formed) == "Agmetal") {
+            EXPECT_NEAR(HandValue(w, law), 0, 1e-3);
+        }
 }
 
 }  // namespace tormel::test

@@ -287,7 +287,9 @@ TEST(XmlExport, ColumnsAreAsWideAsTheirTextsUpToACapAndHeadingsSpillOver) {
                 }
             }
         }
-        if (sheet == std::string("Cations")) EXPECT_TRUE(capped) << "calcium's complex has the long reference";
+        if (sheet == std::string("Cations")) {
+            EXPECT_TRUE(capped) << "calcium's complex has the long reference";
+        }
     }
     // scientific numbers (the concentrations) fit as shown: "2.441E-04" is 9 characters
     EXPECT_GE(book.columnWidths.at("Cations").at(1), PointsFor(10));

@@ -77,7 +77,9 @@ TEST(HelpPages, PagesAreCompleteAndTheirLinksResolve) {
             EXPECT_TRUE(QFileInfo::exists(kSourceHelp + target)) << "broken link to " << target.toStdString();
         }
         // Real content, not a placeholder.
-        if (file != QStringLiteral("search.html")) EXPECT_GT(html.size(), 900);
+        if (file != QStringLiteral("search.html")) {
+            EXPECT_GT(html.size(), 900);
+        }
     }
 }
 

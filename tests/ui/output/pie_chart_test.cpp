@@ -37,7 +37,9 @@ TEST(PieChartText, ParsesEntriesAndTotal) {
         const PieData data = ParsePieText(c.text);
         ASSERT_EQ(data.entries.size(), c.entries);
         EXPECT_DOUBLE_EQ(data.total, c.total);
-        if (c.firstLabel) EXPECT_EQ(data.entries[0].label, QString::fromUtf8(c.firstLabel));
+        if (c.firstLabel) {
+            EXPECT_EQ(data.entries[0].label, QString::fromUtf8(c.firstLabel));
+        }
     }
 }
 
@@ -61,7 +63,9 @@ TEST(PieChartSlices, HiddenAndVisibleSlices) {
         SCOPED_TRACE(c.name);
         const std::vector<PieSlice> slices = VisiblePieSlices(ParsePieText(c.text), 150);
         ASSERT_EQ(slices.size(), c.visible);
-        if (c.visible) EXPECT_NEAR(slices[0].spanDegrees, c.firstSpan, 0.01);
+        if (c.visible) {
+            EXPECT_NEAR(slices[0].spanDegrees, c.firstSpan, 0.01);
+        }
         for (size_t k = 0; k < slices.size(); ++k) EXPECT_EQ(slices[k].colour, static_cast<int>(k));
     }
 }
@@ -130,7 +134,9 @@ TEST(PieChartDrawing, GreyForPrintingWithoutColours) {
         EXPECT_EQ(c.red(), c.green());
         EXPECT_EQ(c.green(), c.blue());
         EXPECT_LT(PieRimColour(k, false).lightness(), c.lightness());
-        if (k > 0) EXPECT_NE(c, PieFillColour(k - 1, false));
+        if (k > 0) {
+            EXPECT_NE(c, PieFillColour(k - 1, false));
+        }
     }
 }
 
