@@ -29,10 +29,10 @@ KeySet KeysOf(const std::string& path) {
     return keys;
 }
 
-// Every LanguageText / LanguageTextOr call in the sources that names its
-// section and key as literals.
+// Every LanguageText / LanguageTextOr / LangQ / LangQOr call in the sources that names its
+// section and key as whole literals (a key composed as "Main" + n is not one).
 std::vector<std::pair<std::string, std::string>> LookupsInSources() {
-    const std::regex call(R"re(LanguageText(?:Or)?\s*\(\s*[^,()]+,\s*"([^"]+)"\s*,\s*"([^"]+)")re");
+    const std::regex call(R"re((?:LanguageText|LangQ)(?:Or)?\s*\(\s*[^,()]+,\s*"([^"]+)"\s*,\s*"([^"]+)"\s*[,)])re");
     std::vector<std::pair<std::string, std::string>> lookups;
     for (const auto& entry : fs::recursive_directory_iterator(std::string(TORMEL_SOURCE_DIR) + "/src")) {
         const std::string ext = entry.path().extension().string();
