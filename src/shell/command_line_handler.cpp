@@ -66,7 +66,7 @@ bool ReadOutputForCommandLine(Workspace& ws, const std::string& path) {
     OutputReadReport report;
     std::string text;
     if (std::optional<OutputFileError> error = ReadOutputFile(path, ws.results, 0, &ws.input, &ws.Ui(), &report)) {
-        text = OutputFileErrorText(ws.language, *error) + "\n" + path;
+        text = OutputFileErrorText(ws.language, *error);  // names the file
     } else if (!report.complete) {
         text = LanguageText(ws.language, "Output", "ErrorIncomplete") + "\n" + path + ":" +
                std::to_string(report.stoppedAtLine);
