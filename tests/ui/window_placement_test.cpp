@@ -29,12 +29,15 @@ TEST(WindowPlacement, KeepsTheWindowInsideTheWorkArea) {
         {"past the bottom moves up", SavedPlacement{100, 300, 800, 600, 1}, 1, QRect(100, 156, 800, 600), false},
         {"state 3 opens maximised", SavedPlacement{100, 50, 800, 600, 3}, 1, QRect(100, 50, 800, 600), true},
     };
-    for (const PlacementCase& c : cases) {
+    for (const PlacementCase& c : cases) {  // with the 7-pixel invisible border of Windows
         SCOPED_TRACE(c.name);
-        const WindowPlacement placement = PlaceMainWindow(work, c.scale, c.saved);
+        const WindowPlacement placement = PlaceMainWindow(work, c.scale, c.saved, 7);
         EXPECT_EQ(placement.frame, c.expected);
         EXPECT_EQ(placement.maximised, c.maximised);
     }
+    // without an invisible border (X11, Wayland) the window fills the work area exactly
+    EXPECT_EQ(PlaceMainWindow(work, 2, std::nullopt, 0).frame, work);
+    EXPECT_EQ(PlaceMainWindow(work, 1, SavedPlacement{-40, 300, 1400, 600, 1}, 0).frame, QRect(0, 170, 1280, 600));
 }
 
 }  // namespace

@@ -93,12 +93,25 @@ void MainWindow::DrawInfoArea(QPainter& painter) {
     const int available = statusBar()->geometry().top() - titleBottom;
     int sizes[3] = {16, 14, 12};
     auto lineHeight = [](int points) { return QFontMetrics(UiFontAt(points)).lineSpacing(); };
-    while (sizes[2] > 4 && available < 5 * lineHeight(sizes[0]) + 4 * lineHeight(sizes[1]) + 7 * lineHeight(sizes[2]))
+    const QString link = webLink_ ? webLink_->text() : QString();
+    const QStringList* texts[3] = {&blocks.one, &blocks.two, &blocks.three};
+    // the widest line of any block, the web link behind the last line of block two
+    auto fitsWidth = [&] {
+        for (int b = 0; b < 3; ++b) {
+            const QFontMetrics metrics(UiFontAt(sizes[b]));
+            for (const QString& line : *texts[b]) {
+                const bool withLink = b == 1 && line == texts[b]->back();
+                if (Scaled(16) + metrics.horizontalAdvance(withLink ? line + link : line) > W - Scaled(8)) return false;
+            }
+        }
+        return true;
+    };
+    while (sizes[2] > 4 &&
+           (available < 5 * lineHeight(sizes[0]) + 4 * lineHeight(sizes[1]) + 7 * lineHeight(sizes[2]) || !fitsWidth()))
         for (int& size : sizes) --size;
 
     painter.setPen(foreground);
     int y = titleBottom + lineHeight(sizes[0]) / 2;
-    const QStringList* texts[3] = {&blocks.one, &blocks.two, &blocks.three};
     for (int b = 0; b < 3; ++b) {
         const QFont font = UiFontAt(sizes[b]);
         painter.setFont(font);

@@ -8,11 +8,12 @@
 
 namespace tormel {
 
-WindowPlacement PlaceMainWindow(const QRect& workArea, float scale, const std::optional<SavedPlacement>& saved) {
+WindowPlacement PlaceMainWindow(const QRect& workArea, float scale, const std::optional<SavedPlacement>& saved,
+                                int border) {
     const int left = workArea.left(), top = workArea.top();
     const int right = workArea.left() + workArea.width(), bottom = workArea.top() + workArea.height();
-    const int d7 = static_cast<int>(std::lround(7 * scale));
-    const int d14 = static_cast<int>(std::lround(14 * scale));
+    const int d7 = static_cast<int>(std::lround(border * scale));
+    const int d14 = static_cast<int>(std::lround(2 * border * scale));
     if (!saved) return {QRect(left - d7, top, right + d14 - left, bottom + d7 - top), false};
     int l = saved->left, t = saved->top, w = saved->width, h = saved->height;
     if (w > (right - left) + d7) {

@@ -20,9 +20,20 @@ struct WindowPlacement {
     bool maximised = false;
 };
 
+// The width in design pixels of the window frame's invisible resize border:
+// Windows draws 7 pixels of it outside the visible frame, X11 and Wayland
+// window managers draw none.
+#ifdef Q_OS_WIN
+constexpr int kInvisibleFrameBorder = 7;
+#else
+constexpr int kInvisibleFrameBorder = 0;
+#endif
+
 // The placement for a work area at `scale`; without a saved placement the
-// window covers the work area (7 design pixels beyond the left edge, 14 wider, 7 taller).
-WindowPlacement PlaceMainWindow(const QRect& workArea, float scale, const std::optional<SavedPlacement>& saved);
+// window covers the work area, its invisible border `border` design pixels
+// beyond the left, right and bottom edges.
+WindowPlacement PlaceMainWindow(const QRect& workArea, float scale, const std::optional<SavedPlacement>& saved,
+                                int border = kInvisibleFrameBorder);
 
 // The saved placement, when the settings file exists (missing keys take the work area).
 std::optional<SavedPlacement> ReadSavedPlacement(const Settings& settings, const QRect& workArea);
