@@ -38,6 +38,14 @@ phase "sanitizer tests"
 (cd build-asan && ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions="$root/tests/lsan.supp" \
   UBSAN_OPTIONS=print_stacktrace=1 ctest -j "$jobs" --output-on-failure)
 
+phase "thread sanitizer build (the parallel batch and shared lookups)"
+scripts/build.sh build-tsan --target tormel_tests --target tormel-cli -- -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTORMEL_TSAN=ON \
+  -DTORMEL_BUILD_GUI=OFF -DTORMEL_BUILD_BENCH=OFF
+
+phase "thread sanitizer tests"
+(cd build-tsan && TSAN_OPTIONS=halt_on_error=1 ctest -j "$jobs" --output-on-failure \
+  -R 'Batch|Parallel|Thread|Bundled|TormelCli|Language|Settings|Ini')
+
 if ls tests/fuzz/*.cpp >/dev/null 2>&1; then
   phase "fuzz build"
   scripts/build.sh build-fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTORMEL_FUZZ=ON \

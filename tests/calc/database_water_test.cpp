@@ -15,6 +15,7 @@
 #include "calc/precipitation_invariants.h"
 #include "calc/real_database.h"
 #include "calc/run_calculation.h"
+#include "support/sanitized_build.h"
 
 namespace tormel::test {
 
@@ -24,17 +25,7 @@ constexpr double kCriterion = 1.000001;
 // the last update still moves the free concentrations by up to the criterion
 constexpr double kBalanceTolerance = 3 * (kCriterion - 1);
 
-#if defined(__SANITIZE_ADDRESS__)
-constexpr int kDefaultWaters = 250;
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer) || __has_feature(undefined_behavior_sanitizer)
-constexpr int kDefaultWaters = 250;
-#else
-constexpr int kDefaultWaters = 1000;
-#endif
-#else
-constexpr int kDefaultWaters = 1000;
-#endif
+constexpr int kDefaultWaters = kSanitizedBuild ? 250 : 1000;
 
 int WaterCount() {
     const char* text = std::getenv("TORMEL_DATABASE_WATERS");
