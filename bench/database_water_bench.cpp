@@ -3,8 +3,6 @@
 // share that needed the solver's fallback, the median time per water and
 // the iterations and time of the slowest water (and of the slowest that
 // converged: waters that reach the iteration bound take longest).
-#include "../tests/calc/database_water.cpp"
-
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -12,7 +10,8 @@
 #include <random>
 #include <vector>
 
-#include "../tests/calc/real_database.h"
+#include "calc/database_water.h"
+#include "calc/real_database.h"
 #include "calc/run_calculation.h"
 
 namespace {

@@ -64,4 +64,4 @@ phase ""
 printf '== all phases took %d s ==\n' $((SECONDS - started))
 
 echo "== main test run, summary =="
-(cd build && ctest -j "$jobs" 2>&1 | tail -n 3)
+(cd build && ctest -j "$jobs" 2>&1 | sed -n '/tests passed/,$p')
