@@ -1,5 +1,7 @@
 #include "core/c_number.h"
 
+#include "core/fast_format.h"
+
 #include <locale.h>
 
 #include <cctype>
@@ -32,10 +34,19 @@ private:
 }  // namespace
 
 std::string FormatC(const char* format, ...) {
-    CLocaleScope scope;
-    char small[128];
     va_list args;
     va_start(args, format);
+    std::string fast;
+    va_list fastArgs;
+    va_copy(fastArgs, args);
+    const bool formatted = FormatFast(format, fastArgs, fast);
+    va_end(fastArgs);
+    if (formatted) {
+        va_end(args);
+        return fast;
+    }
+    CLocaleScope scope;
+    char small[128];
     va_list copy;
     va_copy(copy, args);
     int n = std::vsnprintf(small, sizeof small, format, args);

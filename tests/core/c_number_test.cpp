@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <limits>
+#include <random>
+#include <vector>
 #include <string>
 
 #include "core/c_number.h"
@@ -24,6 +29,37 @@ TEST(CoreCNumber, FormatsWithAPointWhateverTheProcessLocale) {
         std::snprintf(buffer, sizeof buffer, "%.1f", 2.5);
         EXPECT_EQ(std::string(buffer), "2,5") << "the process locale should use a comma here";
     }
+}
+
+// Every format the program writes, and some it might, against the C
+// library's printf in the C locale: the same characters for values at
+// rounding edges, extremes, zeros of both signs, infinities and NaN, and
+// random values of every magnitude.
+TEST(CoreCNumber, FormatsExactlyAsTheCLibrary) {
+    const char* const formats[] = {"%.16G", "%.3E", "%9.3f", "%.2f%%", "%9.9E", "%.5E", "%G", "%e", "%f",
+                                   "%.0f", "%10.4G", "%-9.3f|", "%.0E", "%.0G", "%g", "%F", "x %.16G y"};
+    std::vector<double> values = {0.0, -0.0, 1e-7, 1, -1, 0.1, 2.5, 0.125, 9.9995, 0.00049999, 0.0005,
+                                  99999.5, 1e15, 1e16, 9.999999999999999e15, 123456789012345678.0, 1e300,
+                                  -1e-300, 5e-324, 2.2250738585072014e-308, 1.7976931348623157e308,
+                                  std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity(),
+                                  std::numeric_limits<double>::quiet_NaN(), -std::numeric_limits<double>::quiet_NaN()};
+    std::mt19937_64 rng(11);
+    std::uniform_real_distribution<double> exponent(-320, 308), unit(0, 1);
+    for (int i = 0; i < 2000; ++i) values.push_back((unit(rng) < 0.5 ? -1 : 1) * std::pow(10.0, exponent(rng)));
+    char expected[512];
+    for (const char* format : formats)
+        for (double v : values) {
+            std::snprintf(expected, sizeof expected, format, v);
+            ASSERT_EQ(FormatC(format, v), expected) << format << " of " << std::hexfloat << v;
+        }
+    for (int v : {0, -1, 7, 42, -2147483647 - 1, 2147483647}) {
+        std::snprintf(expected, sizeof expected, "%i %6d|%-6d|%d%%", v, v, v, v);
+        EXPECT_EQ(FormatC("%i %6d|%-6d|%d%%", v, v, v, v), expected);
+    }
+    std::snprintf(expected, sizeof expected, "  %-12s %6d\n", "Ca", 12);
+    EXPECT_EQ(FormatC("  %-12s %6d\n", "Ca", 12), expected);
+    // what the fast path leaves to the C library
+    EXPECT_EQ(FormatC("%+.2f %05d %#x %.3s %lu", 2.5, 42, 255, "abcdef", 7ul), "+2.50 00042 0xff abc 7");
 }
 
 TEST(CoreCNumber, LongOutputIsNotCut) {

@@ -1,0 +1,127 @@
+#include "core/fast_format.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+namespace tormel {
+
+namespace {
+
+struct Spec {
+    bool left = false;      // '-' flag
+    int width = 0;
+    int precision = -1;     // -1: none given
+    char conversion = 0;
+    const char* end = nullptr;  // just past the conversion character
+};
+
+// Reads the conversion starting after '%'; false for anything not handled here.
+bool ParseSpec(const char* p, Spec& spec) {
+    if (*p == '-') {
+        spec.left = true;
+        ++p;
+    }
+    while (*p >= '0' && *p <= '9') {
+        if (*p == '0' && spec.width == 0) return false;  // the '0' flag
+        spec.width = spec.width * 10 + (*p++ - '0');
+        if (spec.width > 200) return false;
+    }
+    if (*p == '.') {
+        ++p;
+        spec.precision = 0;
+        while (*p >= '0' && *p <= '9') {
+            spec.precision = spec.precision * 10 + (*p++ - '0');
+            if (spec.precision > 40) return false;
+        }
+    }
+    spec.conversion = *p;
+    spec.end = p + 1;
+    if (spec.conversion != 0 && std::strchr("eEfFgG", spec.conversion)) return true;
+    if ((spec.conversion == 'd' || spec.conversion == 'i') && spec.precision < 0) return true;
+    return spec.conversion == 's' && spec.precision < 0;
+}
+
+bool Supported(const char* format) {
+    for (const char* p = format; *p; ++p) {
+        if (*p != '%') continue;
+        if (p[1] == '%') {
+            ++p;
+            continue;
+        }
+        Spec spec;
+        if (!ParseSpec(p + 1, spec)) return false;
+        p = spec.end - 1;
+    }
+    return true;
+}
+
+void Pad(std::string& out, const char* text, size_t length, const Spec& spec) {
+    const size_t fill = spec.width > static_cast<int>(length) ? spec.width - length : 0;
+    if (!spec.left) out.append(fill, ' ');
+    out.append(text, length);
+    if (spec.left) out.append(fill, ' ');
+}
+
+void AppendDouble(std::string& out, double value, const Spec& spec) {
+    const bool upper = spec.conversion == 'E' || spec.conversion == 'F' || spec.conversion == 'G';
+    if (!std::isfinite(value)) {
+        std::string text = std::signbit(value) ? "-" : "";
+        text += std::isnan(value) ? (upper ? "NAN" : "nan") : (upper ? "INF" : "inf");
+        Pad(out, text.data(), text.size(), spec);
+        return;
+    }
+    const int precision = spec.precision < 0 ? 6 : spec.precision;
+    const char kind = static_cast<char>(spec.conversion | 0x20);
+    const std::chars_format format = kind == 'e'   ? std::chars_format::scientific
+                                     : kind == 'f' ? std::chars_format::fixed
+                                                   : std::chars_format::general;
+    // %g with precision 0 means one significant digit
+    const int digits = kind == 'g' && precision == 0 ? 1 : precision;
+    std::array<char, 400> buffer;  // the widest: %.40f of 1.8e308
+    const std::to_chars_result r = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format, digits);
+    char* end = r.ec == std::errc() ? r.ptr : buffer.data();
+    if (upper)
+        for (char* c = buffer.data(); c != end; ++c)
+            if (*c == 'e') *c = 'E';
+    Pad(out, buffer.data(), static_cast<size_t>(end - buffer.data()), spec);
+}
+
+}  // namespace
+
+bool FormatFast(const char* format, va_list args, std::string& out) {
+    if (!Supported(format)) return false;
+    out.clear();
+    for (const char* p = format; *p; ++p) {
+        if (*p != '%') {
+            const char* next = std::strchr(p, '%');
+            const size_t length = next ? static_cast<size_t>(next - p) : std::strlen(p);
+            out.append(p, length);
+            p += length - 1;
+            continue;
+        }
+        if (p[1] == '%') {
+            out += '%';
+            ++p;
+            continue;
+        }
+        Spec spec;
+        ParseSpec(p + 1, spec);
+        p = spec.end - 1;
+        if (spec.conversion == 'd' || spec.conversion == 'i') {
+            std::array<char, 16> buffer;
+            const auto r = std::to_chars(buffer.data(), buffer.data() + buffer.size(), va_arg(args, int));
+            Pad(out, buffer.data(), static_cast<size_t>(r.ptr - buffer.data()), spec);
+        } else if (spec.conversion == 's') {
+            const char* text = va_arg(args, const char*);
+            if (!text) text = "(null)";
+            Pad(out, text, std::strlen(text), spec);
+        } else {
+            AppendDouble(out, va_arg(args, double), spec);
+        }
+    }
+    return true;
+}
+
+}  // namespace tormel
