@@ -80,25 +80,6 @@ TEST(CoreDatabaseLoad, WaterPartnersAndOrganicLiteratureAreRecorded) {
 }
 
 TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
-    RecordingUi ui;
-    ChemicalSystem chem = LoadSynthetic(SyntheticDatabase(), ui);
-    const int32_t co3 = chem.FindComponent("CO3"), gas = chem.FindComponent("CO2(g)");
-    EXPECT_EQ(chem.components[co3].gasPartner, gas);
-    EXPECT_EQ(chem.components[gas].linkedLigand, co3);
-    // Fe(II)/Fe(III) form one group, Mn(II)/MnO2(s) another; members chained in
-    // index order whichever way the equilibrium is written
-    const int32_t fe2 = chem.FindComponent("Fe(II)"), fe3 = chem.FindComponent("Fe(III)");
-    EXPECT_EQ(chem.components[fe2].redoxPrev, 0);
-    EXPECT_EQ(chem.components[fe2].redoxNext, fe3);
-    EXPECT_EQ(chem.components[fe3].redoxPrev, fe2);
-    EXPECT_EQ(chem.components[fe3].redoxNext, 0);
-    const int32_t mno2 = chem.FindComponent("MnO2(s)"), mn = chem.FindComponent("Mn(II)");
-    EXPECT_EQ(chem.components[mno2].redoxNext, mn);
-    EXPECT_EQ(chem.components[mn].redoxPrev, mno2);
-    EXPECT_EQ(chem.components[chem.FindComponent("Ca")].redoxNext, 0);
-}
-
-TEST(CoreDatabaseLoad, RedoxChainJoinsThreeStatesInOneGroup) {
     // a third iron state linked to Fe(III) only joins the Fe(II)/Fe(III) group
     ChemicalSystem grown = SyntheticDatabase();
     grown.components.push_back(test::MakeComponent(Cation, "Fe(VI)", 6));
@@ -108,12 +89,23 @@ TEST(CoreDatabaseLoad, RedoxChainJoinsThreeStatesInOneGroup) {
     q.linkedCoefficient = 1;
     test::AppendEquilibrium(grown, q, {{grown.FindComponent("Fe(III)"), 1}, {grown.FindComponent("e"), -3}});
     RecordingUi ui;
-    ChemicalSystem loaded = LoadSynthetic(grown, ui);
-    const int32_t fe2 = loaded.FindComponent("Fe(II)"), fe3 = loaded.FindComponent("Fe(III)"),
-                  fe6i = loaded.FindComponent("Fe(VI)");
-    EXPECT_EQ(loaded.components[fe2].redoxNext, fe3);
-    EXPECT_EQ(loaded.components[fe3].redoxNext, fe6i);
-    EXPECT_EQ(loaded.components[fe6i].redoxPrev, fe3);
+    ChemicalSystem chem = LoadSynthetic(grown, ui);
+    auto at = [&](const char* name) -> const Component& { return chem.components[chem.FindComponent(name)]; };
+    EXPECT_EQ(at("CO3").gasPartner, chem.FindComponent("CO2(g)"));
+    EXPECT_EQ(at("CO2(g)").linkedLigand, chem.FindComponent("CO3"));
+    // Fe(II)/Fe(III)/Fe(VI) form one group, Mn(II)/MnO2(s) another; members
+    // chained in index order whichever way the equilibrium is written
+    const int32_t fe2 = chem.FindComponent("Fe(II)"), fe3 = chem.FindComponent("Fe(III)"),
+                  fe6 = chem.FindComponent("Fe(VI)");
+    EXPECT_EQ(at("Fe(II)").redoxPrev, 0);
+    EXPECT_EQ(at("Fe(II)").redoxNext, fe3);
+    EXPECT_EQ(at("Fe(III)").redoxPrev, fe2);
+    EXPECT_EQ(at("Fe(III)").redoxNext, fe6);
+    EXPECT_EQ(at("Fe(VI)").redoxPrev, fe3);
+    EXPECT_EQ(at("Fe(VI)").redoxNext, 0);
+    EXPECT_EQ(at("MnO2(s)").redoxNext, chem.FindComponent("Mn(II)"));
+    EXPECT_EQ(at("Mn(II)").redoxPrev, chem.FindComponent("MnO2(s)"));
+    EXPECT_EQ(at("Ca").redoxNext, 0);
 }
 
 TEST(CoreDatabaseLoad, MoreThanFourComponentsWarnsOnceAndKeepsLoading) {

@@ -13,7 +13,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using test::TempFolder;
-using test::WriteBytes;
 
 // Sets (or, with nullopt, unsets) an environment variable and puts the old
 // value back at the end of the test.
@@ -114,23 +113,6 @@ TEST(ShellFolders, CreatesTheFourWorkingFoldersWhenMissing) {
     for (const std::string& folder : {f.workingFolder, f.dataFolder, f.inputFolder, f.outputFolder})
         EXPECT_TRUE(fs::is_directory(folder)) << folder;
     EXPECT_FALSE(fs::exists(f.documentsFolder));
-
-    // A working folder that cannot be made (a file is in the way) is left
-    // alone and named with the reason; so is the first folder that is a file.
-    WriteBytes(tmp.File("blocker"), "x");
-    own.Set(tmp.File("blocker/home"));
-    const AppFolders blocked = ResolveFolders();
-    const std::optional<FolderProblem> problem = CreateWorkingFolders(blocked);
-    EXPECT_FALSE(fs::exists(blocked.dataFolder));
-    ASSERT_TRUE(problem);
-    EXPECT_EQ(problem->path, blocked.workingFolder);
-    EXPECT_FALSE(problem->reason.empty());
-
-    fs::remove_all(f.inputFolder);
-    WriteBytes(f.workingFolder + "Input", "x");
-    const std::optional<FolderProblem> input = CreateWorkingFolders(f);
-    ASSERT_TRUE(input);
-    EXPECT_EQ(input->path, f.inputFolder);
 }
 
 }  // namespace

@@ -114,33 +114,34 @@ TEST_F(ShellRecentFiles, PruningRemovesDeletedFilesAndMovesLaterPlacesUp) {
 }
 
 TEST_F(ShellRecentFiles, LoadingSplitsEachValueAtItsCommas) {
+    struct Case {
+        const char* key;
+        const char* value;
+        RecentFileEntry expected;  // in the place the key names
+    };
+    const Case cases[] = {
+        {"RIF1", "/in/,a.i64,20240101000000", {"/in/", "a.i64", "20240101000000"}},
+        {"RIF2", "/only/a/folder/", {"/only/a/folder/", "", ""}},
+        {"RIF3", ",,", {}},  // the stale entry in memory is gone
+        {"RIF4", "", {}},
+        {"RIF5", "/x,y/,b.i64,20240101000000extra", {"/x", "y/", "b.i64,202401010"}},
+        {"RIF6", "/in/,c.i64", {"/in/", "c.i64", ""}},
+        {"ROF9", "/out/,r.o64,202403 5140309", {"/out/", "r.o64", "202403 5140309"}},
+    };
     IniFile raw(settings.Path());
-    raw.WriteString("Options", "RIF1", "/in/,a.i64,20240101000000");
-    raw.WriteString("Options", "RIF2", "/only/a/folder/");
-    raw.WriteString("Options", "RIF3", ",,");
-    raw.WriteString("Options", "RIF4", "");
-    raw.WriteString("Options", "RIF5", "/x,y/,b.i64,20240101000000extra");
-    raw.WriteString("Options", "RIF6", "/in/,c.i64");
-    raw.WriteString("Options", "ROF9", "/out/,r.o64,202403 5140309");
+    for (const Case& c : cases) raw.WriteString("Options", c.key, c.value);
     files.input.places[2] = {"/stale/", "old.i64", "1"};
 
     LoadRecentFiles(files, settings);
-    const auto& in = files.input.places;
-    EXPECT_EQ(in[0].folder, "/in/");
-    EXPECT_EQ(in[0].fileName, "a.i64");
-    EXPECT_EQ(in[0].timestamp, "20240101000000");
-    EXPECT_EQ(in[1].folder, "/only/a/folder/");
-    EXPECT_EQ(in[1].fileName, "");
-    EXPECT_TRUE(in[2].Empty());
-    EXPECT_TRUE(in[3].Empty());
-    EXPECT_EQ(in[4].folder, "/x");
-    EXPECT_EQ(in[4].fileName, "y/");
-    EXPECT_EQ(in[4].timestamp, "b.i64,202401010");
-    EXPECT_EQ(in[5].fileName, "c.i64");
-    EXPECT_EQ(in[5].timestamp, "");
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.key);
+        const RecentFileList& list = c.key[1] == 'I' ? files.input : files.output;
+        const RecentFileEntry& e = list.places[c.key[3] - '1'];
+        EXPECT_EQ(e.folder, c.expected.folder);
+        EXPECT_EQ(e.fileName, c.expected.fileName);
+        EXPECT_EQ(e.timestamp, c.expected.timestamp);
+    }
     EXPECT_EQ(UsedPlaces(files.input), 4);
-    EXPECT_EQ(files.output.places[8].Path(), "/out/r.o64");
-    EXPECT_EQ(files.output.places[8].timestamp, "202403 5140309");
     EXPECT_EQ(UsedPlaces(files.output), 1);
 }
 

@@ -46,13 +46,17 @@ struct Recorder {
     }
 };
 
-TEST(Startup, RunsItsStepsInOrderAndLeavesAReadyWorkspace) {
+// A start in a fresh working folder with the built program's data.
+struct Startup : ::testing::Test {
     TempFolder folder;
     RecordingUi ui;
+    Workspace ws{FoldersUnder(folder, TORMEL_PROGRAM_DIR), ui.services};
+    Recorder recorder;
+};
+
+TEST_F(Startup, RunsItsStepsInOrderAndLeavesAReadyWorkspace) {
     std::vector<std::string> waits;
     ui.services.showWait = [&](std::string_view text) { waits.emplace_back(text); };
-    Workspace ws(FoldersUnder(folder, TORMEL_PROGRAM_DIR), ui.services);
-    Recorder recorder;
     const StartupOutcome outcome = InitializeApplication(ws, CommandLine{}, recorder.hooks, {});
     EXPECT_FALSE(outcome.endProcess);
     EXPECT_EQ(recorder.steps, (std::vector<std::string>{"update check", "colours", "main window", "chart colours",
@@ -71,13 +75,9 @@ TEST(Startup, RunsItsStepsInOrderAndLeavesAReadyWorkspace) {
     EXPECT_EQ(recorder.steps[recorder.steps.size() - 2], "window placement");
 }
 
-TEST(Startup, ArgumentsSkipTheUpdateCheckAndARunEndsTheProcess) {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws(FoldersUnder(folder, TORMEL_PROGRAM_DIR), ui.services);
+TEST_F(Startup, ArgumentsSkipTheUpdateCheckAndARunEndsTheProcess) {
     std::filesystem::create_directories(ws.folders.inputFolder);
     ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("carbonate_soft_ph6"), ws.folders.inputFolder + "soft.i64"));
-    Recorder recorder;
     const StartupOutcome outcome =
         InitializeApplication(ws, NormaliseCommandLine({"/run:soft.i64"}), recorder.hooks, {});
     EXPECT_TRUE(outcome.endProcess);
@@ -88,15 +88,12 @@ TEST(Startup, ArgumentsSkipTheUpdateCheckAndARunEndsTheProcess) {
     EXPECT_EQ(std::count(recorder.steps.begin(), recorder.steps.end(), "mutex"), 0);
 }
 
-TEST(Startup, WithoutLanguageFilesOrDatabaseTheSessionEnds) {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws(FoldersUnder(folder, folder.File("empty/")), ui.services);
-    Recorder recorder;
-    const StartupOutcome noLanguage = InitializeApplication(ws, CommandLine{}, recorder.hooks, {});
+TEST_F(Startup, WithoutLanguageFilesOrDatabaseTheSessionEnds) {
+    Workspace noLanguages(FoldersUnder(folder, folder.File("empty/")), ui.services);
+    const StartupOutcome noLanguage = InitializeApplication(noLanguages, CommandLine{}, recorder.hooks, {});
     EXPECT_TRUE(noLanguage.endProcess);
     EXPECT_EQ(noLanguage.exitCode, 0);
-    EXPECT_EQ(ws.chem.ComponentCount(), 0);
+    EXPECT_EQ(noLanguages.chem.ComponentCount(), 0);
     EXPECT_EQ(recorder.steps.back(), "release");
 
     // languages but no raw data: the refresh fails and the session ends
@@ -112,11 +109,8 @@ TEST(Startup, WithoutLanguageFilesOrDatabaseTheSessionEnds) {
     EXPECT_EQ(ui.messages.back().icon, IconError);
 }
 
-TEST(Startup, TheGettingStartedOfferCanBeTurnedOff) {
-    TempFolder folder;
-    RecordingUi ui;
+TEST_F(Startup, TheGettingStartedOfferCanBeTurnedOff) {
     ui.answer = MessageBoxAnswer{1, true};
-    Workspace ws(FoldersUnder(folder, TORMEL_PROGRAM_DIR), ui.services);
     StartupHooks hooks;
     int helpTopic = 0;
     hooks.openHelp = [&](int topic) { helpTopic = topic; };

@@ -4,7 +4,6 @@
 
 #include <string>
 
-#include <QDir>
 #include <QImage>
 
 namespace tormel {
@@ -47,37 +46,34 @@ TEST(PieChartSlices, HiddenAndVisibleSlices) {
     struct Case {
         const char* name;
         std::string text;
+        int width;  // of the pie in pixels
         size_t visible;
         double firstSpan;  // degrees, when a slice is visible
+        int firstEntry = 0;
     };
     const Case cases[] = {
-        {"empty set", "0|0", 0, 0},
-        {"one slice fills the pie", "2.0|\"a\"|2.0|1", 1, 360},
-        {"zero shares are hidden", "0|\"a\"|1.0|\"b\"|0|\"c\"|1.0|3", 1, 360},
-        {"a share of exactly 0.001 is hidden", "0.001|\"a\"|0.999|\"b\"|1.0|2", 1, 359.64},
-        {"zero total: no slice", "1.0|\"a\"|0|1", 0, 0},
-        {"a thousand tiny slices are all hidden", Entries(1000, "1.0") + "1000|1000", 0, 0},
-        {"halves", "1|\"a\"|1|\"b\"|2|2", 2, 180},
+        {"empty set", "0|0", 150, 0, 0},
+        {"one slice fills the pie", "2.0|\"a\"|2.0|1", 150, 1, 360},
+        {"zero shares are hidden", "0|\"a\"|1.0|\"b\"|0|\"c\"|1.0|3", 150, 1, 360, 1},
+        {"a share of exactly 0.001 is hidden", "0.001|\"a\"|0.999|\"b\"|1.0|2", 150, 1, 359.64, 1},
+        {"zero total: no slice", "1.0|\"a\"|0|1", 150, 0, 0},
+        {"a thousand tiny slices are all hidden", Entries(1000, "1.0") + "1000|1000", 150, 0, 0},
+        {"halves", "1|\"a\"|1|\"b\"|2|2", 150, 2, 180},
+        // 0.2 % of a pie 10 pixels wide ends on the pixel it starts on
+        {"too thin for one pixel", "0.002|\"thin\"|0.998|\"rest\"|1.0|2", 5, 1, 359.28, 1},
+        {"wide enough", "0.002|\"thin\"|0.998|\"rest\"|1.0|2", 1500, 2, 0.72},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        const std::vector<PieSlice> slices = VisiblePieSlices(ParsePieText(c.text), 150);
+        const std::vector<PieSlice> slices = VisiblePieSlices(ParsePieText(c.text), c.width);
         ASSERT_EQ(slices.size(), c.visible);
         if (c.visible) {
             EXPECT_NEAR(slices[0].spanDegrees, c.firstSpan, 0.01);
+            EXPECT_EQ(slices[0].entry, c.firstEntry);
         }
+        // the colours of the visible slices stay consecutive
         for (size_t k = 0; k < slices.size(); ++k) EXPECT_EQ(slices[k].colour, static_cast<int>(k));
     }
-}
-
-TEST(PieChartSlices, SlicesTooThinForOnePixelAreHidden) {
-    // 0.2 % of a pie 10 pixels wide ends on the pixel it starts on.
-    const PieData data = ParsePieText("0.002|\"thin\"|0.998|\"rest\"|1.0|2");
-    EXPECT_EQ(VisiblePieSlices(data, 5).size(), 1u);
-    EXPECT_EQ(VisiblePieSlices(data, 1500).size(), 2u);
-    // The colours of the visible slices stay consecutive.
-    EXPECT_EQ(VisiblePieSlices(data, 5)[0].colour, 0);
-    EXPECT_EQ(VisiblePieSlices(data, 5)[0].entry, 1);
 }
 
 QImage Draw(const std::string& text) {
@@ -138,25 +134,6 @@ TEST(PieChartDrawing, GreyForPrintingWithoutColours) {
             EXPECT_NE(c, PieFillColour(k - 1, false));
         }
     }
-}
-
-TEST(PieChartDrawing, SheetForLooking) {
-    QImage sheet(960, 520, QImage::Format_ARGB32);
-    sheet.fill(Qt::white);
-    QPainter painter(&sheet);
-    const char* texts[] = {
-        "6.1E-04|\"Dissolved Ca\"|2.0E-04|\"Adsorbed Ca\"|1.5E-04|\"Precipitated Ca\"|4.0E-05|\"Organically bound Ca\"|1.0E-03|4",
-        "8.0E-04|\"free Ca 2+\"|1.2E-04|\"CaHCO3 +\"|6.0E-05|\"CaCO3 (aq)\"|1.8E-05|\"CaSO4 (aq)\"|2.0E-06|\"CaOH +\"|1.0E-03|5",
-        "-1|\"free OH -\"|2|\"free H +\"|1|2",
-        "1|\"only one\"|1|1",
-    };
-    for (int k = 0; k < 4; ++k)
-        DrawPieChart(painter, QRectF((k % 2) * 480, (k / 2) * 260, 480, 260), ParsePieText(texts[k]),
-                     {QStringLiteral("Fractions"), QStringLiteral("Negative amounts cannot be shown in a pie chart."),
-                      k != 1, true});
-    painter.end();
-    QDir().mkpath(TORMEL_SCREENSHOT_DIR);
-    EXPECT_TRUE(sheet.save(TORMEL_SCREENSHOT_DIR "/pie_charts.png"));
 }
 
 }  // namespace
