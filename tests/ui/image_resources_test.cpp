@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QImage>
+#include <QPainter>
 
 namespace tormel {
 namespace {
@@ -57,6 +59,28 @@ TEST(ImageResources, EveryNameRendersAVisibleImageAtItsSize) {
         EXPECT_EQ(ResourceImage(QString::fromLatin1(entry.name), 1.5).size(),
                   QSize(entry.width * 3 / 2, entry.height * 3 / 2));
     }
+}
+
+// A sheet of every image at its own size on the main window's default
+// background (grey), and enlarged to 96 pixels on white, saved into the
+// screenshots for a person to judge the icons' legibility.
+TEST(ImageResources, SheetOnBothBackgrounds) {
+    const int cell = 104;
+    const int count = static_cast<int>(std::size(kImages));
+    const int rows = (count + 11) / 12;
+    QImage sheet(cell * 12, cell * rows * 2, QImage::Format_ARGB32);
+    sheet.fill(QColor(127, 140, 141));
+    QPainter painter(&sheet);
+    painter.fillRect(0, cell * rows, sheet.width(), cell * rows, Qt::white);
+    for (int i = 0; i < count; ++i) {
+        const QString name = QString::fromLatin1(kImages[i].name);
+        const QPoint at((i % 12) * cell + 4, (i / 12) * cell + 4);
+        painter.drawPixmap(at, ResourceImage(name));
+        painter.drawPixmap(at + QPoint(0, cell * rows), ResourceImage(name, 96.0 / kImages[i].width));
+    }
+    painter.end();
+    QDir().mkpath(TORMEL_SCREENSHOT_DIR);
+    EXPECT_TRUE(sheet.save(TORMEL_SCREENSHOT_DIR "/icons.png"));
 }
 
 TEST(ImageResources, UnknownNamesGiveNothing) {

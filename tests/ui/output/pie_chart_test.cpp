@@ -4,7 +4,9 @@
 
 #include <string>
 
+#include <QDir>
 #include <QImage>
+#include <QPainter>
 
 namespace tormel {
 namespace {
@@ -134,6 +136,27 @@ TEST(PieChartDrawing, GreyForPrintingWithoutColours) {
             EXPECT_NE(c, PieFillColour(k - 1, false));
         }
     }
+}
+
+// The pie charts of a water, a negative amount and a single slice, saved
+// into the screenshots for a person to look at.
+TEST(PieChartDrawing, SheetForLooking) {
+    QImage sheet(960, 520, QImage::Format_ARGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    const char* texts[] = {
+        "6.1E-04|\"Dissolved Ca\"|2.0E-04|\"Adsorbed Ca\"|1.5E-04|\"Precipitated Ca\"|4.0E-05|\"Organically bound Ca\"|1.0E-03|4",
+        "8.0E-04|\"free Ca 2+\"|1.2E-04|\"CaHCO3 +\"|6.0E-05|\"CaCO3 (aq)\"|1.8E-05|\"CaSO4 (aq)\"|2.0E-06|\"CaOH +\"|1.0E-03|5",
+        "-1|\"free OH -\"|2|\"free H +\"|1|2",
+        "1|\"only one\"|1|1",
+    };
+    for (int k = 0; k < 4; ++k)
+        DrawPieChart(painter, QRectF((k % 2) * 480, (k / 2) * 260, 480, 260), ParsePieText(texts[k]),
+                     {QStringLiteral("Fractions"), QStringLiteral("Negative amounts cannot be shown in a pie chart."),
+                      k != 1, true});
+    painter.end();
+    QDir().mkpath(TORMEL_SCREENSHOT_DIR);
+    EXPECT_TRUE(sheet.save(TORMEL_SCREENSHOT_DIR "/pie_charts.png"));
 }
 
 }  // namespace
