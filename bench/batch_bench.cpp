@@ -34,9 +34,10 @@ struct BatchSetUp {
         for (int k = 0; k < kBatchJobs; ++k) {
             InputProblem input;
             if (LoadInputFile(source + "/data/examples/" + examples[k % 2], input, ws->chem)) return;
-            for (Component& c : ws->chem.components)
-                if (c.inputType == InpTypeTotalConc && &c != &ws->chem.components[ws->chem.hydrogenIndex])
-                    c.inputValue *= 1.0 + 0.002 * (k % 100);
+            for (size_t c = 0; c < input.components.size(); ++c)
+                if (input.components[c].inputType == InpTypeTotalConc &&
+                    static_cast<int32_t>(c) != ws->chem.hydrogenIndex)
+                    input.components[c].inputValue *= 1.0 + 0.002 * (k % 100);
             const std::string name = "job" + std::to_string(k);
             if (!WriteUtf16File(ws->folders.inputFolder + name + ".i64",
                                 std::string_view(FormatInputFile(input, ws->chem))))

@@ -72,16 +72,11 @@ std::vector<Water> ReadWaters() {
 // Puts one water into the workspace's input.
 void ApplyWater(Workspace& ws, const Water& water) {
     ChemicalSystem& chem = ws.chem;
-    test::ClearInputs(chem);
-    Component& hydrogen = chem.components[chem.hydrogenIndex];
-    hydrogen.inputType = InpTypeFreeAct;
-    hydrogen.inputValue = std::pow(10.0, -water.ph);
-    for (size_t k = 0; k < kTotals.size(); ++k) {
-        Component& c = chem.components[chem.FindComponent(kTotals[k])];
-        c.inputType = InpTypeTotalConc;
-        c.inputValue = water.totals[k];
-    }
     ws.input = InputProblem{};
+    test::ClearInputs(ws.input, chem);
+    ws.input.components[chem.hydrogenIndex] = {std::pow(10.0, -water.ph), InpTypeFreeAct};
+    for (size_t k = 0; k < kTotals.size(); ++k)
+        ws.input.components[chem.FindComponent(kTotals[k])] = {water.totals[k], InpTypeTotalConc};
     ws.input.ionicStrengthModel = kDaviesModel;
     ws.input.convergenceCriterion = 1.0001;
 }

@@ -14,45 +14,36 @@ namespace {
 // the electron with redox, the ligand of every gas, and whole redox groups.
 void SetInputFlags(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
+    const std::vector<ComponentInput>& inputs = ctx.input.components;
     SolverState& st = ctx.state;
-    for (Component& c : chem.components) {
-        c.systemIndex = 0;
-        c.inInput = c.inputValue != 0;
-    }
-    if (chem.electronIndex > 0) chem.components[chem.electronIndex].inInput = ctx.input.redox;
-    chem.components[chem.hydrogenIndex].inInput = true;
-    chem.components[chem.hydroxideIndex].inInput = true;
-    st.hydrogenInput = chem.components[chem.hydrogenIndex].inputValue;
-    st.hydroxideReference = chem.components[chem.hydroxideIndex].inputValue;
+    std::vector<ComponentPlacement>& placement = chem.placement;
+    placement.assign(chem.components.size(), ComponentPlacement{});
+    for (size_t k = 0; k < placement.size(); ++k) placement[k].inInput = inputs[k].inputValue != 0;
+    if (chem.electronIndex > 0) placement[chem.electronIndex].inInput = ctx.input.redox;
+    placement[chem.hydrogenIndex].inInput = true;
+    placement[chem.hydroxideIndex].inInput = true;
+    st.hydrogenInput = inputs[chem.hydrogenIndex].inputValue;
+    st.hydroxideReference = inputs[chem.hydroxideIndex].inputValue;
     st.redoxProtonFlag = false;
-    for (Component& c : chem.components)
-        if (c.type == Gas && c.inInput && c.linkedLigand > 0) chem.components[c.linkedLigand].inInput = true;
+    const int32_t count = chem.ComponentCount();
+    for (int32_t i = 0; i < count; ++i) {
+        const Component& c = chem.components[i];
+        if (c.type == Gas && placement[i].inInput && c.linkedLigand > 0) placement[c.linkedLigand].inInput = true;
+    }
     if (ctx.input.redox) {
-        const int32_t count = chem.ComponentCount();
         for (int32_t i = 0; i < count; ++i) {
             const Component& c = chem.components[i];
-            if (c.inInput && c.redoxNext > 0) chem.components[c.redoxNext].inInput = true;
+            if (placement[i].inInput && c.redoxNext > 0) placement[c.redoxNext].inInput = true;
         }
         for (int32_t i = count - 1; i >= 0; --i) {
             const Component& c = chem.components[i];
-            if (c.inInput && c.redoxPrev > 0) chem.components[c.redoxPrev].inInput = true;
+            if (placement[i].inInput && c.redoxPrev > 0) placement[c.redoxPrev].inInput = true;
         }
     }
 }
 
 void ResetAssembledLayer(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    chem.ClearAssembled();
-    chem.systemComponents.clear();
-    chem.species.clear();
-    chem.reactionReactants.clear();
-    chem.reactionProducts.clear();
-    chem.composition.clear();
-    chem.reactionRowCount = 0;
-    chem.maxSpeciesComponents = 0;
-    chem.freeHydroxideSpecies = 0;
-    chem.complexSpeciesRange = {};
-    chem.solidSpeciesRange = {};
     chem.systemComponents.reserve(2 * chem.components.size() + 400);
     chem.species.reserve(4 * chem.equilibria.size());
     for (Equilibrium& e : chem.equilibria) e.systemSpecies = 0;
@@ -87,10 +78,11 @@ int32_t AddComponentUnknown(AssemblyWork& w, int32_t component) {
     sc.name = c.name;
     sc.charge = c.charge;
     sc.molarMass = c.molarMass;
-    sc.givenValue = c.inputValue;
-    sc.balanceKind = c.inputType;
+    const ComponentInput& given = w.ctx.input.components[component];
+    sc.givenValue = given.inputValue;
+    sc.balanceKind = given.inputType;
     sc.componentIndex = component;
-    w.chem.components[component].systemIndex = j;
+    w.chem.placement[component].systemIndex = j;
     w.placed[component] = 1;
     return j;
 }
@@ -112,9 +104,9 @@ void AddElectron(AssemblyWork& w) {
     sc.name = "e";
     sc.charge = -1;
     sc.balanceKind = InpTypeFreeAct;
-    sc.givenValue = chem.components[e].inputValue;
+    sc.givenValue = w.ctx.input.components[e].inputValue;
     sc.componentIndex = e;
-    chem.components[e].systemIndex = j;
+    chem.placement[e].systemIndex = j;
     w.placed[e] = 1;
 }
 
@@ -126,8 +118,8 @@ void AddGases(AssemblyWork& w) {
     if (range.empty()) return;
     const double temperature = w.ctx.input.temperature;
     for (int32_t g = range.first; g <= range.last; ++g) {
-        Component& gas = chem.components[g];
-        if (gas.type != Gas || !gas.inInput) continue;
+        const Component& gas = chem.components[g];
+        if (gas.type != Gas || !chem.placement[g].inInput) continue;
         w.placed[g] = 1;
         const int32_t j = w.NewSystemComponent();
         {
@@ -135,11 +127,11 @@ void AddGases(AssemblyWork& w) {
             sc.type = gas.type;
             sc.name = gas.name;
             sc.charge = 0;
-            sc.balanceKind = gas.inputType;
-            sc.givenValue = gas.inputValue;
+            sc.balanceKind = w.ctx.input.components[g].inputType;
+            sc.givenValue = w.ctx.input.components[g].inputValue;
             sc.componentIndex = g;
         }
-        gas.systemIndex = j;
+        chem.placement[g].systemIndex = j;
         const int32_t s = w.NewSpecies();
         {
             Species& sp = chem.species[s];
@@ -191,7 +183,7 @@ void AddGases(AssemblyWork& w) {
         const int32_t h = chem.Coefficient(chem.hydrogenIndex, eq);
         if (h != 0) w.Coef(s, 0) = -h;
         w.Coef(s, j) = chem.Coefficient(ligand, eq);
-        chem.components[ligand].systemIndex = -s;
+        chem.placement[ligand].systemIndex = -s;
         w.speciesOf[ligand] = s;
         chem.species[s].source = -ligand;
         chem.species[s].reactionRow = row;
@@ -206,7 +198,7 @@ void AddRedoxGroups(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
     for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
         const Component& head = chem.components[c];
-        if (!head.inInput || w.placed[c] || head.redoxPrev != 0 || head.redoxNext < 1) continue;
+        if (!chem.placement[c].inInput || w.placed[c] || head.redoxPrev != 0 || head.redoxNext < 1) continue;
         w.speciesOf[c] = static_cast<int32_t>(chem.species.size());
         const int32_t j = w.NewSystemComponent();
         SystemComponent& sc = chem.systemComponents[j];
@@ -219,7 +211,7 @@ void AddRedoxGroups(AssemblyWork& w) {
         sc.componentIndex = c;
         int32_t guard = 0;
         for (int32_t m = c; m != 0 && guard <= chem.ComponentCount(); m = chem.components[m].redoxNext, ++guard) {
-            const Component& member = chem.components[m];
+            const ComponentInput& member = w.ctx.input.components[m];
             if (member.inputType == InpTypeFreeConc || member.inputType == InpTypeFreeAct) {
                 sc.balanceKind = 5;
                 sc.givenValue = member.inputValue;
@@ -229,7 +221,7 @@ void AddRedoxGroups(AssemblyWork& w) {
             if (member.inputType == InpTypeTotalConc) sc.givenValue += member.inputValue;
         }
         AddFreeSpecies(w, FreeComponent, c, j, 0);
-        chem.components[c].systemIndex = j;
+        chem.placement[c].systemIndex = j;
         w.placed[c] = 1;
         AddRedoxPartners(w, true);
     }
@@ -240,7 +232,7 @@ void AddRedoxGroups(AssemblyWork& w) {
         if (sp.kind != RedoxPartner && sp.kind != RedoxPartnerSolid) continue;
         w.ctx.state.redoxProtonFlag = true;
         const int32_t nu = w.Coef(static_cast<int32_t>(s), 0);
-        const Component& member = chem.components[-sp.source];
+        const ComponentInput& member = w.ctx.input.components[-sp.source];
         if (nu == 0 || member.inputValue == 0 || member.inputType != InpTypeTotalConc) continue;
         if (nu < 0)
             hydrogen.balanceTotal -= std::abs(member.inputValue) * nu;
@@ -273,7 +265,7 @@ void AddHydroxide(AssemblyWork& w) {
     sp.literatureRef = water.literatureRef;
     sp.ionSize = 0;
     sp.source = -oh;
-    chem.components[oh].systemIndex = -s;
+    chem.placement[oh].systemIndex = -s;
     w.speciesOf[oh] = s;
     w.placed[oh] = 1;
     chem.freeHydroxideSpecies = s;
@@ -288,7 +280,7 @@ void AddHydroxide(AssemblyWork& w) {
 void AddRemainingComponents(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
     for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
-        if (!chem.components[c].inInput || w.placed[c]) continue;
+        if (!chem.placement[c].inInput || w.placed[c]) continue;
         const int32_t j = AddComponentUnknown(w, c);
         const Component& comp = chem.components[c];
         const int32_t kind = comp.type == Ads ? AdsorbedSpecies : FreeComponent;
@@ -306,8 +298,8 @@ void SortSystemComponents(AssemblyWork& w) {
             if (scs[i].componentIndex <= scs[j].componentIndex) continue;
             std::swap(scs[i], scs[j]);
             for (auto& row : w.dense) std::swap(row[i], row[j]);
-            chem.components[scs[i].componentIndex].systemIndex = i;
-            chem.components[scs[j].componentIndex].systemIndex = j;
+            chem.placement[scs[i].componentIndex].systemIndex = i;
+            chem.placement[scs[j].componentIndex].systemIndex = j;
         }
 }
 
@@ -337,6 +329,9 @@ void BuildComposition(AssemblyWork& w) {
 bool AssembleSystem(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     const InputProblem& input = ctx.input;
+    chem.ClearAssembled();
+    // the problem has one input per database component (SetProgramDefaults)
+    if (input.components.size() != chem.components.size()) return false;
     SetInputFlags(ctx);
     AssemblyWork w(ctx);
     ResetAssembledLayer(w);

@@ -10,7 +10,7 @@ namespace {
 // part, and a few more; rows widen when a calculation needs more.
 int32_t FirstColumnCount(const ChemicalSystem& chem) {
     int32_t inInput = 0;
-    for (const Component& c : chem.components) inInput += c.inInput ? 1 : 0;
+    for (const ComponentPlacement& p : chem.placement) inInput += p.inInput ? 1 : 0;
     return inInput + 8;
 }
 

@@ -16,12 +16,14 @@ namespace tormel {
 using TextLookup = std::function<std::string(std::string_view section, std::string_view key)>;
 
 struct CalcContext {
-    CalcContext(ChemicalSystem& chemicalSystem, const InputProblem& inputProblem, SolverState& solverState,
+    CalcContext(ChemicalSystem& chemicalSystem, InputProblem& inputProblem, SolverState& solverState,
                 const UiServices* services = nullptr)
         : chem(chemicalSystem), input(inputProblem), state(solverState), ui(services) {}
 
     ChemicalSystem& chem;
-    const InputProblem& input;
+    // Read by the calculation; a neutralisation adjusts the input value of
+    // the ion it neutralises with.
+    InputProblem& input;
     SolverState& state;
     const UiServices* ui = nullptr;  // messages and progress; none in silent runs
     TextLookup text;                 // empty: the key stands in for the text

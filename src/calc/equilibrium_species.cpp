@@ -22,10 +22,11 @@ void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t e
     for (const auto [k, nu] : index.Terms(e)) {
         ++terms;
         const Component& c = chem.components[k];
-        if (c.systemIndex > 0) {
-            w.Coef(s, c.systemIndex) += nu;
+        const int32_t systemIndex = chem.placement[k].systemIndex;
+        if (systemIndex > 0) {
+            w.Coef(s, systemIndex) += nu;
         } else {
-            const int32_t q = -c.systemIndex;
+            const int32_t q = -systemIndex;
             w.AddRow(s, q, nu);
             logK += nu * chem.species[q].logK;
             if (eq.hasEnthalpy) enthalpy -= nu * chem.species[q].enthalpy;

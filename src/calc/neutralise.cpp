@@ -40,18 +40,18 @@ struct Ion {
 };
 
 bool HasSystemComponent(const ChemicalSystem& chem, int32_t component) {
-    return chem.components[component].systemIndex > 0;
+    return chem.placement[component].systemIndex > 0;
 }
 
 SystemComponent& SystemComponentOf(ChemicalSystem& chem, int32_t component) {
-    return chem.systemComponents[chem.components[component].systemIndex];
+    return chem.systemComponents[chem.placement[component].systemIndex];
 }
 
 Ion Prepare(const ChemicalSystem& chem, int32_t component) {
     Ion ion;
     ion.component = component;
-    if (chem.components[component].systemIndex > 0) {
-        const SystemComponent& sc = chem.systemComponents[chem.components[component].systemIndex];
+    if (HasSystemComponent(chem, component)) {
+        const SystemComponent& sc = chem.systemComponents[chem.placement[component].systemIndex];
         ion.initialTotal = sc.givenValue;
         ion.name = sc.name;
     } else {
@@ -64,7 +64,7 @@ Ion Prepare(const ChemicalSystem& chem, int32_t component) {
 // totals is taken afresh: the passes change the totals, and the proton
 // balance's charge test must see the totals it solves.
 SolveResult SolveOnce(CalcContext& ctx) {
-    ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem);
+    ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem, ctx.input);
     SolveResult result = SolveEquilibrium(ctx, true);
     SpeciesChargeSums(ctx.chem, ctx.state.cationCharge, ctx.state.anionCharge);
     return result;
@@ -83,13 +83,13 @@ bool FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double
     }
     if (RelativelyEqual(positive, negative, criterion)) return true;
     const Ion& ion = positive > negative ? anion : cation;
-    Component& component = chem.components[ion.component];
-    const double d = (positive - negative) / -component.charge;
+    double& inputValue = ctx.input.components[ion.component].inputValue;
+    const double d = (positive - negative) / -chem.components[ion.component].charge;
     if (HasSystemComponent(chem, ion.component)) {
-        component.inputValue += d;
+        inputValue += d;
         return true;
     }
-    component.inputValue = d;
+    inputValue = d;
     return AssembleSystem(ctx);
 }
 
@@ -116,7 +116,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
         }
     if (!AssembleSystem(ctx)) return out;
     out.assembled = true;
-    st.inputChargeExcess = InputChargeExcess(chem);
+    st.inputChargeExcess = InputChargeExcess(chem, ctx.input);
     Ion cation = Prepare(chem, ctx.input.neutraliseCation);
     Ion anion = Prepare(chem, ctx.input.neutraliseAnion);
     window.text.caption = ctx.Text("NeutralCalc", "NeutrCaption1") + " " + cation.name + " " +
@@ -137,8 +137,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
             return out;
         }
         const Ion& ion = st.cationCharge > st.anionCharge ? anion : cation;
-        Component& component = chem.components[ion.component];
-        const double d = (st.cationCharge - st.anionCharge) / -component.charge;
+        const double d = (st.cationCharge - st.anionCharge) / -chem.components[ion.component].charge;
         if (HasSystemComponent(chem, ion.component)) {
             SystemComponent& sc = SystemComponentOf(chem, ion.component);
             const double damping = pass > 1 ? 1 / std::sqrt(pass - 1.0) : 1.0;
@@ -147,7 +146,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
             else
                 sc.givenValue += d * damping;
         } else {
-            component.inputValue = d / std::sqrt(static_cast<double>(pass));
+            ctx.input.components[ion.component].inputValue = d / std::sqrt(static_cast<double>(pass));
             if (!AssembleSystem(ctx)) {
                 out.assembled = false;
                 return out;

@@ -149,7 +149,7 @@ bool EquilibriumTakesPart(const ChemicalSystem& chem, int32_t e, int32_t organic
             hydrogenCoefficient = nu;
             continue;
         }
-        if (!chem.components[k].inInput) return false;
+        if (!chem.placement[k].inInput) return false;
         metal = k;
     }
     return metal > 0;
@@ -185,11 +185,11 @@ void AddMetalBlock(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t 
     // the species that holds the metal's row: its free species, or the
     // species that stands for it
     int32_t metalRow;
-    if (metalComp.systemIndex > 0) {
-        block.metalComponent = metalComp.systemIndex;
+    if (chem.placement[metal].systemIndex > 0) {
+        block.metalComponent = chem.placement[metal].systemIndex;
         metalRow = -1;
     } else {
-        block.standingSpecies = -metalComp.systemIndex;
+        block.standingSpecies = -chem.placement[metal].systemIndex;
         metalRow = block.standingSpecies;
     }
     if (block.hydrolysed) {

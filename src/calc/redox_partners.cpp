@@ -15,7 +15,7 @@ namespace {
 // the groups from the species map.
 int32_t Representative(const AssemblyWork& w, int32_t component, bool groupStep) {
     if (groupStep) return w.speciesOf[component];
-    return std::abs(w.chem.components[component].systemIndex);
+    return std::abs(w.chem.placement[component].systemIndex);
 }
 
 // The reaction's own component: the first one that is neither H+ nor the electron.
@@ -88,7 +88,7 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
     ChemicalSystem& chem = w.chem;
     const TypeRange range = chem.equilibriumRange[EqRedox];
     if (range.empty()) return;
-    const int32_t electronColumn = chem.electronIndex > 0 ? chem.components[chem.electronIndex].systemIndex : -1;
+    const int32_t electronColumn = chem.electronIndex > 0 ? chem.placement[chem.electronIndex].systemIndex : -1;
     const double temperature = w.ctx.input.temperature;
     // Each pass places at least one component, so the passes are bounded by
     // the number of components.
@@ -131,7 +131,7 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
             t2.logKDatabase = eq.logK;
             t2.deltaZ2Stored = eq.deltaZ2;
             if (!groupStep) t2.ionSize = eq.complexDiameter;
-            chem.components[n].systemIndex = -t;
+            chem.placement[n].systemIndex = -t;
             t2.source = -n;
             w.speciesOf[n] = t;
             if (groupStep) chem.equilibria[e].systemSpecies = t;

@@ -9,21 +9,20 @@ std::optional<double> SaltMeanActivityCoefficient(const ChemicalSystem& database
     const int32_t anion = database.FindComponent(salt.anion);
     if (cation < 0 || anion < 0) return std::nullopt;
     ChemicalSystem chem = database;
-    for (Component& c : chem.components) {
-        c.inputValue = 0;
-        c.inputType = c.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    }
-    chem.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
+    InputProblem input;
+    input.components.resize(chem.components.size());
+    for (size_t k = 0; k < chem.components.size(); ++k)
+        input.components[k].inputType = chem.components[k].type == Gas ? InpTypeGasPres : InpTypeTotalConc;
+    input.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
     const int32_t zc = chem.components[cation].charge;
     const int32_t za = -chem.components[anion].charge;
-    chem.components[cation].inputValue = salt.concentration * za;
-    chem.components[anion].inputValue = salt.concentration * zc;
+    input.components[cation].inputValue = salt.concentration * za;
+    input.components[anion].inputValue = salt.concentration * zc;
     if (salt.hydrogenActivity > 0) {
-        Component& h = chem.components[chem.hydrogenIndex];
+        ComponentInput& h = input.components[chem.hydrogenIndex];
         h.inputType = InpTypeFreeAct;
         h.inputValue = salt.hydrogenActivity;
     }
-    InputProblem input;
     input.ionicStrengthModel = kMsaModel;
     input.convergenceCriterion = 1.00001;
     SolverState state;

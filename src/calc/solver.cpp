@@ -153,7 +153,7 @@ void InitialiseSolve(CalcContext& ctx) {
     if (st.protonBalanceMode) {
         const double logKw = chem.equilibria[chem.waterEquilibriumIndex].logK;
         hydrogen.freeConcentration = std::sqrt(std::pow(10.0, -std::fabs(logKw)));
-        st.hydroxideReference += chem.components[chem.hydroxideIndex].inputValue;
+        st.hydroxideReference += ctx.input.components[chem.hydroxideIndex].inputValue;
         st.proton = ProtonUpdateState{};
     }
     MaxCoefficients(chem);

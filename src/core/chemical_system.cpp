@@ -24,6 +24,7 @@ int32_t ChemicalSystem::FindEquilibrium(std::string_view name) const {
 }
 
 void ChemicalSystem::ClearAssembled() {
+    placement.clear();
     systemComponents.clear();
     species.clear();
     reactionReactants.clear();

@@ -19,12 +19,8 @@ struct Component {
     std::string name;
     int32_t charge = 0;
     double molarMass = 0;
-    double inputValue = 0;
-    int32_t inputType = InpTypeNotSpecified;
     double ionDiameter = 0;
     int32_t organicModel = 0;
-    int32_t systemIndex = 0;
-    bool inInput = false;
     int32_t waterPartnerOfH = 0;
     int32_t waterPartnerOfOH = 0;
     int32_t gasPartner = 0;
@@ -73,6 +69,12 @@ constexpr int32_t kModel7ParameterCount = 13;
 int32_t OrganicParameterCount(int32_t modelCode);
 
 // --- assembled layer ---
+
+// How one database component takes part in the assembled system.
+struct ComponentPlacement {
+    bool inInput = false;     // takes part in the calculation
+    int32_t systemIndex = 0;  // > 0 its system component, < 0 minus the species that stands for it
+};
 
 struct SystemComponent {
     int32_t type = 0;
@@ -159,6 +161,7 @@ struct ChemicalSystem {
     std::shared_ptr<const EquilibriumIndex> equilibriumIndex;
 
     // assembled layer
+    std::vector<ComponentPlacement> placement;  // per database component
     std::vector<SystemComponent> systemComponents;
     std::vector<Species> species;
     std::vector<ReactionEntry> reactionReactants;  // row r, entry j at r * maxComponentsPerEquilibrium + j

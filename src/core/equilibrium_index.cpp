@@ -85,12 +85,12 @@ std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, int32_t type)
     auto consider = [&](int32_t e) {
         if (e < range.first || e > range.last || chem.equilibria[e].type != type) return;
         for (const EquilibriumTerm& t : index.Terms(e))
-            if (!chem.components[t.component].inInput) return;
+            if (!chem.placement[t.component].inInput) return;
         found.push_back(e);
     };
     for (int32_t e : index.WithoutComponents()) consider(e);
     for (int32_t c = 0; c < chem.ComponentCount(); ++c)
-        if (chem.components[c].inInput)
+        if (chem.placement[c].inInput)
             for (int32_t e : index.FiledUnder(c)) consider(e);
     std::sort(found.begin(), found.end());
     return found;

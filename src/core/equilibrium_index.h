@@ -56,7 +56,7 @@ const EquilibriumIndex& IndexOf(ChemicalSystem& chem);
 std::vector<EquilibriumTerm> TermsOf(const ChemicalSystem& chem, int32_t equilibrium);
 
 // The equilibria of `type`, within the type's range, whose components all
-// take part in the current calculation (their inInput flag), in ascending
+// take part in the current calculation (their inInput placement flag), in ascending
 // order. Without a fitting index in `chem` a temporary one is built.
 std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, int32_t type);
 

@@ -15,9 +15,15 @@ const Component* ComponentAt(const ChemicalSystem& chem, int32_t index) {
     return &chem.components[static_cast<size_t>(index)];
 }
 
-void CheckHydrogen(const ChemicalSystem& chem, const Language& lang, std::string& errors) {
-    const Component* h = ComponentAt(chem, chem.hydrogenIndex);
-    const Component* oh = ComponentAt(chem, chem.hydroxideIndex);
+const ComponentInput* InputAt(const InputProblem& input, const ChemicalSystem& chem, int32_t index) {
+    if (!ComponentAt(chem, index)) return nullptr;
+    return &input.components[static_cast<size_t>(index)];
+}
+
+void CheckHydrogen(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
+                   std::string& errors) {
+    const ComponentInput* h = InputAt(input, chem, chem.hydrogenIndex);
+    const ComponentInput* oh = InputAt(input, chem, chem.hydroxideIndex);
     if (!h) return;
     if (h->inputValue == 0) {
         if (h->inputType == InpTypeFreeConc) errors += LanguageText(lang, "Input", "ConsistencyError1") + "\n";
@@ -29,18 +35,19 @@ void CheckHydrogen(const ChemicalSystem& chem, const Language& lang, std::string
 
 // Marks the ligands whose free concentration a gas with a given partial
 // pressure fixes, and warns about those that carry a value of their own.
-std::vector<bool> CheckGasFixedLigands(const ChemicalSystem& chem, const Language& lang, std::string& warnings) {
+std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
+                                       std::string& warnings) {
     std::vector<bool> fixedByGas(chem.components.size(), false);
     for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
         const Equilibrium& eq = chem.equilibria[static_cast<size_t>(e)];
         if (eq.type != EqGas) continue;
         const Component* gas = ComponentAt(chem, eq.linkedComponent);
-        if (!gas || !(gas->inputValue > 0)) continue;
+        if (!gas || !(input.components[static_cast<size_t>(eq.linkedComponent)].inputValue > 0)) continue;
         for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
             const Component& ligand = chem.components[static_cast<size_t>(k)];
             if (chem.Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
             fixedByGas[static_cast<size_t>(k)] = true;
-            if (ligand.inputValue == 0) continue;
+            if (input.components[static_cast<size_t>(k)].inputValue == 0) continue;
             warnings += LanguageText(lang, "Input", "ConsistencyError4") + " " + gas->name + "\n" +
                         LanguageText(lang, "Input", "ConsistencyError5") + " " + ligand.name + ".\n" +
                         LanguageText(lang, "Input", "ConsistencyError6") + " " + ligand.name + ".\n";
@@ -52,8 +59,9 @@ std::vector<bool> CheckGasFixedLigands(const ChemicalSystem& chem, const Languag
 void CheckRedoxSolids(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
                       std::string& warnings) {
     if (input.redox) return;
-    for (const Component& c : chem.components) {
-        if (c.type != RedSol || !(c.inputValue > 0)) continue;
+    for (size_t k = 0; k < chem.components.size(); ++k) {
+        const Component& c = chem.components[k];
+        if (c.type != RedSol || !(input.components[k].inputValue > 0)) continue;
         warnings += LanguageText(lang, "Input", "ConsistencyError7") + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError8") + " " + c.name + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError9") + "\n";
@@ -91,14 +99,15 @@ void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, con
                 ++freeValues;
                 gasText += "- " + member.name + " " + LanguageText(lang, "Input", "ConsistencyError13") + "\n";
                 gasFixed = true;
-            } else if (member.inputValue != 0) {
-                if (member.inputType == InpTypeTotalConc) {
+            } else if (const ComponentInput& given = input.components[static_cast<size_t>(m)];
+                       given.inputValue != 0) {
+                if (given.inputType == InpTypeTotalConc) {
                     ++totals;
                     valueText += LanguageText(lang, "Input", "ConsistencyError17");
-                } else if (member.inputType == InpTypeFreeConc) {
+                } else if (given.inputType == InpTypeFreeConc) {
                     ++freeValues;
                     valueText += LanguageText(lang, "Input", "ConsistencyError15");
-                } else if (member.inputType == InpTypeFreeAct) {
+                } else if (given.inputType == InpTypeFreeAct) {
                     ++freeValues;
                     valueText += LanguageText(lang, "Input", "ConsistencyError16");
                 }
@@ -136,8 +145,8 @@ void CheckNeutralisation(const InputProblem& input, const Language& lang, std::s
 
 ConsistencyResult CheckConsistency(const InputProblem& input, const ChemicalSystem& chem, const Language& language) {
     ConsistencyResult result;
-    CheckHydrogen(chem, language, result.errors);
-    std::vector<bool> fixedByGas = CheckGasFixedLigands(chem, language, result.warnings);
+    CheckHydrogen(input, chem, language, result.errors);
+    std::vector<bool> fixedByGas = CheckGasFixedLigands(input, chem, language, result.warnings);
     CheckRedoxSolids(input, chem, language, result.warnings);
     CheckOrganicMatter(input, language, result.errors);
     CheckRedoxGroups(input, chem, fixedByGas, language, result.errors, result.warnings);

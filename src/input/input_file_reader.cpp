@@ -169,7 +169,7 @@ KeywordResult ApplyKeyword(std::string_view key, std::string_view value, const s
 // "value [type text]": the number must end at a blank or at the end; an
 // unknown type text leaves the type at its program default. False when the
 // number cannot be read.
-bool ApplyComponentLine(Component& component, std::string_view value) {
+bool ApplyComponentLine(ComponentInput& component, std::string_view value) {
     size_t used = 0;
     LeadingReal(value, &used);
     std::optional<double> number = CompleteReal(value.substr(0, used));
@@ -190,7 +190,7 @@ bool NeutralisesAs(const ChemicalSystem& chem, int32_t index, bool cation) {
 }  // namespace
 
 std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
-                                            InputProblem& input, ChemicalSystem& chem) {
+                                            InputProblem& input, const ChemicalSystem& chem) {
     TokenReader reader{std::u16string(text)};
     if (EqualsIgnoreCase(extension, ".i64")) {
         if (auto error = CheckI64Header(reader)) return error;
@@ -246,14 +246,14 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
             duplicate.earlierLine = givenLine[slot];
             return duplicate;
         }
-        if (!ApplyComponentLine(chem.components[slot], value)) return refused("ErrorNumber");
+        if (!ApplyComponentLine(input.components[slot], value)) return refused("ErrorNumber");
         givenAt[slot] = lineNumber;
         givenLine[slot] = Utf16ToUtf8(WithoutLineFeed(whole));
     }
     return std::nullopt;
 }
 
-std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem) {
+std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, const ChemicalSystem& chem) {
     std::error_code ec;
     if (!std::filesystem::exists(path, ec)) {
         InputFileError e = Error("ErrorFileMissing", 0);
@@ -277,7 +277,7 @@ std::optional<InputFileError> LoadInputFile(const std::string& path, InputProble
     return std::nullopt;
 }
 
-bool ReadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem, const UiServices& ui,
+bool ReadInputFile(const std::string& path, InputProblem& input, const ChemicalSystem& chem, const UiServices& ui,
                    const Language& language) {
     auto error = LoadInputFile(path, input, chem);
     if (!error) return true;

@@ -24,9 +24,9 @@ std::string ComponentName(const ChemicalSystem& chem, int32_t index) {
     return chem.components.empty() ? std::string() : chem.components[static_cast<size_t>(index)].name;
 }
 
-void AppendComponentLine(std::string& out, const Component& c, int32_t inputType) {
+void AppendComponentLine(std::string& out, const Component& c, double inputValue, int32_t inputType) {
     out += c.name;
-    out += FormatC(": %.16G ", c.inputValue);
+    out += FormatC(": %.16G ", inputValue);
     out += InputTypeFileText(inputType);
     out += '\n';
 }
@@ -75,10 +75,11 @@ std::string FormatInputFile(const InputProblem& input, const ChemicalSystem& che
 
     for (int32_t i = 0; i < chem.ComponentCount(); ++i) {
         const Component& c = chem.components[static_cast<size_t>(i)];
+        const ComponentInput& given = input.components[static_cast<size_t>(i)];
         if (c.type == Electron) {
-            if (input.redox) AppendComponentLine(out, c, InpTypeFreeAct);
-        } else if (i == chem.hydrogenIndex || c.inputValue != 0) {
-            AppendComponentLine(out, c, c.inputType);
+            if (input.redox) AppendComponentLine(out, c, given.inputValue, InpTypeFreeAct);
+        } else if (i == chem.hydrogenIndex || given.inputValue != 0) {
+            AppendComponentLine(out, c, given.inputValue, given.inputType);
         }
     }
     return out;

@@ -29,7 +29,7 @@ double ConditionalLogK(const CalcContext& calc, const Equilibrium& eq) {
 // system component, or the concentration of the species that stands for it.
 // `firstSystemIndex` is the smallest system index taken as a system component.
 double FreeValue(const ChemicalSystem& chem, int32_t k, int32_t firstSystemIndex) {
-    const int32_t index = chem.components[k].systemIndex;
+    const int32_t index = chem.placement[k].systemIndex;
     if (index >= firstSystemIndex) {
         if (static_cast<size_t>(index) < chem.systemComponents.size()) return chem.systemComponents[index].freeConcentration;
         return 0;
@@ -112,14 +112,14 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
     for (int32_t e = range.first; e <= range.last && e < chem.EquilibriumCount(); ++e) {
         const Equilibrium& eq = chem.equilibria[e];
         if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.ComponentCount()) continue;
-        if (chem.components[eq.linkedComponent].inputValue != 0) continue;
+        if (calc.input.components[eq.linkedComponent].inputValue != 0) continue;
         const double conditional = ConditionalLogK(calc, eq);
         const std::vector<EquilibriumTerm> terms = TermsOf(chem, e);
         double pressure = std::pow(10.0, conditional);
         for (const auto [j, nu] : terms) pressure *= std::pow(FreeValue(chem, j, 1), nu);
         for (const auto [k, nu] : terms) {
             const Component& ligand = chem.components[k];
-            if (ligand.type != Ligand || !ligand.inInput) continue;
+            if (ligand.type != Ligand || !chem.placement[k].inInput) continue;
             ReactionDefinition definition = DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.ComponentCount()),
                                                          static_cast<int32_t>(eq.linkedCoefficient));
 

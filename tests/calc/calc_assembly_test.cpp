@@ -35,7 +35,7 @@ TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     f.Set(kFe3, InpTypeTotalConc, 2e-4);  // only the oxidised member is given
     f.Set(kElectron, InpTypeFreeAct, 1e-12);
     ASSERT_TRUE(Assemble(f));
-    EXPECT_TRUE(f.chem.components[kFe2].inInput);
+    EXPECT_TRUE(f.chem.placement[kFe2].inInput);
     int32_t groupUnknowns = 0;
     for (const SystemComponent& sc : f.chem.systemComponents)
         if (sc.name == "Fe(II)" || sc.name == "Fe(III)") ++groupUnknowns;
@@ -48,8 +48,8 @@ TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     g.Set(kH, InpTypeFreeAct, 1e-3);
     g.Set(kFe3, InpTypeTotalConc, 2e-4);
     ASSERT_TRUE(Assemble(g));
-    EXPECT_FALSE(g.chem.components[kFe2].inInput);
-    EXPECT_GT(g.chem.components[kFe3].systemIndex, 0);
+    EXPECT_FALSE(g.chem.placement[kFe2].inInput);
+    EXPECT_GT(g.chem.placement[kFe3].systemIndex, 0);
 }
 
 TEST(CalcAssembly, TemperatureCorrectionModes) {

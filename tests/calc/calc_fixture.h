@@ -20,8 +20,7 @@ struct CalcFixture {
     CalcFixture();
     CalcContext Context() { return CalcContext{chem, input, state}; }
     void Set(int32_t component, int32_t type, double value) {
-        chem.components[component].inputType = type;
-        chem.components[component].inputValue = value;
+        input.components[component] = {value, type};
     }
     // Gives each listed component its total concentration.
     void SetTotals(std::initializer_list<std::pair<int32_t, double>> totals) {

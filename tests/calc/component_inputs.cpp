@@ -2,12 +2,11 @@
 
 namespace tormel::test {
 
-void ClearInputs(ChemicalSystem& chem) {
-    for (Component& c : chem.components) {
-        c.inputValue = 0;
-        c.inputType = c.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    }
-    chem.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
+void ClearInputs(InputProblem& input, const ChemicalSystem& chem) {
+    input.components.assign(chem.components.size(), ComponentInput{});
+    for (size_t k = 0; k < chem.components.size(); ++k)
+        input.components[k].inputType = chem.components[k].type == Gas ? InpTypeGasPres : InpTypeTotalConc;
+    input.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
 }
 
 }  // namespace tormel::test

@@ -106,8 +106,9 @@ DatabaseWater MakeDatabaseWater(std::mt19937& rng, const ChemicalSystem& databas
 bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& database, double criterion,
                         ChemicalSystem& chem, InputProblem& input) {
     chem = database;
-    ClearInputs(chem);
-    Component& hydrogen = chem.components[chem.hydrogenIndex];
+    input = InputProblem{};
+    ClearInputs(input, chem);
+    ComponentInput& hydrogen = input.components[chem.hydrogenIndex];
     if (water.protonBalance) {
         hydrogen.inputType = InpTypeTotalConc;
         hydrogen.inputValue = water.hTotal;
@@ -118,10 +119,8 @@ bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& databa
     for (const auto& [name, value] : water.totals) {
         const int32_t k = chem.FindComponent(name);
         if (k < 0) return false;
-        chem.components[k].inputType = InpTypeTotalConc;
-        chem.components[k].inputValue = value;
+        input.components[k] = {value, InpTypeTotalConc};
     }
-    input = InputProblem{};
     input.ionicStrengthModel = water.activityModel;
     input.convergenceCriterion = criterion;
     input.temperature = water.temperature;
@@ -130,7 +129,7 @@ bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& databa
     input.adsorption = water.adsorption;
     input.redox = water.redox;
     if (water.redox) {
-        Component& electron = chem.components[chem.electronIndex];
+        ComponentInput& electron = input.components[chem.electronIndex];
         electron.inputType = InpTypeFreeAct;
         electron.inputValue = std::pow(10.0, -water.pe);
     }

@@ -13,7 +13,7 @@ namespace {
 // The species whose activity is the activity of database component k.
 int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k) {
     if (k == chem.hydrogenIndex) return 0;
-    const Component& comp = chem.components[k];
+    const ComponentPlacement& comp = chem.placement[k];
     if (!comp.inInput) return -1;
     if (comp.systemIndex <= 0) return -comp.systemIndex;
     for (size_t s = 0; s < chem.species.size(); ++s) {
@@ -35,7 +35,7 @@ bool DatabaseSaturationIndex(const ChemicalSystem& chem, const SolverState& stat
         if (nu == 0) continue;
         double logActivity;
         if (k == chem.electronIndex) {
-            logActivity = std::log10(chem.components[k].inputValue);  // the electron has no activity coefficient
+            logActivity = std::log10(input.components[k].inputValue);  // the electron has no activity coefficient
         } else {
             const int32_t s = RepresentingSpecies(chem, k);
             if (s < 0) return false;

@@ -182,7 +182,7 @@ TEST(Precipitation, CalciteFromAnOversaturatedWaterAtFixedPh) {
     ExpectRelative(Conc(f, "free Cl") + Conc(f, "CaCl+") + Conc(f, "NaCl"), 6e-3, "Cl");
     f.ExpectSaturationEverywhere();
     // what the results show: the solid part of each component's balance
-    const SystemComponent& ca = f.chem.systemComponents[f.chem.components[kCa].systemIndex];
+    const SystemComponent& ca = f.chem.systemComponents[f.chem.placement[kCa].systemIndex];
     ExpectRelative(ca.sumSolid, calcite, "Ca in solids");
     // the progress report: one line, the solids count, a full solids bar at the end
     ASSERT_EQ(f.state.solidProgressLines.size(), 1u);

@@ -97,13 +97,12 @@ private:
     bool Give(const std::string& name, int32_t type, double value) {
         const int32_t k = chem_.FindComponent(name);
         if (k < 0) return Fail("component " + name + " not in the database");
-        chem_.components[k].inputType = type;
-        chem_.components[k].inputValue = value;
+        input_.components[k] = {value, type};
         return true;
     }
 
     bool SetUp() {
-        ClearInputs(chem_);
+        ClearInputs(input_, chem_);
         const JsonValue* options = c_.Find("options");
         input_.redox = options && options->BoolOr("redox", false);
         input_.adsorption = options && options->BoolOr("adsorption", false);
@@ -117,7 +116,7 @@ private:
             if (!Give(hydrogen, InpTypeTotalConc, c_.NumberOr("h_total_mol_L", 0))) return false;
         }
         if (chem_.electronIndex > 0) {
-            Component& e = chem_.components[chem_.electronIndex];
+            ComponentInput& e = input_.components[chem_.electronIndex];
             e.inputType = InpTypeFreeAct;
             e.inputValue = c_.Find("pe") ? std::pow(10.0, -c_.NumberOr("pe", 0)) : 1.0;
         }
@@ -149,7 +148,7 @@ private:
 
     // The species that stands for a component in the solved system; -1 none.
     int32_t Representing(int32_t k) const {
-        const Component& comp = chem_.components[k];
+        const ComponentPlacement& comp = chem_.placement[k];
         if (!comp.inInput) return -1;
         if (k == chem_.hydrogenIndex) return 0;
         if (comp.systemIndex <= 0) return -comp.systemIndex;
@@ -207,7 +206,7 @@ private:
     }
 
     double LogActivity(int32_t k, bool& ok) const {
-        if (k == chem_.electronIndex) return std::log10(chem_.components[k].inputValue);
+        if (k == chem_.electronIndex) return std::log10(input_.components[k].inputValue);
         const int32_t s = Representing(k);
         if (s < 0) {
             ok = false;

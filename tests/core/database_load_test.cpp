@@ -137,10 +137,10 @@ TEST(CoreDatabaseLoad, ASecondLoadReplacesTheFirst) {
     RecordingUi ui;
     ChemicalSystem chem;
     ASSERT_FALSE(LoadDatabase(chem, dir.Path(), ui.services));
-    chem.components[3].inputValue = 5;
+    chem.components[3].molarMass += 5;
     ASSERT_FALSE(LoadDatabase(chem, dir.Path(), ui.services));
     EXPECT_EQ(chem.ComponentCount(), source.ComponentCount());
-    EXPECT_EQ(chem.components[3].inputValue, 0);
+    EXPECT_EQ(chem.components[3].molarMass, source.components[3].molarMass);
     EXPECT_EQ(chem.literature.size(), source.literature.size());
 }
 

@@ -22,7 +22,7 @@ std::vector<int32_t> ScanForEquilibria(const ChemicalSystem& chem, int32_t type)
         if (chem.equilibria[e].type != type) continue;
         bool all = true;
         for (int32_t k = 0; k < chem.ComponentCount(); ++k)
-            if (chem.Coefficient(k, e) != 0 && !chem.components[k].inInput) all = false;
+            if (chem.Coefficient(k, e) != 0 && !chem.placement[k].inInput) all = false;
         if (all) found.push_back(e);
     }
     return found;
@@ -49,9 +49,10 @@ void ExpectIndexMatchesScan(ChemicalSystem chem, unsigned seed) {
     for (double share : {0.0, 0.02, 0.1, 0.5, 1.0}) {
         std::bernoulli_distribution takesPart(share);
         for (int round = 0; round < 10; ++round) {
-            for (Component& c : chem.components) c.inInput = takesPart(rng);
-            chem.components[chem.hydrogenIndex].inInput = true;
-            chem.components[chem.hydroxideIndex].inInput = true;
+            chem.placement.assign(chem.components.size(), ComponentPlacement{});
+            for (ComponentPlacement& p : chem.placement) p.inInput = takesPart(rng);
+            chem.placement[chem.hydrogenIndex].inInput = true;
+            chem.placement[chem.hydroxideIndex].inInput = true;
             for (int32_t type : {EqComplex, EqAdsorption, EqRedox, EqGas, EqSolid, EqOrganic})
                 ASSERT_EQ(EquilibriaInInput(chem, type), ScanForEquilibria(chem, type))
                     << "type " << type << ", share " << share;
@@ -91,7 +92,7 @@ TEST(CoreEquilibriumIndex, IsBuiltForAHandMadeDatabaseAndAgainWhenItsShapeChange
             widened[k * chem.equilibria.size() + e] = chem.stoichiometry[k * (chem.equilibria.size() - 1) + e];
     chem.stoichiometry = std::move(widened);
     EXPECT_TRUE(IndexOf(chem).Terms(chem.EquilibriumCount() - 1).empty());
-    for (Component& c : chem.components) c.inInput = false;
+    chem.placement.assign(chem.components.size(), ComponentPlacement{});
     EXPECT_EQ(EquilibriaInInput(chem, EqComplex), std::vector<int32_t>{chem.EquilibriumCount() - 1});
     ExpectIndexMatchesScan(chem, 8);
 }

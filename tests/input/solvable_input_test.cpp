@@ -39,12 +39,12 @@ TEST(SolvableInput, RefusesNegativeNonFiniteValuesAndCriteriaThatAreNoRatioAbove
         {"criterion 1e-320", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = 1e-320; }, criterion},
         {"criterion NaN", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = kNaN; }, criterion},
         {"negative total",
-         [](InputProblem&, ChemicalSystem& chem) { chem.components[I::Ca].inputValue = -0.001; },
+         [](InputProblem& in, ChemicalSystem&) { in.components[I::Ca].inputValue = -0.001; },
          negative + " Ca"},
         {"negative free activity of H",
-         [](InputProblem&, ChemicalSystem& chem) { chem.components[I::H].inputValue = -1e-7; }, negative + " H"},
+         [](InputProblem& in, ChemicalSystem&) { in.components[I::H].inputValue = -1e-7; }, negative + " H"},
         {"infinite gas pressure",
-         [](InputProblem&, ChemicalSystem& chem) { chem.components[I::CO2g].inputValue = kInf; },
+         [](InputProblem& in, ChemicalSystem&) { in.components[I::CO2g].inputValue = kInf; },
          notFinite + " CO2(g)"},
         {"temperature below zero", [](InputProblem& in, ChemicalSystem&) { in.temperature = -5; }, ""},
         {"temperature NaN", [](InputProblem& in, ChemicalSystem&) { in.temperature = kNaN; }, notFinite + " Temperature"},
@@ -66,10 +66,10 @@ TEST(SolvableInput, RefusesNegativeNonFiniteValuesAndCriteriaThatAreNoRatioAbove
          },
          negative + " Concentration (mg/L C)\n" + notFinite + " Fraction of fulvic acids"},
         {"every field at once",
-         [](InputProblem& in, ChemicalSystem& chem) {
+         [](InputProblem& in, ChemicalSystem&) {
              in.convergenceCriterion = 1;
-             chem.components[I::Na].inputValue = -1;
-             chem.components[I::Cl].inputValue = kNaN;
+             in.components[I::Na].inputValue = -1;
+             in.components[I::Cl].inputValue = kNaN;
          },
          criterion + "\n" + negative + " Na\n" + notFinite + " Cl"},
     };

@@ -303,7 +303,7 @@ bool WriteReferenceInput(const std::string& file, const std::string& path, doubl
     InputProblem input;
     if (!PrepareReferenceCase(*reference, *database, 1.0001, chem, input)) return false;
     for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-        Component& c = chem.components[k];
+        ComponentInput& c = input.components[k];
         if (k != chem.hydrogenIndex && c.inputType == InpTypeTotalConc) c.inputValue *= scale;
     }
     input.description = description.empty() ? reference->TextOr("description", "") : description;

@@ -64,7 +64,7 @@ TEST(Startup, RunsItsStepsInOrderAndLeavesAReadyWorkspace) {
         EXPECT_TRUE(std::filesystem::is_directory(*f)) << *f;
     EXPECT_TRUE(FileExists(ws.folders.languageFile));
     ASSERT_GT(ws.chem.ComponentCount(), 50);
-    EXPECT_EQ(ws.chem.components[ws.chem.hydrogenIndex].inputType, InpTypeFreeAct) << "program defaults: pH 7";
+    EXPECT_EQ(ws.input.components[ws.chem.hydrogenIndex].inputType, InpTypeFreeAct) << "program defaults: pH 7";
 
     SaveSettingsAndShutDown(ws, recorder.hooks);
     EXPECT_EQ(recorder.steps.back(), "release");

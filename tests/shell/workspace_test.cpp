@@ -12,8 +12,8 @@ namespace {
 void ImbalancedWater(Workspace& ws, bool forceNeutral) {
     ChemicalSystem& chem = ws.chem;
     SetProgramDefaults(ws.input, chem);
-    chem.components[chem.FindComponent("Ca")].inputValue = 1e-3;
-    chem.components[chem.FindComponent("Cl")].inputValue = 1e-3;
+    ws.input.components[chem.FindComponent("Ca")].inputValue = 1e-3;
+    ws.input.components[chem.FindComponent("Cl")].inputValue = 1e-3;
     ws.input.ionicStrengthModel = 1;
     ws.input.convergenceCriterion = 1.000001;
     ws.input.forceNeutral = forceNeutral;
@@ -39,9 +39,9 @@ TEST(ShellWorkspace, ForcedNeutralSolutionIsCalculatedNeutral) {
     SpeciesChargeSums(ws.chem, cations, anions);
     EXPECT_TRUE(RelativelyEqual(cations, anions, 1.0001)) << cations << " vs " << anions;
     // at a fixed pH the raised chloride total lives in the assembled layer only
-    const Component& cl = ws.chem.components[ws.chem.FindComponent("Cl")];
-    EXPECT_EQ(cl.inputValue, 1e-3);
-    EXPECT_GT(ws.chem.systemComponents[cl.systemIndex].balanceTotal, 1.9e-3);
+    const int32_t cl = ws.chem.FindComponent("Cl");
+    EXPECT_EQ(ws.input.components[cl].inputValue, 1e-3);
+    EXPECT_GT(ws.chem.systemComponents[ws.chem.placement[cl].systemIndex].balanceTotal, 1.9e-3);
 }
 
 }  // namespace

@@ -61,8 +61,8 @@ TEST(DesktopCalculation, NeutralSolutionRunsTheNeutralisationWindow) {
     ASSERT_FALSE(fixture.Start().endProcess);
     Workspace& ws = fixture.Ws();
     ChemicalSystem& chem = ws.chem;
-    chem.components[chem.FindComponent("Ca")].inputValue = 1e-3;
-    chem.components[chem.FindComponent("Cl")].inputValue = 1e-3;
+    ws.input.components[chem.FindComponent("Ca")].inputValue = 1e-3;
+    ws.input.components[chem.FindComponent("Cl")].inputValue = 1e-3;
     ws.input.forceNeutral = true;
     ws.input.neutraliseCation = chem.FindComponent("Na");
     ws.input.neutraliseAnion = chem.FindComponent("Cl");
