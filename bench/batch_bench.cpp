@@ -36,7 +36,7 @@ struct BatchSetUp {
             if (LoadInputFile(source + "/data/examples/" + examples[k % 2], input, ws->chem)) return;
             for (size_t c = 0; c < input.components.size(); ++c)
                 if (input.components[c].inputType == InpTypeTotalConc &&
-                    static_cast<int32_t>(c) != ws->chem.hydrogenIndex)
+                    static_cast<int32_t>(c) != ws->chem.db().hydrogenIndex)
                     input.components[c].inputValue *= 1.0 + 0.002 * (k % 100);
             const std::string name = "job" + std::to_string(k);
             if (!WriteUtf16File(ws->folders.inputFolder + name + ".i64",

@@ -18,7 +18,7 @@ namespace {
 using namespace tormel;
 
 void Set(const ChemicalSystem& chem, InputProblem& input, const char* name, int32_t type, double value) {
-    const int32_t c = chem.FindComponent(name);
+    const int32_t c = chem.db().FindComponent(name);
     if (c < 0) return;
     input.components[c] = {value, type};
 }
@@ -26,7 +26,7 @@ void Set(const ChemicalSystem& chem, InputProblem& input, const char* name, int3
 // Ca, Mg, Na, K, Cu, Zn, Cd, Pb, Ni and Al with chloride, sulphate and
 // carbonate; 5 mg C/L, 70 % fulvic acid.
 void NaturalWater(ChemicalSystem& chem, InputProblem& input, int32_t model, bool protonBalance) {
-    input.components.assign(chem.components.size(), ComponentInput{});
+    input.components.assign(chem.db().components.size(), ComponentInput{});
     input.ionicStrengthModel = 1;
     input.convergenceCriterion = 1.000001;
     input.organicComplexation = true;

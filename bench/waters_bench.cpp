@@ -74,9 +74,9 @@ void ApplyWater(Workspace& ws, const Water& water) {
     ChemicalSystem& chem = ws.chem;
     ws.input = InputProblem{};
     test::ClearInputs(ws.input, chem);
-    ws.input.components[chem.hydrogenIndex] = {std::pow(10.0, -water.ph), InpTypeFreeAct};
+    ws.input.components[chem.db().hydrogenIndex] = {std::pow(10.0, -water.ph), InpTypeFreeAct};
     for (size_t k = 0; k < kTotals.size(); ++k)
-        ws.input.components[chem.FindComponent(kTotals[k])] = {water.totals[k], InpTypeTotalConc};
+        ws.input.components[chem.db().FindComponent(kTotals[k])] = {water.totals[k], InpTypeTotalConc};
     ws.input.ionicStrengthModel = kDaviesModel;
     ws.input.convergenceCriterion = 1.0001;
 }
@@ -98,7 +98,7 @@ struct WatersSetUp {
         }
         Workspace& ws = *folder.ws;
         for (const char* name : kTotals)
-            if (ws.chem.FindComponent(name) < 0) error = std::string("no component ") + name + " in the database";
+            if (ws.chem.db().FindComponent(name) < 0) error = std::string("no component ") + name + " in the database";
         if (!error.empty()) return;
         std::string batch;
         for (size_t i = 0; i < waters.size(); ++i) {

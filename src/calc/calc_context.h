@@ -18,9 +18,10 @@ using TextLookup = std::function<std::string(std::string_view section, std::stri
 struct CalcContext {
     CalcContext(ChemicalSystem& chemicalSystem, InputProblem& inputProblem, SolverState& solverState,
                 const UiServices* services = nullptr)
-        : chem(chemicalSystem), input(inputProblem), state(solverState), ui(services) {}
+        : db(chemicalSystem.db()), chem(chemicalSystem), input(inputProblem), state(solverState), ui(services) {}
 
-    ChemicalSystem& chem;
+    const Database& db;    // read only, possibly shared with other calculations
+    ChemicalSystem& chem;  // the assembled layer this calculation builds
     // Read by the calculation; a neutralisation adjusts the input value of
     // the ion it neutralises with.
     InputProblem& input;

@@ -55,7 +55,7 @@ Ion Prepare(const ChemicalSystem& chem, int32_t component) {
         ion.initialTotal = sc.givenValue;
         ion.name = sc.name;
     } else {
-        ion.name = chem.components[component].name;
+        ion.name = chem.db().components[component].name;
     }
     return ion;
 }
@@ -84,7 +84,7 @@ bool FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double
     if (RelativelyEqual(positive, negative, criterion)) return true;
     const Ion& ion = positive > negative ? anion : cation;
     double& inputValue = ctx.input.components[ion.component].inputValue;
-    const double d = (positive - negative) / -chem.components[ion.component].charge;
+    const double d = (positive - negative) / -chem.db().components[ion.component].charge;
     if (HasSystemComponent(chem, ion.component)) {
         inputValue += d;
         return true;
@@ -108,9 +108,9 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
     window.text = {ctx.Text("NeutralCalc", "NeutrCaption1") + " (?)", PassLine(ctx, 1), ""};
     window.Show();
 
-    const int32_t count = chem.ComponentCount();
+    const int32_t count = chem.db().ComponentCount();
     for (int32_t k : {ctx.input.neutraliseCation, ctx.input.neutraliseAnion})
-        if (k <= 0 || k >= count || chem.components[k].charge == 0) {
+        if (k <= 0 || k >= count || chem.db().components[k].charge == 0) {
             out.message = "no charged cation and anion chosen to neutralise with";
             return out;
         }
@@ -137,7 +137,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
             return out;
         }
         const Ion& ion = st.cationCharge > st.anionCharge ? anion : cation;
-        const double d = (st.cationCharge - st.anionCharge) / -chem.components[ion.component].charge;
+        const double d = (st.cationCharge - st.anionCharge) / -chem.db().components[ion.component].charge;
         if (HasSystemComponent(chem, ion.component)) {
             SystemComponent& sc = SystemComponentOf(chem, ion.component);
             const double damping = pass > 1 ? 1 / std::sqrt(pass - 1.0) : 1.0;

@@ -19,7 +19,7 @@ void FreeFromGivenMember(CalcContext& ctx) {
     for (int32_t j = 0; j < systemCount; ++j) {
         SystemComponent& sc = chem.systemComponents[j];
         if (sc.balanceKind != kGroupWithGivenMember) continue;
-        const Component& member = chem.components[sc.givenMember];
+        const Component& member = chem.db().components[sc.givenMember];
         const int32_t memberIndex = chem.placement[sc.givenMember].systemIndex;
         double target = sc.givenValue;
         if (ctx.input.components[sc.givenMember].inputType == InpTypeFreeAct) {

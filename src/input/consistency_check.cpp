@@ -11,8 +11,8 @@ namespace {
 bool IsFreeValue(int32_t inputType) { return inputType == InpTypeFreeConc || inputType == InpTypeFreeAct; }
 
 const Component* ComponentAt(const ChemicalSystem& chem, int32_t index) {
-    if (index < 0 || index >= chem.ComponentCount()) return nullptr;
-    return &chem.components[static_cast<size_t>(index)];
+    if (index < 0 || index >= chem.db().ComponentCount()) return nullptr;
+    return &chem.db().components[static_cast<size_t>(index)];
 }
 
 const ComponentInput* InputAt(const InputProblem& input, const ChemicalSystem& chem, int32_t index) {
@@ -22,8 +22,8 @@ const ComponentInput* InputAt(const InputProblem& input, const ChemicalSystem& c
 
 void CheckHydrogen(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
                    std::string& errors) {
-    const ComponentInput* h = InputAt(input, chem, chem.hydrogenIndex);
-    const ComponentInput* oh = InputAt(input, chem, chem.hydroxideIndex);
+    const ComponentInput* h = InputAt(input, chem, chem.db().hydrogenIndex);
+    const ComponentInput* oh = InputAt(input, chem, chem.db().hydroxideIndex);
     if (!h) return;
     if (h->inputValue == 0) {
         if (h->inputType == InpTypeFreeConc) errors += LanguageText(lang, "Input", "ConsistencyError1") + "\n";
@@ -37,15 +37,15 @@ void CheckHydrogen(const InputProblem& input, const ChemicalSystem& chem, const 
 // pressure fixes, and warns about those that carry a value of their own.
 std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
                                        std::string& warnings) {
-    std::vector<bool> fixedByGas(chem.components.size(), false);
-    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
-        const Equilibrium& eq = chem.equilibria[static_cast<size_t>(e)];
+    std::vector<bool> fixedByGas(chem.db().components.size(), false);
+    for (int32_t e = 0; e < chem.db().EquilibriumCount(); ++e) {
+        const Equilibrium& eq = chem.db().equilibria[static_cast<size_t>(e)];
         if (eq.type != EqGas) continue;
         const Component* gas = ComponentAt(chem, eq.linkedComponent);
         if (!gas || !(input.components[static_cast<size_t>(eq.linkedComponent)].inputValue > 0)) continue;
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-            const Component& ligand = chem.components[static_cast<size_t>(k)];
-            if (chem.Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
+        for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
+            const Component& ligand = chem.db().components[static_cast<size_t>(k)];
+            if (chem.db().Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
             fixedByGas[static_cast<size_t>(k)] = true;
             if (input.components[static_cast<size_t>(k)].inputValue == 0) continue;
             warnings += LanguageText(lang, "Input", "ConsistencyError4") + " " + gas->name + "\n" +
@@ -59,8 +59,8 @@ std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const Chemical
 void CheckRedoxSolids(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
                       std::string& warnings) {
     if (input.redox) return;
-    for (size_t k = 0; k < chem.components.size(); ++k) {
-        const Component& c = chem.components[k];
+    for (size_t k = 0; k < chem.db().components.size(); ++k) {
+        const Component& c = chem.db().components[k];
         if (c.type != RedSol || !(input.components[k].inputValue > 0)) continue;
         warnings += LanguageText(lang, "Input", "ConsistencyError7") + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError8") + " " + c.name + ".\n" +
@@ -81,9 +81,9 @@ void CheckOrganicMatter(const InputProblem& input, const Language& lang, std::st
 void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, const std::vector<bool>& fixedByGas,
                       const Language& lang, std::string& errors, std::string& warnings) {
     if (!input.redox) return;
-    const int32_t count = chem.ComponentCount();
+    const int32_t count = chem.db().ComponentCount();
     for (int32_t c = 0; c < count; ++c) {
-        const Component& first = chem.components[static_cast<size_t>(c)];
+        const Component& first = chem.db().components[static_cast<size_t>(c)];
         if (first.redoxNext == 0 || first.redoxPrev != 0) continue;
         std::string members, gasText, valueText;
         int totals = 0, freeValues = 0;
@@ -91,7 +91,7 @@ void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, con
         // The links run in ascending index order; the step bound guards
         // against a damaged chain.
         for (int32_t m = c, steps = 0; steps < count; ++steps) {
-            const Component& member = chem.components[static_cast<size_t>(m)];
+            const Component& member = chem.db().components[static_cast<size_t>(m)];
             const bool hasNext = member.redoxNext != 0;
             members += member.name;
             if (hasNext) members += " / ";

@@ -59,8 +59,8 @@ bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(
 // Component index by name, compared without regard to letter case, lowest
 // index first; -1 when there is none.
 int32_t FindComponentIgnoreCase(const ChemicalSystem& chem, std::string_view name) {
-    for (int32_t i = 0; i < chem.ComponentCount(); ++i)
-        if (EqualsIgnoreCase(chem.components[static_cast<size_t>(i)].name, name)) return i;
+    for (int32_t i = 0; i < chem.db().ComponentCount(); ++i)
+        if (EqualsIgnoreCase(chem.db().components[static_cast<size_t>(i)].name, name)) return i;
     return -1;
 }
 
@@ -184,7 +184,7 @@ bool ApplyComponentLine(ComponentInput& component, std::string_view value) {
 // line, a ligand for the anion line, or component 0, which stands for none
 // chosen (the writer writes its name then).
 bool NeutralisesAs(const ChemicalSystem& chem, int32_t index, bool cation) {
-    return index == 0 || chem.components[static_cast<size_t>(index)].type == (cation ? Cation : Ligand);
+    return index == 0 || chem.db().components[static_cast<size_t>(index)].type == (cation ? Cation : Ligand);
 }
 
 }  // namespace
@@ -203,7 +203,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
     SetProgramDefaults(input, chem);
 
     // where each component was given, to refuse a second line for it
-    std::vector<int> givenAt(static_cast<size_t>(chem.ComponentCount()), 0);
+    std::vector<int> givenAt(static_cast<size_t>(chem.db().ComponentCount()), 0);
     std::vector<std::string> givenLine(givenAt.size());
 
     std::u16string line;

@@ -20,8 +20,8 @@ std::string SingleLine(std::string text) {
 }
 
 std::string ComponentName(const ChemicalSystem& chem, int32_t index) {
-    if (index < 0 || index >= chem.ComponentCount()) index = 0;
-    return chem.components.empty() ? std::string() : chem.components[static_cast<size_t>(index)].name;
+    if (index < 0 || index >= chem.db().ComponentCount()) index = 0;
+    return chem.db().components.empty() ? std::string() : chem.db().components[static_cast<size_t>(index)].name;
 }
 
 void AppendComponentLine(std::string& out, const Component& c, double inputValue, int32_t inputType) {
@@ -73,12 +73,12 @@ std::string FormatInputFile(const InputProblem& input, const ChemicalSystem& che
         out += FormatC("Fraction of fulvic acids: %.16G\n", input.fulvicFraction);
     }
 
-    for (int32_t i = 0; i < chem.ComponentCount(); ++i) {
-        const Component& c = chem.components[static_cast<size_t>(i)];
+    for (int32_t i = 0; i < chem.db().ComponentCount(); ++i) {
+        const Component& c = chem.db().components[static_cast<size_t>(i)];
         const ComponentInput& given = input.components[static_cast<size_t>(i)];
         if (c.type == Electron) {
             if (input.redox) AppendComponentLine(out, c, given.inputValue, InpTypeFreeAct);
-        } else if (i == chem.hydrogenIndex || given.inputValue != 0) {
+        } else if (i == chem.db().hydrogenIndex || given.inputValue != 0) {
             AppendComponentLine(out, c, given.inputValue, given.inputType);
         }
     }

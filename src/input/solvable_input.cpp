@@ -45,8 +45,8 @@ std::string UnsolvableInputText(const InputProblem& input, const ChemicalSystem&
         refusals.Value("Concentration (mg/L C)", input.docConcentration);
         refusals.Value("Fraction of fulvic acids", input.fulvicFraction);
     }
-    for (size_t k = 0; k < chem.components.size(); ++k)
-        refusals.Value(chem.components[k].name, input.components[k].inputValue);
+    for (size_t k = 0; k < chem.db().components.size(); ++k)
+        refusals.Value(chem.db().components[k].name, input.components[k].inputValue);
     return refusals.Text();
 }
 

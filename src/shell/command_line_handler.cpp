@@ -114,7 +114,7 @@ bool OpenOutputFromCommandLine(Workspace& ws, const std::string& path, const Com
     if (!ReadOutputForCommandLine(ws, full)) return false;
     LoadOutputOptions(ws.outputOptions, ws.settings);
     RebuildNumberFormats(ws.outputOptions);
-    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
+    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem.db());
     if (services.showOutput) services.showOutput(ws);
     return true;
 }
@@ -163,7 +163,7 @@ CommandLineOutcome PrintOutputFile(Workspace& ws, const CommandLine& line, const
     }
     if (!ReadOutputForCommandLine(ws, path)) return End(ws, services, 0);
     LoadOutputOptions(ws.outputOptions, ws.settings);
-    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
+    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem.db());
     services.printOutput(ws, path);
     return End(ws, services, 0);
 }

@@ -53,8 +53,7 @@ Workspace CloneForWorker(const Workspace& ws, const UiServices& services) {
     worker.folders = ws.folders;
     worker.settings = ws.settings;
     worker.language = ws.language;
-    worker.chem = ws.chem;
-    worker.chem.ClearAssembled();
+    worker.chem = ChemicalSystem(ws.chem.database);  // the same database, nothing assembled
     worker.outputOptions = ws.outputOptions;
     worker.decimalSeparator = ws.decimalSeparator;
     worker.ui = &services;

@@ -92,7 +92,7 @@ TEST(CalcAssembly, AdsorbedSpeciesOnlyWithTheAdsorptionOption) {
     }
     // the reaction shown for it: Hfo_wOH + Ca = Hfo_wOCa+ + H
     const int32_t row = f.chem.species[f.SpeciesIndex("Hfo_wOCa+")].reactionRow;
-    const int32_t width = f.chem.maxComponentsPerEquilibrium;
+    const int32_t width = f.chem.db().maxComponentsPerEquilibrium;
     EXPECT_EQ(f.chem.reactionProducts[Position(0, row, width)].name, "H");
     EXPECT_EQ(f.chem.reactionProducts[Position(1, row, width)].name, "Hfo_wOCa+");
     EXPECT_EQ(f.chem.reactionReactants[Position(0, row, width)].name, "Ca");

@@ -3,10 +3,10 @@
 namespace tormel::test {
 
 void ClearInputs(InputProblem& input, const ChemicalSystem& chem) {
-    input.components.assign(chem.components.size(), ComponentInput{});
-    for (size_t k = 0; k < chem.components.size(); ++k)
-        input.components[k].inputType = chem.components[k].type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    input.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
+    input.components.assign(chem.db().components.size(), ComponentInput{});
+    for (size_t k = 0; k < chem.db().components.size(); ++k)
+        input.components[k].inputType = chem.db().components[k].type == Gas ? InpTypeGasPres : InpTypeTotalConc;
+    input.components[chem.db().hydroxideIndex].inputType = InpTypeNotSpecified;
 }
 
 }  // namespace tormel::test

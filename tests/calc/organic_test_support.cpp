@@ -16,7 +16,7 @@ OrganicWater::OrganicWater(int32_t model, double doc, double fulvic) {
         return;
     }
     chem = *database;
-    input.components.assign(chem.components.size(), ComponentInput{});
+    input.components.assign(chem.db().components.size(), ComponentInput{});
     input.ionicStrengthModel = 1;  // Davies
     input.convergenceCriterion = 1.000001;
     input.organicComplexation = true;
@@ -27,7 +27,7 @@ OrganicWater::OrganicWater(int32_t model, double doc, double fulvic) {
 }
 
 void OrganicWater::Set(const std::string& component, int32_t type, double value) {
-    const int32_t c = chem.FindComponent(component);
+    const int32_t c = chem.db().FindComponent(component);
     ASSERT_GE(c, 0) << "no component " << component;
     input.components[c] = {value, type};
 }

@@ -79,7 +79,7 @@ bool ApplyRandomWater(const RandomWater& water, const ChemicalSystem& database, 
     chem = database;
     input = InputProblem{};
     ClearInputs(input, chem);
-    ComponentInput& hydrogen = input.components[chem.hydrogenIndex];
+    ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
     if (water.protonBalance) {
         hydrogen.inputType = InpTypeTotalConc;
         hydrogen.inputValue = water.hTotal;
@@ -88,7 +88,7 @@ bool ApplyRandomWater(const RandomWater& water, const ChemicalSystem& database, 
         hydrogen.inputValue = std::pow(10.0, -water.ph);
     }
     for (const auto& [name, value] : water.totals) {
-        const int32_t k = chem.FindComponent(name);
+        const int32_t k = chem.db().FindComponent(name);
         if (k < 0) return false;
         input.components[k] = {value, InpTypeTotalConc};
     }

@@ -19,7 +19,7 @@ ResultWater::ResultWater(double ionicStrength) {
 }
 
 void ResultWater::Set(const std::string& component, int32_t type, double value) {
-    const int32_t k = ws.chem.FindComponent(component);
+    const int32_t k = ws.chem.db().FindComponent(component);
     ASSERT_GE(k, 0) << component;
     ws.input.components[k] = {value, type};
 }

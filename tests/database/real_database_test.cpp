@@ -27,8 +27,8 @@ const ChemicalSystem& RealChem() {
 
 // Index of the equilibrium of this type, name and charge; -1 when absent.
 int FindEquilibrium(const ChemicalSystem& chem, int type, const std::string& name, int charge = 0) {
-    for (int i = 0; i < chem.EquilibriumCount(); ++i) {
-        const Equilibrium& e = chem.equilibria[i];
+    for (int i = 0; i < chem.db().EquilibriumCount(); ++i) {
+        const Equilibrium& e = chem.db().equilibria[i];
         if (e.type == type && e.name == name &&
             (e.charge == charge || type == EqSolid || type == EqGas || type == EqRedox))
             return i;
@@ -37,7 +37,7 @@ int FindEquilibrium(const ChemicalSystem& chem, int type, const std::string& nam
 }
 
 int Comp(const ChemicalSystem& chem, const std::string& name) {
-    int i = chem.FindComponent(name);
+    int i = chem.db().FindComponent(name);
     EXPECT_GE(i, 0) << "component " << name;
     return i;
 }
@@ -45,8 +45,8 @@ int Comp(const ChemicalSystem& chem, const std::string& name) {
 // The non-zero coefficients of an equilibrium by component name.
 std::map<std::string, int> Terms(const ChemicalSystem& chem, int e) {
     std::map<std::string, int> out;
-    for (int c = 0; c < chem.ComponentCount(); ++c)
-        if (chem.Coefficient(c, e) != 0) out[chem.components[c].name] = chem.Coefficient(c, e);
+    for (int c = 0; c < chem.db().ComponentCount(); ++c)
+        if (chem.db().Coefficient(c, e) != 0) out[chem.db().components[c].name] = chem.db().Coefficient(c, e);
     return out;
 }
 
@@ -57,69 +57,69 @@ const Equilibrium& Eq(const ChemicalSystem& chem, int type, const std::string& n
         static const Equilibrium none;
         return none;
     }
-    return chem.equilibria[i];
+    return chem.db().equilibria[i];
 }
 
 TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
     ASSERT_NE(RealDatabase(), nullptr) << "the raw database in data/RawData could not be loaded";
     EXPECT_EQ(RealDatabaseMessages(), 0u) << "the loader warned (more than four components in an equilibrium?)";
     const ChemicalSystem& chem = *RealDatabase();
-    ASSERT_GT(chem.ComponentCount(), 50);
-    ASSERT_GT(chem.EquilibriumCount(), 1000);
+    ASSERT_GT(chem.db().ComponentCount(), 50);
+    ASSERT_GT(chem.db().EquilibriumCount(), 1000);
 
     // H+ first, water first, electron and hydroxide found through the water.
-    EXPECT_EQ(chem.components[0].name, "H");
-    EXPECT_EQ(chem.components[0].type, Cation);
-    EXPECT_EQ(chem.components[0].charge, 1);
-    EXPECT_EQ(chem.hydrogenIndex, 0);
-    EXPECT_EQ(chem.waterEquilibriumIndex, 0);
-    EXPECT_EQ(chem.equilibria[0].type, EqWater);
-    EXPECT_EQ(chem.equilibria[0].name, "H2O");
-    ASSERT_GT(chem.hydroxideIndex, 0);
-    EXPECT_EQ(chem.components[chem.hydroxideIndex].name, "OH");
-    EXPECT_EQ(chem.components[chem.hydroxideIndex].charge, -1);
-    EXPECT_EQ(chem.components[0].waterPartnerOfH, chem.hydroxideIndex);
-    EXPECT_EQ(chem.components[chem.electronIndex].name, "e");
-    EXPECT_EQ(chem.components[chem.electronIndex].type, Electron);
-    EXPECT_LE(chem.maxComponentsPerEquilibrium, 4);
+    EXPECT_EQ(chem.db().components[0].name, "H");
+    EXPECT_EQ(chem.db().components[0].type, Cation);
+    EXPECT_EQ(chem.db().components[0].charge, 1);
+    EXPECT_EQ(chem.db().hydrogenIndex, 0);
+    EXPECT_EQ(chem.db().waterEquilibriumIndex, 0);
+    EXPECT_EQ(chem.db().equilibria[0].type, EqWater);
+    EXPECT_EQ(chem.db().equilibria[0].name, "H2O");
+    ASSERT_GT(chem.db().hydroxideIndex, 0);
+    EXPECT_EQ(chem.db().components[chem.db().hydroxideIndex].name, "OH");
+    EXPECT_EQ(chem.db().components[chem.db().hydroxideIndex].charge, -1);
+    EXPECT_EQ(chem.db().components[0].waterPartnerOfH, chem.db().hydroxideIndex);
+    EXPECT_EQ(chem.db().components[chem.db().electronIndex].name, "e");
+    EXPECT_EQ(chem.db().components[chem.db().electronIndex].type, Electron);
+    EXPECT_LE(chem.db().maxComponentsPerEquilibrium, 4);
 
     // Types in range and grouped, so that every type range is one block.
     std::set<std::string> names;
-    for (int c = 0; c < chem.ComponentCount(); ++c) {
-        const Component& k = chem.components[c];
+    for (int c = 0; c < chem.db().ComponentCount(); ++c) {
+        const Component& k = chem.db().components[c];
         EXPECT_GE(k.type, Cation);
         EXPECT_LE(k.type, Organic);
-        if (c > 0) { EXPECT_GE(k.type, chem.components[c - 1].type) << k.name; }
+        if (c > 0) { EXPECT_GE(k.type, chem.db().components[c - 1].type) << k.name; }
         EXPECT_TRUE(names.insert(k.name).second) << "component name twice: " << k.name;
         if (k.type == Cation || k.type == Ligand) { EXPECT_GT(k.molarMass, 0) << k.name; }
         if (k.type == Organic) { EXPECT_TRUE(k.organicModel >= Model5 && k.organicModel <= Model7) << k.name; }
     }
-    for (int e = 0; e < chem.EquilibriumCount(); ++e) {
-        const Equilibrium& q = chem.equilibria[e];
+    for (int e = 0; e < chem.db().EquilibriumCount(); ++e) {
+        const Equilibrium& q = chem.db().equilibria[e];
         EXPECT_GE(q.type, EqWater);
         EXPECT_LE(q.type, EqOrganic);
         if (e > 0) {
-            const Equilibrium& p = chem.equilibria[e - 1];
+            const Equilibrium& p = chem.db().equilibria[e - 1];
             EXPECT_GE(q.type, p.type) << q.name;
             if (q.type == EqOrganic && p.type == EqOrganic) { EXPECT_GE(q.organicModel, p.organicModel) << q.name; }
         }
         int nonZero = 0;
-        for (int c = 0; c < chem.ComponentCount(); ++c) nonZero += chem.Coefficient(c, e) != 0;
+        for (int c = 0; c < chem.db().ComponentCount(); ++c) nonZero += chem.db().Coefficient(c, e) != 0;
         EXPECT_EQ(nonZero, q.componentCount) << q.name;
         EXPECT_GE(q.componentCount, 1) << q.name;
         EXPECT_LE(q.componentCount, 4) << q.name;
         if (q.type == EqRedox || q.type == EqGas) {
             EXPECT_GT(q.linkedComponent, 0) << q.name;
             EXPECT_EQ(q.linkedCoefficient, 1) << q.name;
-            EXPECT_EQ(chem.Coefficient(q.linkedComponent, e), 0) << q.name << ": the linked component is not a term";
+            EXPECT_EQ(chem.db().Coefficient(q.linkedComponent, e), 0) << q.name << ": the linked component is not a term";
         }
-        if (q.type == EqGas) { EXPECT_EQ(chem.components[q.linkedComponent].type, Gas) << q.name; }
+        if (q.type == EqGas) { EXPECT_EQ(chem.db().components[q.linkedComponent].type, Gas) << q.name; }
         if (q.type == EqOrganic) {
             int organic = 0;
-            for (int c = 0; c < chem.ComponentCount(); ++c)
-                if (chem.Coefficient(c, e) != 0 && chem.components[c].type == Organic) {
+            for (int c = 0; c < chem.db().ComponentCount(); ++c)
+                if (chem.db().Coefficient(c, e) != 0 && chem.db().components[c].type == Organic) {
                     ++organic;
-                    EXPECT_EQ(chem.components[c].organicModel, q.organicModel) << q.name;
+                    EXPECT_EQ(chem.db().components[c].organicModel, q.organicModel) << q.name;
                 }
             EXPECT_EQ(organic, 1) << q.name;
         }
@@ -128,19 +128,19 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
 
 TEST(RealDatabase, EveryEquilibriumCarriesAResolvableLiteratureReference) {
     const ChemicalSystem& chem = RealChem();
-    ASSERT_GT(chem.LiteratureReferenceCount(), 10);
-    for (const Equilibrium& q : chem.equilibria) {
+    ASSERT_GT(chem.db().LiteratureReferenceCount(), 10);
+    for (const Equilibrium& q : chem.db().equilibria) {
         EXPECT_GE(q.literatureRef, 0) << q.name;
-        EXPECT_LT(q.literatureRef, chem.LiteratureReferenceCount()) << q.name;
+        EXPECT_LT(q.literatureRef, chem.db().LiteratureReferenceCount()) << q.name;
     }
     std::set<std::string> lines;
-    for (const std::string& line : chem.literature) {
+    for (const std::string& line : chem.db().literature) {
         EXPECT_FALSE(line.empty());
         EXPECT_LE(line.size(), 258u) << line;
         EXPECT_TRUE(lines.insert(line).second) << "reference twice: " << line;
     }
     // Codes of known compilations are written out as citations.
-    auto citation = [&](const Equilibrium& q) { return chem.literature[q.literatureRef]; };
+    auto citation = [&](const Equilibrium& q) { return chem.db().literature[q.literatureRef]; };
     EXPECT_NE(citation(Eq(chem, EqComplex, "CaHCO3", 1)).find("NIST Critically Selected Stability Constants"),
               std::string::npos);
     EXPECT_NE(citation(Eq(chem, EqRedox, "Fe(II)")).find("Bard A.J."), std::string::npos);
@@ -148,9 +148,9 @@ TEST(RealDatabase, EveryEquilibriumCarriesAResolvableLiteratureReference) {
     EXPECT_NE(citation(Eq(chem, EqOrganic, "Cu(II)-HA6", 1)).find("Model VI"), std::string::npos);
     // The model's own reference is that of its organic equilibria.
     for (int code = Model5; code <= Model7; ++code) {
-        int ref = chem.Organic(code).literatureRef;
+        int ref = chem.db().Organic(code).literatureRef;
         ASSERT_GT(ref, 0);
-        EXPECT_NE(chem.literature[ref].find("Tipping"), std::string::npos);
+        EXPECT_NE(chem.db().literature[ref].find("Tipping"), std::string::npos);
     }
 }
 
@@ -181,7 +181,7 @@ TEST(RealDatabase, AqueousComplexesMatchTheSourceData) {
               (std::map<std::string, int>{{"Fe(II)", 1}, {"SO4", 1}}));
     // Hydrolysis is written with H+: 534: H2O = OH- + H+ log_k -13.997 gives
     // the water equilibrium H+ + OH- = H2O.
-    const Equilibrium& water = chem.equilibria[0];
+    const Equilibrium& water = chem.db().equilibria[0];
     EXPECT_NEAR(water.logK, 13.997, kEps);
     EXPECT_NEAR(water.enthalpy, -55810, 1e-6);
     EXPECT_EQ(water.deltaZ2, 2);
@@ -238,9 +238,9 @@ TEST(RealDatabase, RedoxCouplesLinkOneComponentToAnother) {
     EXPECT_EQ(Terms(chem, FindEquilibrium(chem, EqRedox, "Hg(0)")),
               (std::map<std::string, int>{{"Hg(II)", 1}, {"e", 2}}));
     // The loader chains each redox group.
-    const Component& fe3 = chem.components[Comp(chem, "Fe(III)")];
+    const Component& fe3 = chem.db().components[Comp(chem, "Fe(III)")];
     EXPECT_EQ(fe3.redoxNext, Comp(chem, "Fe(II)"));
-    EXPECT_EQ(chem.components[Comp(chem, "SO4")].redoxNext + chem.components[Comp(chem, "SO4")].redoxPrev,
+    EXPECT_EQ(chem.db().components[Comp(chem, "SO4")].redoxNext + chem.db().components[Comp(chem, "SO4")].redoxPrev,
               Comp(chem, "HS"));
 }
 
@@ -251,16 +251,16 @@ TEST(RealDatabase, GasesGiveTheirPressureFromTheLigand) {
     // so log P = log a(CO3) + 2 log a(H+) + 18.147.
     int e = FindEquilibrium(chem, EqGas, "CO2(g)");
     ASSERT_GE(e, 0);
-    const Equilibrium& co2 = chem.equilibria[e];
+    const Equilibrium& co2 = chem.db().equilibria[e];
     EXPECT_NEAR(co2.logK, 18.147, kEps);
     EXPECT_NEAR(co2.enthalpy, -4060, 1e-6);
     EXPECT_EQ(co2.deltaZ2, 4 + 2);
     EXPECT_EQ(Terms(chem, e), (std::map<std::string, int>{{"CO3", 1}, {"H", 2}}));
     int gas = Comp(chem, "CO2(g)");
     EXPECT_EQ(co2.linkedComponent, gas);
-    EXPECT_EQ(chem.components[gas].type, Gas);
-    EXPECT_EQ(chem.components[gas].linkedLigand, Comp(chem, "CO3"));
-    EXPECT_EQ(chem.components[Comp(chem, "CO3")].gasPartner, gas);
+    EXPECT_EQ(chem.db().components[gas].type, Gas);
+    EXPECT_EQ(chem.db().components[gas].linkedLigand, Comp(chem, "CO3"));
+    EXPECT_EQ(chem.db().components[Comp(chem, "CO3")].gasPartner, gas);
     // H2S = H+ + HS-, log_k -8.01
     EXPECT_NEAR(Eq(chem, EqGas, "H2S(g)").logK, 8.01, kEps);
 }
@@ -292,13 +292,13 @@ TEST(RealDatabase, SolidsAreStoredAsFormationConstants) {
 
 TEST(RealDatabase, AdsorbedSpeciesCountOnlyDissolvedChargesInDeltaZ2) {
     const ChemicalSystem& chem = RealChem();
-    EXPECT_EQ(chem.components[Comp(chem, "Hfo_wOH")].type, Ads);
-    EXPECT_EQ(chem.components[Comp(chem, "Hfo_sOH")].type, Ads);
+    EXPECT_EQ(chem.db().components[Comp(chem, "Hfo_wOH")].type, Ads);
+    EXPECT_EQ(chem.db().components[Comp(chem, "Hfo_sOH")].type, Ads);
     // 12804: Hfo_wOH + Zn+2 = Hfo_wOZn+ + H+, log_k -1.99
     int e = FindEquilibrium(chem, EqAdsorption, "Hfo_wOZn", 1);
     ASSERT_GE(e, 0);
-    EXPECT_NEAR(chem.equilibria[e].logK, -1.99, kEps);
-    EXPECT_EQ(chem.equilibria[e].deltaZ2, 4 - 1);
+    EXPECT_NEAR(chem.db().equilibria[e].logK, -1.99, kEps);
+    EXPECT_EQ(chem.db().equilibria[e].deltaZ2, 4 - 1);
     EXPECT_EQ(Terms(chem, e), (std::map<std::string, int>{{"Hfo_wOH", 1}, {"Zn", 1}, {"H", -1}}));
     // 12720: Hfo_sOH + Ca+2 = Hfo_sOHCa+2, log_k 4.97
     const Equilibrium& ca = Eq(chem, EqAdsorption, "Hfo_sOHCa", 2);
@@ -315,7 +315,7 @@ TEST(RealDatabase, OrganicEquilibriaCarryThePublishedMetalConstants) {
     // Model 6, humic acid, Cu: log KMA 2.0, delta LK1 2.8, delta LK2 2.34.
     int e = FindEquilibrium(chem, EqOrganic, "Cu(II)-HA6", 1);
     ASSERT_GE(e, 0);
-    const Equilibrium& cu6 = chem.equilibria[e];
+    const Equilibrium& cu6 = chem.db().equilibria[e];
     EXPECT_EQ(cu6.organicModel, Model6);
     EXPECT_NEAR(cu6.logK, 2.0, kEps);
     EXPECT_NEAR(cu6.organicReal1, 2.8, kEps);
@@ -324,7 +324,7 @@ TEST(RealDatabase, OrganicEquilibriaCarryThePublishedMetalConstants) {
     // Its hydrolysed form binds with the same constants.
     int oh = FindEquilibrium(chem, EqOrganic, "Cu(II)OH-HA6", 0);
     ASSERT_GE(oh, 0);
-    EXPECT_NEAR(chem.equilibria[oh].logK, 2.0, kEps);
+    EXPECT_NEAR(chem.db().equilibria[oh].logK, 2.0, kEps);
     EXPECT_EQ(Terms(chem, oh), (std::map<std::string, int>{{"Cu(II)", 1}, {"H", -1}, {"HA6", 1}}));
     // Model 7, fulvic acid, Cu: log KMA 2.16, delta LK2 2.34.
     const Equilibrium& cu7 = Eq(chem, EqOrganic, "Cu(II)-FA7", 1);
@@ -342,7 +342,7 @@ TEST(RealDatabase, OrganicEquilibriaCarryThePublishedMetalConstants) {
     // begins with "HA", and the fulvic one comes first.
     for (int code = Model5; code <= Model7; ++code) {
         std::vector<std::string> organics;
-        for (const Component& k : chem.components)
+        for (const Component& k : chem.db().components)
             if (k.type == Organic && k.organicModel == code) organics.push_back(k.name);
         ASSERT_EQ(organics.size(), 2u);
         EXPECT_NE(organics[0].rfind("HA", 0), 0u);
@@ -352,10 +352,10 @@ TEST(RealDatabase, OrganicEquilibriaCarryThePublishedMetalConstants) {
 
 TEST(RealDatabase, OrganicModelParametersArePerGramOfCarbon) {
     const ChemicalSystem& chem = RealChem();
-    ASSERT_EQ(chem.Organic(Model5).values.size(), 12u);
-    ASSERT_EQ(chem.Organic(Model6).values.size(), 13u);
-    ASSERT_EQ(chem.Organic(Model7).values.size(), 13u);
-    const auto& m6 = chem.Organic(Model6).values;
+    ASSERT_EQ(chem.db().Organic(Model5).values.size(), 12u);
+    ASSERT_EQ(chem.db().Organic(Model6).values.size(), 13u);
+    ASSERT_EQ(chem.db().Organic(Model7).values.size(), 13u);
+    const auto& m6 = chem.db().Organic(Model6).values;
     // pK_A 3.2 (FA) and 4.1 (HA), as published.
     EXPECT_NEAR(m6[0][0], 3.2, kEps);
     EXPECT_NEAR(m6[0][1], 4.1, kEps);
@@ -370,32 +370,32 @@ TEST(RealDatabase, OrganicModelParametersArePerGramOfCarbon) {
     EXPECT_NEAR(m6[11][1], 500, kEps);
     EXPECT_NEAR(m6[12][0], 0.25, kEps);
     // Model 5: share of sites in pairs at position 4, n_A at 5.
-    const auto& m5 = chem.Organic(Model5).values;
+    const auto& m5 = chem.db().Organic(Model5).values;
     EXPECT_NEAR(m5[4][0], 0.40, kEps);
     EXPECT_NEAR(m5[5][1], 2 * 3.29e-3, 1e-15);
     // Model 7 humic P -196 halved.
-    EXPECT_NEAR(chem.Organic(Model7).values[8][1], -98, kEps);
+    EXPECT_NEAR(chem.db().Organic(Model7).values[8][1], -98, kEps);
 }
 
 TEST(RealDatabase, FreeIonsCarryMolarMassesAndMsaDiameters) {
     const ChemicalSystem& chem = RealChem();
-    const Component& ca = chem.components[Comp(chem, "Ca")];
+    const Component& ca = chem.db().components[Comp(chem, "Ca")];
     EXPECT_EQ(ca.type, Cation);
     EXPECT_EQ(ca.charge, 2);
     EXPECT_NEAR(ca.molarMass, 40.078, kEps);
     EXPECT_NEAR(ca.ionDiameter, 5.792e-10, 1e-20);  // fitted to CaCl2
     // Molar mass of the whole master species: CO3 = 12.0111 + 3 x 16.
-    const Component& co3 = chem.components[Comp(chem, "CO3")];
+    const Component& co3 = chem.db().components[Comp(chem, "CO3")];
     EXPECT_EQ(co3.type, Ligand);
     EXPECT_NEAR(co3.molarMass, 60.0111, kEps);
     EXPECT_NEAR(co3.ionDiameter, 4.5e-10, 1e-20);  // not fitted: Kielland's size
-    EXPECT_NEAR(chem.components[Comp(chem, "H4SiO4")].molarMass, 28.0843 + 4 * 1.0079 + 4 * 16, kEps);
-    EXPECT_NEAR(chem.components[0].ionDiameter, 4.855e-10, 1e-20);  // fitted to HCl
+    EXPECT_NEAR(chem.db().components[Comp(chem, "H4SiO4")].molarMass, 28.0843 + 4 * 1.0079 + 4 * 16, kEps);
+    EXPECT_NEAR(chem.db().components[0].ionDiameter, 4.855e-10, 1e-20);  // fitted to HCl
     // No published size: 0.
-    EXPECT_EQ(chem.components[Comp(chem, "Edta")].ionDiameter, 0);
+    EXPECT_EQ(chem.db().components[Comp(chem, "Edta")].ionDiameter, 0);
     // Neutral acids are ligands; the neutral metal Hg(0) is a cation.
-    EXPECT_EQ(chem.components[Comp(chem, "H3BO3")].type, Ligand);
-    EXPECT_EQ(chem.components[Comp(chem, "Hg(0)")].type, Cation);
+    EXPECT_EQ(chem.db().components[Comp(chem, "H3BO3")].type, Ligand);
+    EXPECT_EQ(chem.db().components[Comp(chem, "Hg(0)")].type, Cation);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "input/input_test_system.h"
 #include "input/program_defaults.h"
 #include "input/test_language.h"
+#include "support/edit_database.h"
 
 namespace tormel {
 namespace {
@@ -121,7 +122,7 @@ TEST_F(InputConsistency, TwoConflictingGroupsGiveTwoIndependentTexts) {
 
 TEST_F(InputConsistency, GroupWithAMemberFixedByAGasIsAWarning) {
     // let the gas fix HS as well
-    chem.Coefficient(I::HS, 2) = 1;
+    test::EditDatabase(chem).Coefficient(I::HS, 2) = 1;
     input.redox = true;
     Give(I::CO2g, 3.5e-4, InpTypeGasPres);
     Give(I::SO4, 1e-3, InpTypeTotalConc);

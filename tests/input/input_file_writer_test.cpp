@@ -62,10 +62,10 @@ protected:
 
     static void ExpectSameComponentInputs(const ChemicalSystem& chem, const InputProblem& expected,
                                           const InputProblem& actual) {
-        ASSERT_EQ(expected.components.size(), chem.components.size());
-        ASSERT_EQ(actual.components.size(), chem.components.size());
+        ASSERT_EQ(expected.components.size(), chem.db().components.size());
+        ASSERT_EQ(actual.components.size(), chem.db().components.size());
         for (size_t i = 0; i < expected.components.size(); ++i) {
-            SCOPED_TRACE(chem.components[i].name);
+            SCOPED_TRACE(chem.db().components[i].name);
             EXPECT_EQ(actual.components[i].inputValue, expected.components[i].inputValue);
             EXPECT_EQ(actual.components[i].inputType, expected.components[i].inputType);
         }
@@ -162,7 +162,7 @@ TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
     ChemicalSystem real = *database;
     SetProgramDefaults(input, real);
     auto give = [&](const char* name, double value, int32_t type = InpTypeTotalConc) {
-        const int32_t index = real.FindComponent(name);
+        const int32_t index = real.db().FindComponent(name);
         ASSERT_GE(index, 0) << name;
         Give(input, index, value, type);
     };
@@ -170,8 +170,8 @@ TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
     input.redox = input.adsorption = input.precipitation = input.organicComplexation = true;
     input.docConcentration = 3.5;
     input.forceNeutral = true;
-    input.neutraliseCation = real.FindComponent("Na");
-    input.neutraliseAnion = real.FindComponent("Cl");
+    input.neutraliseCation = real.db().FindComponent("Na");
+    input.neutraliseAnion = real.db().FindComponent("Cl");
     give("H", 2e-3);
     give("Ca", 1e-3);
     give("Fe(II)", 3e-6);

@@ -12,13 +12,13 @@ namespace {
 void ImbalancedWater(Workspace& ws, bool forceNeutral) {
     ChemicalSystem& chem = ws.chem;
     SetProgramDefaults(ws.input, chem);
-    ws.input.components[chem.FindComponent("Ca")].inputValue = 1e-3;
-    ws.input.components[chem.FindComponent("Cl")].inputValue = 1e-3;
+    ws.input.components[chem.db().FindComponent("Ca")].inputValue = 1e-3;
+    ws.input.components[chem.db().FindComponent("Cl")].inputValue = 1e-3;
     ws.input.ionicStrengthModel = 1;
     ws.input.convergenceCriterion = 1.000001;
     ws.input.forceNeutral = forceNeutral;
-    ws.input.neutraliseCation = chem.FindComponent("Na");
-    ws.input.neutraliseAnion = chem.FindComponent("Cl");
+    ws.input.neutraliseCation = chem.db().FindComponent("Na");
+    ws.input.neutraliseAnion = chem.db().FindComponent("Cl");
 }
 
 TEST(ShellWorkspace, ForcedNeutralSolutionIsCalculatedNeutral) {
@@ -39,7 +39,7 @@ TEST(ShellWorkspace, ForcedNeutralSolutionIsCalculatedNeutral) {
     SpeciesChargeSums(ws.chem, cations, anions);
     EXPECT_TRUE(RelativelyEqual(cations, anions, 1.0001)) << cations << " vs " << anions;
     // at a fixed pH the raised chloride total lives in the assembled layer only
-    const int32_t cl = ws.chem.FindComponent("Cl");
+    const int32_t cl = ws.chem.db().FindComponent("Cl");
     EXPECT_EQ(ws.input.components[cl].inputValue, 1e-3);
     EXPECT_GT(ws.chem.systemComponents[ws.chem.placement[cl].systemIndex].balanceTotal, 1.9e-3);
 }
