@@ -105,7 +105,7 @@ struct WatersSetUp {
             ApplyWater(ws, waters[i]);
             const std::string name = "water" + std::to_string(i + 1);
             if (!WriteUtf16File(ws.folders.inputFolder + name + ".i64",
-                                std::string_view(FormatInputFile(ws.input, ws.chem)))) {
+                                std::string_view(FormatInputFile(ws.input, ws.chem.db())))) {
                 error = "cannot write the input files";
                 return;
             }

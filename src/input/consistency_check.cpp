@@ -10,20 +10,20 @@ namespace {
 
 bool IsFreeValue(int32_t inputType) { return inputType == InpTypeFreeConc || inputType == InpTypeFreeAct; }
 
-const Component* ComponentAt(const ChemicalSystem& chem, int32_t index) {
-    if (index < 0 || index >= chem.db().ComponentCount()) return nullptr;
-    return &chem.db().components[static_cast<size_t>(index)];
+const Component* ComponentAt(const Database& db, int32_t index) {
+    if (index < 0 || index >= db.ComponentCount()) return nullptr;
+    return &db.components[static_cast<size_t>(index)];
 }
 
-const ComponentInput* InputAt(const InputProblem& input, const ChemicalSystem& chem, int32_t index) {
-    if (!ComponentAt(chem, index)) return nullptr;
+const ComponentInput* InputAt(const InputProblem& input, const Database& db, int32_t index) {
+    if (!ComponentAt(db, index)) return nullptr;
     return &input.components[static_cast<size_t>(index)];
 }
 
-void CheckHydrogen(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
+void CheckHydrogen(const InputProblem& input, const Database& db, const Language& lang,
                    std::string& errors) {
-    const ComponentInput* h = InputAt(input, chem, chem.db().hydrogenIndex);
-    const ComponentInput* oh = InputAt(input, chem, chem.db().hydroxideIndex);
+    const ComponentInput* h = InputAt(input, db, db.hydrogenIndex);
+    const ComponentInput* oh = InputAt(input, db, db.hydroxideIndex);
     if (!h) return;
     if (h->inputValue == 0) {
         if (h->inputType == InpTypeFreeConc) errors += LanguageText(lang, "Input", "ConsistencyError1") + "\n";
@@ -35,17 +35,17 @@ void CheckHydrogen(const InputProblem& input, const ChemicalSystem& chem, const 
 
 // Marks the ligands whose free concentration a gas with a given partial
 // pressure fixes, and warns about those that carry a value of their own.
-std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
+std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const Database& db, const Language& lang,
                                        std::string& warnings) {
-    std::vector<bool> fixedByGas(chem.db().components.size(), false);
-    for (int32_t e = 0; e < chem.db().EquilibriumCount(); ++e) {
-        const Equilibrium& eq = chem.db().equilibria[static_cast<size_t>(e)];
+    std::vector<bool> fixedByGas(db.components.size(), false);
+    for (int32_t e = 0; e < db.EquilibriumCount(); ++e) {
+        const Equilibrium& eq = db.equilibria[static_cast<size_t>(e)];
         if (eq.type != EqGas) continue;
-        const Component* gas = ComponentAt(chem, eq.linkedComponent);
+        const Component* gas = ComponentAt(db, eq.linkedComponent);
         if (!gas || !(input.components[static_cast<size_t>(eq.linkedComponent)].inputValue > 0)) continue;
-        for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
-            const Component& ligand = chem.db().components[static_cast<size_t>(k)];
-            if (chem.db().Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
+        for (int32_t k = 0; k < db.ComponentCount(); ++k) {
+            const Component& ligand = db.components[static_cast<size_t>(k)];
+            if (db.Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
             fixedByGas[static_cast<size_t>(k)] = true;
             if (input.components[static_cast<size_t>(k)].inputValue == 0) continue;
             warnings += LanguageText(lang, "Input", "ConsistencyError4") + " " + gas->name + "\n" +
@@ -56,11 +56,11 @@ std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const Chemical
     return fixedByGas;
 }
 
-void CheckRedoxSolids(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
+void CheckRedoxSolids(const InputProblem& input, const Database& db, const Language& lang,
                       std::string& warnings) {
     if (input.redox) return;
-    for (size_t k = 0; k < chem.db().components.size(); ++k) {
-        const Component& c = chem.db().components[k];
+    for (size_t k = 0; k < db.components.size(); ++k) {
+        const Component& c = db.components[k];
         if (c.type != RedSol || !(input.components[k].inputValue > 0)) continue;
         warnings += LanguageText(lang, "Input", "ConsistencyError7") + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError8") + " " + c.name + ".\n" +
@@ -78,12 +78,12 @@ void CheckOrganicMatter(const InputProblem& input, const Language& lang, std::st
 }
 
 // One text per redox group in which two or more members are given.
-void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, const std::vector<bool>& fixedByGas,
+void CheckRedoxGroups(const InputProblem& input, const Database& db, const std::vector<bool>& fixedByGas,
                       const Language& lang, std::string& errors, std::string& warnings) {
     if (!input.redox) return;
-    const int32_t count = chem.db().ComponentCount();
+    const int32_t count = db.ComponentCount();
     for (int32_t c = 0; c < count; ++c) {
-        const Component& first = chem.db().components[static_cast<size_t>(c)];
+        const Component& first = db.components[static_cast<size_t>(c)];
         if (first.redoxNext == 0 || first.redoxPrev != 0) continue;
         std::string members, gasText, valueText;
         int totals = 0, freeValues = 0;
@@ -91,7 +91,7 @@ void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, con
         // The links run in ascending index order; the step bound guards
         // against a damaged chain.
         for (int32_t m = c, steps = 0; steps < count; ++steps) {
-            const Component& member = chem.db().components[static_cast<size_t>(m)];
+            const Component& member = db.components[static_cast<size_t>(m)];
             const bool hasNext = member.redoxNext != 0;
             members += member.name;
             if (hasNext) members += " / ";
@@ -143,13 +143,13 @@ void CheckNeutralisation(const InputProblem& input, const Language& lang, std::s
 
 }  // namespace
 
-ConsistencyResult CheckConsistency(const InputProblem& input, const ChemicalSystem& chem, const Language& language) {
+ConsistencyResult CheckConsistency(const InputProblem& input, const Database& db, const Language& language) {
     ConsistencyResult result;
-    CheckHydrogen(input, chem, language, result.errors);
-    std::vector<bool> fixedByGas = CheckGasFixedLigands(input, chem, language, result.warnings);
-    CheckRedoxSolids(input, chem, language, result.warnings);
+    CheckHydrogen(input, db, language, result.errors);
+    std::vector<bool> fixedByGas = CheckGasFixedLigands(input, db, language, result.warnings);
+    CheckRedoxSolids(input, db, language, result.warnings);
     CheckOrganicMatter(input, language, result.errors);
-    CheckRedoxGroups(input, chem, fixedByGas, language, result.errors, result.warnings);
+    CheckRedoxGroups(input, db, fixedByGas, language, result.errors, result.warnings);
     CheckIonicStrengthModel(input, language, result.errors);
     CheckTemperature(input, language, result.errors, result.warnings);
     CheckNeutralisation(input, language, result.errors);

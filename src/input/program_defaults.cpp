@@ -2,7 +2,7 @@
 
 namespace tormel {
 
-void SetProgramDefaults(InputProblem& input, const ChemicalSystem& chem) {
+void SetProgramDefaults(InputProblem& input, const Database& db) {
     const InputProblem defaults;
     input.description = defaults.description;
     input.ionicStrengthFixed = defaults.ionicStrengthFixed;
@@ -19,9 +19,9 @@ void SetProgramDefaults(InputProblem& input, const ChemicalSystem& chem) {
     input.docConcentration = defaults.docConcentration;
     input.fulvicFraction = defaults.fulvicFraction;
 
-    input.components.assign(chem.db().components.size(), ComponentInput{});
-    for (size_t k = 0; k < chem.db().components.size(); ++k) {
-        const Component& c = chem.db().components[k];
+    input.components.assign(db.components.size(), ComponentInput{});
+    for (size_t k = 0; k < db.components.size(); ++k) {
+        const Component& c = db.components[k];
         ComponentInput& given = input.components[k];
         if (c.type == Electron) {
             given.inputValue = 1.0;

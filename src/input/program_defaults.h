@@ -1,6 +1,6 @@
 #pragma once
 // The program defaults of the input problem.
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "input/input_problem.h"
 
 namespace tormel {
@@ -16,6 +16,6 @@ namespace tormel {
 // link is non-zero; with H+ at index 0 the OH record links to 0 and so takes
 // the last row. fixedIonicStrength, neutraliseCation, neutraliseAnion,
 // currentInputFile and modified are left as they are.
-void SetProgramDefaults(InputProblem& input, const ChemicalSystem& chem);
+void SetProgramDefaults(InputProblem& input, const Database& db);
 
 }  // namespace tormel

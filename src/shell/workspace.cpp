@@ -23,7 +23,7 @@ ResultContext MakeResultContext(Workspace& ws) {
 
 CalculationOutcome CalculateInput(Workspace& ws, bool showProgress) {
     // values no solve can start from are refused here, naming the field
-    if (std::string refusal = UnsolvableInputText(ws.input, ws.chem, ws.language); !refusal.empty()) {
+    if (std::string refusal = UnsolvableInputText(ws.input, ws.chem.db(), ws.language); !refusal.empty()) {
         CalculationOutcome refused;
         refused.solve.message = std::move(refusal);
         return refused;

@@ -4,7 +4,6 @@
 #include "input/input_test_system.h"
 #include "input/program_defaults.h"
 #include "input/test_language.h"
-#include "support/edit_database.h"
 
 namespace tormel {
 namespace {
@@ -24,7 +23,7 @@ protected:
         input.components[static_cast<size_t>(index)] = {value, type};
     }
 
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     Language language = test::English();
 };
@@ -122,7 +121,7 @@ TEST_F(InputConsistency, TwoConflictingGroupsGiveTwoIndependentTexts) {
 
 TEST_F(InputConsistency, GroupWithAMemberFixedByAGasIsAWarning) {
     // let the gas fix HS as well
-    test::EditDatabase(chem).Coefficient(I::HS, 2) = 1;
+    chem.Coefficient(I::HS, 2) = 1;
     input.redox = true;
     Give(I::CO2g, 3.5e-4, InpTypeGasPres);
     Give(I::SO4, 1e-3, InpTypeTotalConc);

@@ -37,7 +37,7 @@ protected:
 
     const ComponentInput& C(int32_t index) const { return input.components[static_cast<size_t>(index)]; }
 
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     test::TempFolder folder;
 };

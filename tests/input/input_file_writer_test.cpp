@@ -60,18 +60,18 @@ protected:
         problem.components[static_cast<size_t>(index)] = {value, type};
     }
 
-    static void ExpectSameComponentInputs(const ChemicalSystem& chem, const InputProblem& expected,
+    static void ExpectSameComponentInputs(const Database& chem, const InputProblem& expected,
                                           const InputProblem& actual) {
-        ASSERT_EQ(expected.components.size(), chem.db().components.size());
-        ASSERT_EQ(actual.components.size(), chem.db().components.size());
+        ASSERT_EQ(expected.components.size(), chem.components.size());
+        ASSERT_EQ(actual.components.size(), chem.components.size());
         for (size_t i = 0; i < expected.components.size(); ++i) {
-            SCOPED_TRACE(chem.db().components[i].name);
+            SCOPED_TRACE(chem.components[i].name);
             EXPECT_EQ(actual.components[i].inputValue, expected.components[i].inputValue);
             EXPECT_EQ(actual.components[i].inputType, expected.components[i].inputType);
         }
     }
 
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     test::RecordingUi ui;
     Language language = test::English();
@@ -147,7 +147,7 @@ TEST_F(InputFileWriter, RoundTripKeepsEveryOptionAndComponent) {
 
     InputProblem back;
     back.modified = true;
-    ChemicalSystem chemBack = test::InputTestSystem();
+    Database chemBack = test::InputTestSystem();
     ASSERT_FALSE(LoadInputFile(path, back, chemBack).has_value());
     // every option has a line (see above), so equal texts mean equal options
     EXPECT_EQ(FormatInputFile(back, chemBack), FormatInputFile(input, chem));
@@ -159,10 +159,10 @@ TEST_F(InputFileWriter, RoundTripKeepsEveryOptionAndComponent) {
 TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
     const ChemicalSystem* database = test::RealDatabase();
     ASSERT_NE(database, nullptr);
-    ChemicalSystem real = *database;
+    const Database& real = database->db();
     SetProgramDefaults(input, real);
     auto give = [&](const char* name, double value, int32_t type = InpTypeTotalConc) {
-        const int32_t index = real.db().FindComponent(name);
+        const int32_t index = real.FindComponent(name);
         ASSERT_GE(index, 0) << name;
         Give(input, index, value, type);
     };
@@ -170,8 +170,8 @@ TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
     input.redox = input.adsorption = input.precipitation = input.organicComplexation = true;
     input.docConcentration = 3.5;
     input.forceNeutral = true;
-    input.neutraliseCation = real.db().FindComponent("Na");
-    input.neutraliseAnion = real.db().FindComponent("Cl");
+    input.neutraliseCation = real.FindComponent("Na");
+    input.neutraliseAnion = real.FindComponent("Cl");
     give("H", 2e-3);
     give("Ca", 1e-3);
     give("Fe(II)", 3e-6);
@@ -185,7 +185,7 @@ TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
 
     const std::string path = folder.File("lake.i64");
     ASSERT_TRUE(WriteInputFile(path, input, real, ui.services, language));
-    ChemicalSystem back = *database;
+    const Database& back = database->db();
     InputProblem backInput;
     ASSERT_FALSE(LoadInputFile(path, backInput, back));
     EXPECT_EQ(FormatInputFile(backInput, back), FormatInputFile(input, real));
@@ -207,7 +207,7 @@ TEST_F(InputFileWriter, ModelOrCorrectionOutsideTheirSetsRunIntoTheNextLine) {
     const std::string path = folder.File("odd.i64");
     ASSERT_TRUE(WriteInputFile(path, input, chem, ui.services, language));
     InputProblem back;
-    ChemicalSystem chemBack = test::InputTestSystem();
+    Database chemBack = test::InputTestSystem();
     const std::optional<InputFileError> error = LoadInputFile(path, back, chemBack);
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->key, "ErrorNumber");
@@ -221,7 +221,7 @@ TEST_F(InputFileWriter, NumbersUseAPointWhateverTheLocale) {
     Give(input, I::Ca, 1.5e-3, InpTypeTotalConc);
     const std::string text = FormatInputFile(input, chem);
     InputProblem back;
-    ChemicalSystem chemBack = test::InputTestSystem();
+    Database chemBack = test::InputTestSystem();
     auto error = ReadInputText(Utf8ToUtf16(text), ".i64", back, chemBack);
     EXPECT_NE(text.find("Temperature: 12.5 \u00B0C\n"), std::string::npos);
     EXPECT_NE(text.find("Ca: 0.0015 (total concentration)\n"), std::string::npos);

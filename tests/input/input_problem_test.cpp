@@ -9,7 +9,6 @@
 #include "input/test_language.h"
 #include "support/recording_ui.h"
 #include "support/temp_folder.h"
-#include "support/edit_database.h"
 
 namespace tormel {
 namespace {
@@ -17,16 +16,16 @@ namespace {
 using I = test::InputTestIndex;
 
 TEST(InputProgramDefaults, EveryComponentGetsTheDefaultOfItsKind) {
-    ChemicalSystem chem = test::InputTestSystem();
+    Database chem = test::InputTestSystem();
     // a water partner that is not a cation (its link is non-zero here)
-    test::EditDatabase(chem).components[I::Cl].waterPartnerOfOH = I::Na;
+    chem.components[I::Cl].waterPartnerOfOH = I::Na;
     InputProblem input;
-    input.components.assign(chem.db().components.size() + 3, ComponentInput{42, InpTypeFreeConc});
+    input.components.assign(chem.components.size() + 3, ComponentInput{42, InpTypeFreeConc});
     SetProgramDefaults(input, chem);
-    ASSERT_EQ(input.components.size(), chem.db().components.size());
+    ASSERT_EQ(input.components.size(), chem.components.size());
 
     auto expect = [&](int32_t index, double value, int32_t type) {
-        SCOPED_TRACE(chem.db().components[static_cast<size_t>(index)].name);
+        SCOPED_TRACE(chem.components[static_cast<size_t>(index)].name);
         EXPECT_EQ(input.components[static_cast<size_t>(index)].inputValue, value);
         EXPECT_EQ(input.components[static_cast<size_t>(index)].inputType, type);
     };
@@ -67,7 +66,7 @@ protected:
 
     test::TempFolder temp;
     AppFolders folders;
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     Language language = test::English();
     test::RecordingUi ui;

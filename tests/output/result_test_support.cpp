@@ -307,7 +307,7 @@ bool WriteReferenceInput(const std::string& file, const std::string& path, doubl
         if (k != chem.db().hydrogenIndex && c.inputType == InpTypeTotalConc) c.inputValue *= scale;
     }
     input.description = description.empty() ? reference->TextOr("description", "") : description;
-    return WriteUtf16File(path, std::string_view(FormatInputFile(input, chem)));
+    return WriteUtf16File(path, std::string_view(FormatInputFile(input, chem.db())));
 }
 
 }  // namespace tormel::test

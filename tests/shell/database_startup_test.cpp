@@ -33,7 +33,7 @@ TEST(ShellDatabaseStartup, FirstStartCopiesTheRawDataAndLoadsIt) {
     // the next start finds current working copies
     ChemicalSystem again;
     EXPECT_FALSE(PrepareDatabase(again, s.folders, Language(), s.ui.services).refreshed);
-    std::string summary = DatabaseSummary(again, s.folders.dataFolder);
+    std::string summary = DatabaseSummary(again.db(), s.folders.dataFolder);
     EXPECT_NE(summary.find("Components: 16"), std::string::npos) << summary;
     EXPECT_NE(summary.find("Contents: Synthetic equilibria"), std::string::npos) << summary;
 }

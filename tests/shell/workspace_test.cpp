@@ -11,7 +11,7 @@ namespace {
 // A calcium chloride water with too little chloride for its calcium.
 void ImbalancedWater(Workspace& ws, bool forceNeutral) {
     ChemicalSystem& chem = ws.chem;
-    SetProgramDefaults(ws.input, chem);
+    SetProgramDefaults(ws.input, chem.db());
     ws.input.components[chem.db().FindComponent("Ca")].inputValue = 1e-3;
     ws.input.components[chem.db().FindComponent("Cl")].inputValue = 1e-3;
     ws.input.ionicStrengthModel = 1;
