@@ -209,7 +209,8 @@ void AddRedoxGroups(AssemblyWork& w) {
         sc.givenValue = 0;
         sc.componentIndex = c;
         int32_t guard = 0;
-        for (int32_t m = c; m != 0 && guard <= chem.db().ComponentCount(); m = chem.db().components[m].redoxNext, ++guard) {
+        for (int32_t m = c; m != 0 && guard <= chem.db().ComponentCount();
+             m = chem.db().components[m].redoxNext, ++guard) {
             const ComponentInput& member = w.ctx.input.components[m];
             if (member.inputType == InpTypeFreeConc || member.inputType == InpTypeFreeAct) {
                 sc.balanceKind = 5;

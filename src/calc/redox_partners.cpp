@@ -56,7 +56,8 @@ void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b
         if (solidPartner)
             w.AddReactant(row, chem.db().Coefficient(b, e), compB.name, 0, "(s)");
         else
-            w.AddReactant(row, chem.db().Coefficient(b, e), compB.name, compB.charge, AssemblyWork::AqueousPhase(compB.charge));
+            w.AddReactant(row, chem.db().Coefficient(b, e), compB.name, compB.charge,
+                          AssemblyWork::AqueousPhase(compB.charge));
         const int32_t h = chem.db().Coefficient(chem.db().hydrogenIndex, e);
         if (h != 0) {
             const Component& hydrogen = chem.db().components[chem.db().hydrogenIndex];
@@ -88,7 +89,8 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
     ChemicalSystem& chem = w.chem;
     const TypeRange range = chem.db().equilibriumRange[EqRedox];
     if (range.empty()) return;
-    const int32_t electronColumn = chem.db().electronIndex > 0 ? chem.placement[chem.db().electronIndex].systemIndex : -1;
+    const int32_t electronColumn =
+        chem.db().electronIndex > 0 ? chem.placement[chem.db().electronIndex].systemIndex : -1;
     const double temperature = w.ctx.input.temperature;
     // Each pass places at least one component, so the passes are bounded by
     // the number of components.
@@ -113,7 +115,8 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
             w.dense[t] = w.dense[rep];
             const int32_t h = chem.db().Coefficient(chem.db().hydrogenIndex, e);
             if (h != 0) w.AddRow(t, 0, sign * h);
-            if (electronColumn > 0) w.Coef(t, electronColumn) += sign * chem.db().Coefficient(chem.db().electronIndex, e);
+            if (electronColumn > 0)
+                w.Coef(t, electronColumn) += sign * chem.db().Coefficient(chem.db().electronIndex, e);
             SetPartnerEnthalpy(chem.species[rep], eq, sign, temperature, sp);
 
             const Component& partner = chem.db().components[n];

@@ -8,7 +8,7 @@ std::optional<double> SaltMeanActivityCoefficient(const Database& database, cons
     const int32_t cation = database.FindComponent(salt.cation);
     const int32_t anion = database.FindComponent(salt.anion);
     if (cation < 0 || anion < 0) return std::nullopt;
-    ChemicalSystem chem = database;
+    ChemicalSystem chem{database};  // over its own copy of the database
     InputProblem input;
     input.components.resize(chem.db().components.size());
     for (size_t k = 0; k < chem.db().components.size(); ++k)

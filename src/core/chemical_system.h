@@ -87,8 +87,8 @@ std::shared_ptr<const Database> EmptyDatabase();
 struct ChemicalSystem {
     ChemicalSystem() = default;
     // A system over `db`, with nothing assembled.
-    ChemicalSystem(std::shared_ptr<const Database> db) : database(std::move(db)) {}
-    ChemicalSystem(Database db) : database(std::make_shared<const Database>(std::move(db))) {}
+    explicit ChemicalSystem(std::shared_ptr<const Database> db) : database(std::move(db)) {}
+    explicit ChemicalSystem(Database db) : database(std::make_shared<const Database>(std::move(db))) {}
 
     // The database the system is assembled from; shared, read only. An
     // empty database until one is loaded.

@@ -38,7 +38,8 @@ std::string RedoxGroupName(const ChemicalSystem& chem, const std::string& name, 
     std::string group = name;
     if (start < 0 || start >= chem.db().ComponentCount()) return group;
     int32_t member = chem.db().components[start].redoxNext;
-    for (int32_t steps = 0; member > 0 && member < chem.db().ComponentCount() && steps < chem.db().ComponentCount(); ++steps) {
+    for (int32_t steps = 0; member > 0 && member < chem.db().ComponentCount() && steps < chem.db().ComponentCount();
+         ++steps) {
         group += " / " + chem.db().components[member].name;
         member = chem.db().components[member].redoxNext;
     }

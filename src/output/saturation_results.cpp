@@ -57,8 +57,8 @@ ReactionDefinition DefinitionOf(const ChemicalSystem& chem, int32_t e, const std
     ReactionDefinition definition;
     for (size_t n = 0; n < components.size() && n < kMaxReactionEntries; ++n) {
         const Component& comp = chem.db().components[components[n]];
-        definition.reactants[n] =
-            ReactionEntry{chem.db().Coefficient(components[n], e), comp.name, comp.charge, comp.charge == 0 ? "(aq)" : ""};
+        definition.reactants[n] = ReactionEntry{chem.db().Coefficient(components[n], e), comp.name, comp.charge,
+                                                comp.charge == 0 ? "(aq)" : ""};
     }
     definition.products[0] = ReactionEntry{coefficient, eq.name, 0, ""};
     definition.logK = eq.logK;
@@ -120,8 +120,9 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
         for (const auto [k, nu] : terms) {
             const Component& ligand = chem.db().components[k];
             if (ligand.type != Ligand || !chem.placement[k].inInput) continue;
-            ReactionDefinition definition = DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.db().ComponentCount()),
-                                                         static_cast<int32_t>(eq.linkedCoefficient));
+            ReactionDefinition definition =
+                DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.db().ComponentCount()),
+                             static_cast<int32_t>(eq.linkedCoefficient));
 
             GasResult gas;
             gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);

@@ -32,7 +32,8 @@ std::string Reaction(const Database& db, int32_t e) {
     }
     const Equilibrium& q = db.equilibria[static_cast<size_t>(e)];
     if (q.type == EqRedox || q.type == EqGas)
-        text += " = " + FormatC("%g ", q.linkedCoefficient) + db.components[static_cast<size_t>(q.linkedComponent)].name;
+        text +=
+            " = " + FormatC("%g ", q.linkedCoefficient) + db.components[static_cast<size_t>(q.linkedComponent)].name;
     return text;
 }
 

@@ -13,7 +13,7 @@
 namespace tormel::test {
 
 struct CalcFixture {
-    ChemicalSystem chem = BuildSyntheticDatabase();
+    ChemicalSystem chem{BuildSyntheticDatabase()};
     InputProblem input;
     SolverState state;
     // No inputs but the electron's free activity of 1; Davies activities.

@@ -111,7 +111,8 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
         if (q.type == EqRedox || q.type == EqGas) {
             EXPECT_GT(q.linkedComponent, 0) << q.name;
             EXPECT_EQ(q.linkedCoefficient, 1) << q.name;
-            EXPECT_EQ(chem.db().Coefficient(q.linkedComponent, e), 0) << q.name << ": the linked component is not a term";
+            EXPECT_EQ(chem.db().Coefficient(q.linkedComponent, e), 0)
+                << q.name << ": the linked component is not a term";
         }
         if (q.type == EqGas) { EXPECT_EQ(chem.db().components[q.linkedComponent].type, Gas) << q.name; }
         if (q.type == EqOrganic) {
