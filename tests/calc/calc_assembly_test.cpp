@@ -28,6 +28,20 @@ TEST(CalcAssembly, ComplexNeedsAllItsComponents) {
     EXPECT_EQ(f.chem.systemComponents.size(), 3u);
 }
 
+// An input problem needs one component input per database component; one
+// made for another database, or never sized, assembles nothing.
+TEST(CalcAssembly, InputsOfAnotherDatabaseAreRefused) {
+    for (int32_t surplus : {-1, 1}) {
+        CalcFixture f;
+        f.Set(kH, InpTypeFreeAct, 1e-7);
+        f.SetTotals({{kCa, 1e-3}, {kCl, 2e-3}});
+        f.input.components.resize(f.input.components.size() + surplus);
+        SCOPED_TRACE(surplus);
+        EXPECT_FALSE(Assemble(f));
+        EXPECT_TRUE(f.chem.systemComponents.empty());
+    }
+}
+
 TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     CalcFixture f;
     f.input.redox = true;

@@ -44,5 +44,22 @@ TEST(ShellWorkspace, ForcedNeutralSolutionIsCalculatedNeutral) {
     EXPECT_GT(ws.chem.systemComponents[ws.chem.placement[cl].systemIndex].balanceTotal, 1.9e-3);
 }
 
+// A batch worker reads the loaded database itself, not a copy, and starts
+// with nothing assembled and no input.
+TEST(ShellWorkspace, WorkerSharesTheDatabaseAndNothingElse) {
+    test::TempFolder folder;
+    test::RecordingUi ui;
+    Workspace ws;
+    test::PrepareWorkspace(ws, folder, ui);
+    ImbalancedWater(ws, false);
+    ASSERT_TRUE(CalculateInput(ws, false).solve.converged);
+    const Workspace worker = CloneForWorker(ws, ui.services);
+    EXPECT_EQ(worker.chem.database, ws.chem.database);
+    EXPECT_GT(worker.chem.db().ComponentCount(), 0);
+    EXPECT_TRUE(worker.chem.systemComponents.empty());
+    EXPECT_TRUE(worker.chem.placement.empty());
+    EXPECT_TRUE(worker.input.components.empty());
+}
+
 }  // namespace
 }  // namespace tormel
