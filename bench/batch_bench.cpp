@@ -33,13 +33,14 @@ struct BatchSetUp {
         const char* examples[] = {"hard_water.i64", "soft_water.i64"};
         for (int k = 0; k < kBatchJobs; ++k) {
             InputProblem input;
-            if (LoadInputFile(source + "/data/examples/" + examples[k % 2], input, ws->chem)) return;
-            for (Component& c : ws->chem.components)
-                if (c.inputType == InpTypeTotalConc && &c != &ws->chem.components[ws->chem.hydrogenIndex])
-                    c.inputValue *= 1.0 + 0.002 * (k % 100);
+            if (LoadInputFile(source + "/data/examples/" + examples[k % 2], input, ws->chem.db())) return;
+            for (size_t c = 0; c < input.components.size(); ++c)
+                if (input.components[c].inputType == InpTypeTotalConc &&
+                    static_cast<int32_t>(c) != ws->chem.db().hydrogenIndex)
+                    input.components[c].inputValue *= 1.0 + 0.002 * (k % 100);
             const std::string name = "job" + std::to_string(k);
             if (!WriteUtf16File(ws->folders.inputFolder + name + ".i64",
-                                std::string_view(FormatInputFile(input, ws->chem))))
+                                std::string_view(FormatInputFile(input, ws->chem.db()))))
                 return;
             batch += name + ".i64 " + name + ".o64\n";
         }

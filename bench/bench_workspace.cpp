@@ -27,7 +27,9 @@ BenchWorkspace::BenchWorkspace(const std::string& name) {
     ws->folders.outputFolder = root + "Output/";
     ws->language = Language(source + "/data/Languages/0default.lang");
     ws->ui = &ui;
-    loaded = !LoadDatabase(ws->chem, ws->folders.dataFolder, ui);
+    Database db;
+    loaded = !LoadDatabase(db, ws->folders.dataFolder, ui);
+    ws->chem = ChemicalSystem(std::make_shared<const Database>(std::move(db)));
 }
 
 BenchWorkspace::~BenchWorkspace() {

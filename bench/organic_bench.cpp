@@ -17,20 +17,16 @@ namespace {
 
 using namespace tormel;
 
-void Set(ChemicalSystem& chem, const char* name, int32_t type, double value) {
-    const int32_t c = chem.FindComponent(name);
+void Set(const ChemicalSystem& chem, InputProblem& input, const char* name, int32_t type, double value) {
+    const int32_t c = chem.db().FindComponent(name);
     if (c < 0) return;
-    chem.components[c].inputType = type;
-    chem.components[c].inputValue = value;
+    input.components[c] = {value, type};
 }
 
 // Ca, Mg, Na, K, Cu, Zn, Cd, Pb, Ni and Al with chloride, sulphate and
 // carbonate; 5 mg C/L, 70 % fulvic acid.
 void NaturalWater(ChemicalSystem& chem, InputProblem& input, int32_t model, bool protonBalance) {
-    for (Component& c : chem.components) {
-        c.inputValue = 0;
-        c.inputType = InpTypeNotSpecified;
-    }
+    input.components.assign(chem.db().components.size(), ComponentInput{});
     input.ionicStrengthModel = 1;
     input.convergenceCriterion = 1.000001;
     input.organicComplexation = true;
@@ -38,22 +34,22 @@ void NaturalWater(ChemicalSystem& chem, InputProblem& input, int32_t model, bool
     input.docConcentration = 5;
     input.fulvicFraction = 0.7;
     if (protonBalance)
-        Set(chem, "H", InpTypeTotalConc, 1.3e-3);
+        Set(chem, input, "H", InpTypeTotalConc, 1.3e-3);
     else
-        Set(chem, "H", InpTypeFreeAct, 1e-7);
-    Set(chem, "Ca", InpTypeTotalConc, 5e-4);
-    Set(chem, "Mg", InpTypeTotalConc, 2e-4);
-    Set(chem, "Na", InpTypeTotalConc, 5e-4);
-    Set(chem, "K", InpTypeTotalConc, 5e-5);
-    Set(chem, "Cu(II)", InpTypeTotalConc, 5e-8);
-    Set(chem, "Zn", InpTypeTotalConc, 2e-7);
-    Set(chem, "Cd", InpTypeTotalConc, 1e-9);
-    Set(chem, "Pb", InpTypeTotalConc, 5e-9);
-    Set(chem, "Ni", InpTypeTotalConc, 3e-8);
-    Set(chem, "Al", InpTypeTotalConc, 2e-7);
-    Set(chem, "Cl", InpTypeTotalConc, 5e-4);
-    Set(chem, "SO4", InpTypeTotalConc, 2e-4);
-    Set(chem, "CO3", InpTypeTotalConc, 1e-3);
+        Set(chem, input, "H", InpTypeFreeAct, 1e-7);
+    Set(chem, input, "Ca", InpTypeTotalConc, 5e-4);
+    Set(chem, input, "Mg", InpTypeTotalConc, 2e-4);
+    Set(chem, input, "Na", InpTypeTotalConc, 5e-4);
+    Set(chem, input, "K", InpTypeTotalConc, 5e-5);
+    Set(chem, input, "Cu(II)", InpTypeTotalConc, 5e-8);
+    Set(chem, input, "Zn", InpTypeTotalConc, 2e-7);
+    Set(chem, input, "Cd", InpTypeTotalConc, 1e-9);
+    Set(chem, input, "Pb", InpTypeTotalConc, 5e-9);
+    Set(chem, input, "Ni", InpTypeTotalConc, 3e-8);
+    Set(chem, input, "Al", InpTypeTotalConc, 2e-7);
+    Set(chem, input, "Cl", InpTypeTotalConc, 5e-4);
+    Set(chem, input, "SO4", InpTypeTotalConc, 2e-4);
+    Set(chem, input, "CO3", InpTypeTotalConc, 1e-3);
 }
 
 void SolveOrganicWater(benchmark::State& state, int32_t model, bool protonBalance) {

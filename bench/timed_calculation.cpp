@@ -4,7 +4,7 @@
 
 namespace tormel::bench {
 
-void TimeCalculation(benchmark::State& state, ChemicalSystem& chem, const InputProblem& input, SolverStart start) {
+void TimeCalculation(benchmark::State& state, ChemicalSystem& chem, InputProblem& input, SolverStart start) {
     SolverState kept;
     int32_t iterations = 0;
     bool converged = true;

@@ -16,6 +16,6 @@ enum class SolverStart { Fresh, Reset };
 
 // Calculates `chem` with `input` once per round; the benchmark is marked as
 // an error when a round does not converge.
-void TimeCalculation(benchmark::State& state, ChemicalSystem& chem, const InputProblem& input, SolverStart start);
+void TimeCalculation(benchmark::State& state, ChemicalSystem& chem, InputProblem& input, SolverStart start);
 
 }  // namespace tormel::bench

@@ -72,16 +72,11 @@ std::vector<Water> ReadWaters() {
 // Puts one water into the workspace's input.
 void ApplyWater(Workspace& ws, const Water& water) {
     ChemicalSystem& chem = ws.chem;
-    test::ClearInputs(chem);
-    Component& hydrogen = chem.components[chem.hydrogenIndex];
-    hydrogen.inputType = InpTypeFreeAct;
-    hydrogen.inputValue = std::pow(10.0, -water.ph);
-    for (size_t k = 0; k < kTotals.size(); ++k) {
-        Component& c = chem.components[chem.FindComponent(kTotals[k])];
-        c.inputType = InpTypeTotalConc;
-        c.inputValue = water.totals[k];
-    }
     ws.input = InputProblem{};
+    test::ClearInputs(ws.input, chem);
+    ws.input.components[chem.db().hydrogenIndex] = {std::pow(10.0, -water.ph), InpTypeFreeAct};
+    for (size_t k = 0; k < kTotals.size(); ++k)
+        ws.input.components[chem.db().FindComponent(kTotals[k])] = {water.totals[k], InpTypeTotalConc};
     ws.input.ionicStrengthModel = kDaviesModel;
     ws.input.convergenceCriterion = 1.0001;
 }
@@ -103,14 +98,14 @@ struct WatersSetUp {
         }
         Workspace& ws = *folder.ws;
         for (const char* name : kTotals)
-            if (ws.chem.FindComponent(name) < 0) error = std::string("no component ") + name + " in the database";
+            if (ws.chem.db().FindComponent(name) < 0) error = std::string("no component ") + name + " in the database";
         if (!error.empty()) return;
         std::string batch;
         for (size_t i = 0; i < waters.size(); ++i) {
             ApplyWater(ws, waters[i]);
             const std::string name = "water" + std::to_string(i + 1);
             if (!WriteUtf16File(ws.folders.inputFolder + name + ".i64",
-                                std::string_view(FormatInputFile(ws.input, ws.chem)))) {
+                                std::string_view(FormatInputFile(ws.input, ws.chem.db())))) {
                 error = "cannot write the input files";
                 return;
             }

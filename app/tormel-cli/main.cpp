@@ -60,14 +60,14 @@ int DatabaseCommand(const std::string& command, const std::string& what, const c
 
     std::string text;
     if (command == "--database") {
-        text = DatabaseSummary(chem, folders.dataFolder);
+        text = DatabaseSummary(chem.db(), folders.dataFolder);
         if (startup.refreshed) text = "Working copies refreshed from " + folders.programFolder + "RawData/\n" + text;
     } else if (what == "components") {
-        text = ComponentListing(chem);
+        text = ComponentListing(chem.db());
     } else if (what == "equilibria") {
-        text = EquilibriumListing(chem);
+        text = EquilibriumListing(chem.db());
     } else {
-        text = LiteratureListing(chem);
+        text = LiteratureListing(chem.db());
     }
     std::fputs(text.c_str(), stdout);
     return 0;

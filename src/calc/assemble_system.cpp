@@ -14,54 +14,44 @@ namespace {
 // the electron with redox, the ligand of every gas, and whole redox groups.
 void SetInputFlags(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
+    const std::vector<ComponentInput>& inputs = ctx.input.components;
     SolverState& st = ctx.state;
-    for (Component& c : chem.components) {
-        c.systemIndex = 0;
-        c.inInput = c.inputValue != 0;
-    }
-    if (chem.electronIndex > 0) chem.components[chem.electronIndex].inInput = ctx.input.redox;
-    chem.components[chem.hydrogenIndex].inInput = true;
-    chem.components[chem.hydroxideIndex].inInput = true;
-    st.hydrogenInput = chem.components[chem.hydrogenIndex].inputValue;
-    st.hydroxideReference = chem.components[chem.hydroxideIndex].inputValue;
+    std::vector<ComponentPlacement>& placement = chem.placement;
+    placement.assign(chem.db().components.size(), ComponentPlacement{});
+    for (size_t k = 0; k < placement.size(); ++k) placement[k].inInput = inputs[k].inputValue != 0;
+    if (chem.db().electronIndex > 0) placement[chem.db().electronIndex].inInput = ctx.input.redox;
+    placement[chem.db().hydrogenIndex].inInput = true;
+    placement[chem.db().hydroxideIndex].inInput = true;
+    st.hydrogenInput = inputs[chem.db().hydrogenIndex].inputValue;
+    st.hydroxideReference = inputs[chem.db().hydroxideIndex].inputValue;
     st.redoxProtonFlag = false;
-    for (Component& c : chem.components)
-        if (c.type == Gas && c.inInput && c.linkedLigand > 0) chem.components[c.linkedLigand].inInput = true;
+    const int32_t count = chem.db().ComponentCount();
+    for (int32_t i = 0; i < count; ++i) {
+        const Component& c = chem.db().components[i];
+        if (c.type == Gas && placement[i].inInput && c.linkedLigand > 0) placement[c.linkedLigand].inInput = true;
+    }
     if (ctx.input.redox) {
-        const int32_t count = chem.ComponentCount();
         for (int32_t i = 0; i < count; ++i) {
-            const Component& c = chem.components[i];
-            if (c.inInput && c.redoxNext > 0) chem.components[c.redoxNext].inInput = true;
+            const Component& c = chem.db().components[i];
+            if (placement[i].inInput && c.redoxNext > 0) placement[c.redoxNext].inInput = true;
         }
         for (int32_t i = count - 1; i >= 0; --i) {
-            const Component& c = chem.components[i];
-            if (c.inInput && c.redoxPrev > 0) chem.components[c.redoxPrev].inInput = true;
+            const Component& c = chem.db().components[i];
+            if (placement[i].inInput && c.redoxPrev > 0) placement[c.redoxPrev].inInput = true;
         }
     }
 }
 
 void ResetAssembledLayer(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    chem.ClearAssembled();
-    chem.systemComponents.clear();
-    chem.species.clear();
-    chem.reactionReactants.clear();
-    chem.reactionProducts.clear();
-    chem.composition.clear();
-    chem.reactionRowCount = 0;
-    chem.maxSpeciesComponents = 0;
-    chem.freeHydroxideSpecies = 0;
-    chem.complexSpeciesRange = {};
-    chem.solidSpeciesRange = {};
-    chem.systemComponents.reserve(2 * chem.components.size() + 400);
-    chem.species.reserve(4 * chem.equilibria.size());
-    for (Equilibrium& e : chem.equilibria) e.systemSpecies = 0;
+    chem.systemComponents.reserve(2 * chem.db().components.size() + 400);
+    chem.species.reserve(4 * chem.db().equilibria.size());
     w.ctx.state.solidTotalCounts.clear();
 }
 
 // A free species of kind `kind` that stands for system component `sc`.
 int32_t AddFreeSpecies(AssemblyWork& w, int32_t kind, int32_t component, int32_t sc, double ionSize) {
-    const Component& c = w.chem.components[component];
+    const Component& c = w.chem.db().components[component];
     const int32_t s = w.NewSpecies();
     Species& sp = w.chem.species[s];
     sp.kind = kind;
@@ -80,41 +70,42 @@ int32_t AddFreeSpecies(AssemblyWork& w, int32_t kind, int32_t component, int32_t
 
 // A system component that copies the component's own record.
 int32_t AddComponentUnknown(AssemblyWork& w, int32_t component) {
-    const Component& c = w.chem.components[component];
+    const Component& c = w.chem.db().components[component];
     const int32_t j = w.NewSystemComponent();
     SystemComponent& sc = w.chem.systemComponents[j];
     sc.type = c.type;
     sc.name = c.name;
     sc.charge = c.charge;
     sc.molarMass = c.molarMass;
-    sc.givenValue = c.inputValue;
-    sc.balanceKind = c.inputType;
+    const ComponentInput& given = w.ctx.input.components[component];
+    sc.givenValue = given.inputValue;
+    sc.balanceKind = given.inputType;
     sc.componentIndex = component;
-    w.chem.components[component].systemIndex = j;
+    w.chem.placement[component].systemIndex = j;
     w.placed[component] = 1;
     return j;
 }
 
 void AddHydrogen(AssemblyWork& w) {
-    const int32_t h = w.chem.hydrogenIndex;
+    const int32_t h = w.chem.db().hydrogenIndex;
     AddComponentUnknown(w, h);  // system component 0
     w.chem.systemComponents[0].balanceTotal = w.ctx.state.hydrogenInput - w.ctx.state.hydroxideReference;
-    AddFreeSpecies(w, FreeComponent, h, 0, w.chem.components[h].ionDiameter);
+    AddFreeSpecies(w, FreeComponent, h, 0, w.chem.db().components[h].ionDiameter);
     w.speciesOf[h] = 0;
 }
 
 void AddElectron(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    const int32_t e = chem.electronIndex;
+    const int32_t e = chem.db().electronIndex;
     const int32_t j = w.NewSystemComponent();
     SystemComponent& sc = chem.systemComponents[j];
     sc.type = Electron;
     sc.name = "e";
     sc.charge = -1;
     sc.balanceKind = InpTypeFreeAct;
-    sc.givenValue = chem.components[e].inputValue;
+    sc.givenValue = w.ctx.input.components[e].inputValue;
     sc.componentIndex = e;
-    chem.components[e].systemIndex = j;
+    chem.placement[e].systemIndex = j;
     w.placed[e] = 1;
 }
 
@@ -122,12 +113,12 @@ void AddElectron(AssemblyWork& w) {
 // ligand becomes a species formed from the gas (and H+).
 void AddGases(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    const TypeRange range = chem.componentRange[Gas];
+    const TypeRange range = chem.db().componentRange[Gas];
     if (range.empty()) return;
     const double temperature = w.ctx.input.temperature;
     for (int32_t g = range.first; g <= range.last; ++g) {
-        Component& gas = chem.components[g];
-        if (gas.type != Gas || !gas.inInput) continue;
+        const Component& gas = chem.db().components[g];
+        if (gas.type != Gas || !chem.placement[g].inInput) continue;
         w.placed[g] = 1;
         const int32_t j = w.NewSystemComponent();
         {
@@ -135,29 +126,29 @@ void AddGases(AssemblyWork& w) {
             sc.type = gas.type;
             sc.name = gas.name;
             sc.charge = 0;
-            sc.balanceKind = gas.inputType;
-            sc.givenValue = gas.inputValue;
+            sc.balanceKind = w.ctx.input.components[g].inputType;
+            sc.givenValue = w.ctx.input.components[g].inputValue;
             sc.componentIndex = g;
         }
-        gas.systemIndex = j;
+        chem.placement[g].systemIndex = j;
         const int32_t s = w.NewSpecies();
         {
             Species& sp = chem.species[s];
             sp.kind = GasLigand;
-            const Component& ligand = chem.components[gas.linkedLigand];
+            const Component& ligand = chem.db().components[gas.linkedLigand];
             sp.name = AssemblyWork::FreeName(ligand.name);
             sp.charge = ligand.charge;
         }
         int32_t eq = -1;
-        const TypeRange eqRange = chem.equilibriumRange[EqGas];
+        const TypeRange eqRange = chem.db().equilibriumRange[EqGas];
         if (!eqRange.empty())
             for (int32_t e = eqRange.first; e <= eqRange.last; ++e)
-                if (chem.equilibria[e].type == EqGas && chem.equilibria[e].linkedComponent == g) {
+                if (chem.db().equilibria[e].type == EqGas && chem.db().equilibria[e].linkedComponent == g) {
                     eq = e;
                     break;
                 }
         if (eq < 0) continue;
-        const Equilibrium& e = chem.equilibria[eq];
+        const Equilibrium& e = chem.db().equilibria[eq];
         Species& sp = chem.species[s];
         sp.componentTerms = e.componentCount;
         sp.deltaZ2 = -e.deltaZ2;
@@ -176,10 +167,10 @@ void AddGases(AssemblyWork& w) {
         sp.literatureRef = e.literatureRef;
         const int32_t row = w.NewReactionRow();
         int32_t ligand = -1;
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-            const int32_t nu = chem.Coefficient(k, eq);
+        for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
+            const int32_t nu = chem.db().Coefficient(k, eq);
             if (nu == 0) continue;
-            const Component& c = chem.components[k];
+            const Component& c = chem.db().components[k];
             w.AddReactant(row, nu, c.name, c.charge, AssemblyWork::AqueousPhase(c.charge));
             if (c.type == Ligand) {
                 ligand = k;
@@ -188,10 +179,10 @@ void AddGases(AssemblyWork& w) {
         }
         if (ligand < 0) continue;  // a gas equilibrium must contain a ligand
         w.placed[ligand] = 1;
-        const int32_t h = chem.Coefficient(chem.hydrogenIndex, eq);
+        const int32_t h = chem.db().Coefficient(chem.db().hydrogenIndex, eq);
         if (h != 0) w.Coef(s, 0) = -h;
-        w.Coef(s, j) = chem.Coefficient(ligand, eq);
-        chem.components[ligand].systemIndex = -s;
+        w.Coef(s, j) = chem.db().Coefficient(ligand, eq);
+        chem.placement[ligand].systemIndex = -s;
         w.speciesOf[ligand] = s;
         chem.species[s].source = -ligand;
         chem.species[s].reactionRow = row;
@@ -204,9 +195,9 @@ void AddGases(AssemblyWork& w) {
 // as a free concentration or activity.
 void AddRedoxGroups(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
-        const Component& head = chem.components[c];
-        if (!head.inInput || w.placed[c] || head.redoxPrev != 0 || head.redoxNext < 1) continue;
+    for (int32_t c = 0; c < chem.db().ComponentCount(); ++c) {
+        const Component& head = chem.db().components[c];
+        if (!chem.placement[c].inInput || w.placed[c] || head.redoxPrev != 0 || head.redoxNext < 1) continue;
         w.speciesOf[c] = static_cast<int32_t>(chem.species.size());
         const int32_t j = w.NewSystemComponent();
         SystemComponent& sc = chem.systemComponents[j];
@@ -218,8 +209,9 @@ void AddRedoxGroups(AssemblyWork& w) {
         sc.givenValue = 0;
         sc.componentIndex = c;
         int32_t guard = 0;
-        for (int32_t m = c; m != 0 && guard <= chem.ComponentCount(); m = chem.components[m].redoxNext, ++guard) {
-            const Component& member = chem.components[m];
+        for (int32_t m = c; m != 0 && guard <= chem.db().ComponentCount();
+             m = chem.db().components[m].redoxNext, ++guard) {
+            const ComponentInput& member = w.ctx.input.components[m];
             if (member.inputType == InpTypeFreeConc || member.inputType == InpTypeFreeAct) {
                 sc.balanceKind = 5;
                 sc.givenValue = member.inputValue;
@@ -229,7 +221,7 @@ void AddRedoxGroups(AssemblyWork& w) {
             if (member.inputType == InpTypeTotalConc) sc.givenValue += member.inputValue;
         }
         AddFreeSpecies(w, FreeComponent, c, j, 0);
-        chem.components[c].systemIndex = j;
+        chem.placement[c].systemIndex = j;
         w.placed[c] = 1;
         AddRedoxPartners(w, true);
     }
@@ -240,7 +232,7 @@ void AddRedoxGroups(AssemblyWork& w) {
         if (sp.kind != RedoxPartner && sp.kind != RedoxPartnerSolid) continue;
         w.ctx.state.redoxProtonFlag = true;
         const int32_t nu = w.Coef(static_cast<int32_t>(s), 0);
-        const Component& member = chem.components[-sp.source];
+        const ComponentInput& member = w.ctx.input.components[-sp.source];
         if (nu == 0 || member.inputValue == 0 || member.inputType != InpTypeTotalConc) continue;
         if (nu < 0)
             hydrogen.balanceTotal -= std::abs(member.inputValue) * nu;
@@ -252,10 +244,10 @@ void AddRedoxGroups(AssemblyWork& w) {
 // Free OH is formed from water and H+.
 void AddHydroxide(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    const Equilibrium& water = chem.equilibria[chem.waterEquilibriumIndex];
-    const int32_t oh = chem.hydroxideIndex;
-    const Component& hydroxide = chem.components[oh];
-    const Component& hydrogen = chem.components[chem.hydrogenIndex];
+    const Equilibrium& water = chem.db().equilibria[chem.db().waterEquilibriumIndex];
+    const int32_t oh = chem.db().hydroxideIndex;
+    const Component& hydroxide = chem.db().components[oh];
+    const Component& hydrogen = chem.db().components[chem.db().hydrogenIndex];
     const int32_t s = w.NewSpecies();
     Species& sp = chem.species[s];
     sp.kind = FreeHydroxide;
@@ -273,7 +265,7 @@ void AddHydroxide(AssemblyWork& w) {
     sp.literatureRef = water.literatureRef;
     sp.ionSize = 0;
     sp.source = -oh;
-    chem.components[oh].systemIndex = -s;
+    chem.placement[oh].systemIndex = -s;
     w.speciesOf[oh] = s;
     w.placed[oh] = 1;
     chem.freeHydroxideSpecies = s;
@@ -287,10 +279,10 @@ void AddHydroxide(AssemblyWork& w) {
 
 void AddRemainingComponents(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
-        if (!chem.components[c].inInput || w.placed[c]) continue;
+    for (int32_t c = 0; c < chem.db().ComponentCount(); ++c) {
+        if (!chem.placement[c].inInput || w.placed[c]) continue;
         const int32_t j = AddComponentUnknown(w, c);
-        const Component& comp = chem.components[c];
+        const Component& comp = chem.db().components[c];
         const int32_t kind = comp.type == Ads ? AdsorbedSpecies : FreeComponent;
         w.speciesOf[c] = AddFreeSpecies(w, kind, c, j, comp.ionDiameter);
     }
@@ -306,8 +298,8 @@ void SortSystemComponents(AssemblyWork& w) {
             if (scs[i].componentIndex <= scs[j].componentIndex) continue;
             std::swap(scs[i], scs[j]);
             for (auto& row : w.dense) std::swap(row[i], row[j]);
-            chem.components[scs[i].componentIndex].systemIndex = i;
-            chem.components[scs[j].componentIndex].systemIndex = j;
+            chem.placement[scs[i].componentIndex].systemIndex = i;
+            chem.placement[scs[j].componentIndex].systemIndex = j;
         }
 }
 
@@ -337,11 +329,14 @@ void BuildComposition(AssemblyWork& w) {
 bool AssembleSystem(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     const InputProblem& input = ctx.input;
+    chem.ClearAssembled();
+    // the problem has one input per database component (SetProgramDefaults)
+    if (input.components.size() != chem.db().components.size()) return false;
     SetInputFlags(ctx);
     AssemblyWork w(ctx);
     ResetAssembledLayer(w);
     AddHydrogen(w);
-    if (input.redox && chem.electronIndex > 0) AddElectron(w);
+    if (input.redox && chem.db().electronIndex > 0) AddElectron(w);
     AddGases(w);
     if (input.redox) {
         AddRedoxPartners(w, false);

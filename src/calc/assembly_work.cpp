@@ -10,7 +10,7 @@ namespace {
 // part, and a few more; rows widen when a calculation needs more.
 int32_t FirstColumnCount(const ChemicalSystem& chem) {
     int32_t inInput = 0;
-    for (const Component& c : chem.components) inInput += c.inInput ? 1 : 0;
+    for (const ComponentPlacement& p : chem.placement) inInput += p.inInput ? 1 : 0;
     return inInput + 8;
 }
 
@@ -19,8 +19,8 @@ int32_t FirstColumnCount(const ChemicalSystem& chem) {
 AssemblyWork::AssemblyWork(CalcContext& context)
     : ctx(context),
       chem(context.chem),
-      placed(context.chem.components.size(), 0),
-      speciesOf(context.chem.components.size(), 0),
+      placed(context.chem.db().components.size(), 0),
+      speciesOf(context.chem.db().components.size(), 0),
       columns_(FirstColumnCount(context.chem)) {}
 
 int32_t& AssemblyWork::Coef(int32_t species, int32_t systemComponent) {
@@ -45,7 +45,7 @@ int32_t AssemblyWork::NewSystemComponent() {
 }
 
 int32_t AssemblyWork::NewReactionRow() {
-    const int32_t width = chem.maxComponentsPerEquilibrium;
+    const int32_t width = chem.db().maxComponentsPerEquilibrium;
     chem.reactionReactants.resize(chem.reactionReactants.size() + width);
     chem.reactionProducts.resize(chem.reactionProducts.size() + width);
     reactantFill.push_back(0);
@@ -55,7 +55,7 @@ int32_t AssemblyWork::NewReactionRow() {
 
 void AssemblyWork::AddEntry(std::vector<ReactionEntry>& table, std::vector<int32_t>& fill, int32_t row,
                             int32_t coefficient, std::string_view name, int32_t charge, std::string_view phase) {
-    const int32_t width = chem.maxComponentsPerEquilibrium;
+    const int32_t width = chem.db().maxComponentsPerEquilibrium;
     if (fill[row] >= width) return;  // a display row holds at most the database's widest reaction
     ReactionEntry& entry = table[Position(fill[row], row, width)];
     entry.coefficient = coefficient;

@@ -16,12 +16,15 @@ namespace tormel {
 using TextLookup = std::function<std::string(std::string_view section, std::string_view key)>;
 
 struct CalcContext {
-    CalcContext(ChemicalSystem& chemicalSystem, const InputProblem& inputProblem, SolverState& solverState,
+    CalcContext(ChemicalSystem& chemicalSystem, InputProblem& inputProblem, SolverState& solverState,
                 const UiServices* services = nullptr)
-        : chem(chemicalSystem), input(inputProblem), state(solverState), ui(services) {}
+        : db(chemicalSystem.db()), chem(chemicalSystem), input(inputProblem), state(solverState), ui(services) {}
 
-    ChemicalSystem& chem;
-    const InputProblem& input;
+    const Database& db;    // read only, possibly shared with other calculations
+    ChemicalSystem& chem;  // the assembled layer this calculation builds
+    // Read by the calculation; a neutralisation adjusts the input value of
+    // the ion it neutralises with.
+    InputProblem& input;
     SolverState& state;
     const UiServices* ui = nullptr;  // messages and progress; none in silent runs
     TextLookup text;                 // empty: the key stands in for the text

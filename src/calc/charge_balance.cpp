@@ -4,10 +4,10 @@
 
 namespace tormel {
 
-double InputChargeExcess(const ChemicalSystem& chem) {
+double InputChargeExcess(const ChemicalSystem& chem, const InputProblem& input) {
     double sum = 0;
     for (const SystemComponent& sc : chem.systemComponents) sum += sc.givenValue * sc.charge;
-    const double hydroxide = chem.components[chem.hydroxideIndex].inputValue;
+    const double hydroxide = input.components[chem.db().hydroxideIndex].inputValue;
     if (hydroxide != 0) sum -= hydroxide;
     return std::fabs(sum) < 1e-10 ? 0 : sum;
 }

@@ -2,6 +2,8 @@
 // one species per equilibrium whose components all take part, expressed in
 // the unknowns by substituting the species that stand for represented
 // components (H+, OH, gas ligands, redox partners).
+#include <optional>
+
 #include "calc/assembly_work.h"
 #include "calc/temperature.h"
 
@@ -11,7 +13,7 @@ namespace {
 
 void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t equilibriumType) {
     ChemicalSystem& chem = w.chem;
-    const Equilibrium& eq = chem.equilibria[e];
+    const Equilibrium& eq = chem.db().equilibria[e];
     const bool adsorbed = equilibriumType == EqAdsorption;
     const int32_t s = w.NewSpecies();
     const int32_t row = w.NewReactionRow();
@@ -21,11 +23,12 @@ void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t e
     double enthalpy = 0;
     for (const auto [k, nu] : index.Terms(e)) {
         ++terms;
-        const Component& c = chem.components[k];
-        if (c.systemIndex > 0) {
-            w.Coef(s, c.systemIndex) += nu;
+        const Component& c = chem.db().components[k];
+        const int32_t systemIndex = chem.placement[k].systemIndex;
+        if (systemIndex > 0) {
+            w.Coef(s, systemIndex) += nu;
         } else {
-            const int32_t q = -c.systemIndex;
+            const int32_t q = -systemIndex;
             w.AddRow(s, q, nu);
             logK += nu * chem.species[q].logK;
             if (eq.hasEnthalpy) enthalpy -= nu * chem.species[q].enthalpy;
@@ -40,7 +43,7 @@ void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t e
         // products: the released terms, then the adsorbed species itself
         for (const auto [k, nu] : index.Terms(e)) {
             if (nu >= 0) continue;
-            const Component& c = chem.components[k];
+            const Component& c = chem.db().components[k];
             w.AddProduct(row, -nu, c.name, c.charge, "");
         }
         w.AddProduct(row, 1, eq.name, eq.charge, "");
@@ -80,13 +83,13 @@ void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t e
     sp.literatureRef = eq.literatureRef;
     sp.source = e;
     sp.reactionRow = row;
-    chem.equilibria[e].systemSpecies = s;
 }
 
 }  // namespace
 
 void AddEquilibriumSpecies(AssemblyWork& w, int32_t equilibriumType) {
-    const EquilibriumIndex& index = IndexOf(w.chem);
+    std::optional<EquilibriumIndex> temporary;
+    const EquilibriumIndex& index = FittingIndex(w.chem.db(), temporary);
     for (const int32_t e : EquilibriaInInput(w.chem, equilibriumType)) AddOne(w, index, e, equilibriumType);
 }
 

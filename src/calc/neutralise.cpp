@@ -40,22 +40,22 @@ struct Ion {
 };
 
 bool HasSystemComponent(const ChemicalSystem& chem, int32_t component) {
-    return chem.components[component].systemIndex > 0;
+    return chem.placement[component].systemIndex > 0;
 }
 
 SystemComponent& SystemComponentOf(ChemicalSystem& chem, int32_t component) {
-    return chem.systemComponents[chem.components[component].systemIndex];
+    return chem.systemComponents[chem.placement[component].systemIndex];
 }
 
 Ion Prepare(const ChemicalSystem& chem, int32_t component) {
     Ion ion;
     ion.component = component;
-    if (chem.components[component].systemIndex > 0) {
-        const SystemComponent& sc = chem.systemComponents[chem.components[component].systemIndex];
+    if (HasSystemComponent(chem, component)) {
+        const SystemComponent& sc = chem.systemComponents[chem.placement[component].systemIndex];
         ion.initialTotal = sc.givenValue;
         ion.name = sc.name;
     } else {
-        ion.name = chem.components[component].name;
+        ion.name = chem.db().components[component].name;
     }
     return ion;
 }
@@ -64,7 +64,7 @@ Ion Prepare(const ChemicalSystem& chem, int32_t component) {
 // totals is taken afresh: the passes change the totals, and the proton
 // balance's charge test must see the totals it solves.
 SolveResult SolveOnce(CalcContext& ctx) {
-    ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem);
+    ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem, ctx.input);
     SolveResult result = SolveEquilibrium(ctx, true);
     SpeciesChargeSums(ctx.chem, ctx.state.cationCharge, ctx.state.anionCharge);
     return result;
@@ -83,13 +83,13 @@ bool FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double
     }
     if (RelativelyEqual(positive, negative, criterion)) return true;
     const Ion& ion = positive > negative ? anion : cation;
-    Component& component = chem.components[ion.component];
-    const double d = (positive - negative) / -component.charge;
+    double& inputValue = ctx.input.components[ion.component].inputValue;
+    const double d = (positive - negative) / -chem.db().components[ion.component].charge;
     if (HasSystemComponent(chem, ion.component)) {
-        component.inputValue += d;
+        inputValue += d;
         return true;
     }
-    component.inputValue = d;
+    inputValue = d;
     return AssembleSystem(ctx);
 }
 
@@ -108,15 +108,15 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
     window.text = {ctx.Text("NeutralCalc", "NeutrCaption1") + " (?)", PassLine(ctx, 1), ""};
     window.Show();
 
-    const int32_t count = chem.ComponentCount();
+    const int32_t count = chem.db().ComponentCount();
     for (int32_t k : {ctx.input.neutraliseCation, ctx.input.neutraliseAnion})
-        if (k <= 0 || k >= count || chem.components[k].charge == 0) {
+        if (k <= 0 || k >= count || chem.db().components[k].charge == 0) {
             out.message = "no charged cation and anion chosen to neutralise with";
             return out;
         }
     if (!AssembleSystem(ctx)) return out;
     out.assembled = true;
-    st.inputChargeExcess = InputChargeExcess(chem);
+    st.inputChargeExcess = InputChargeExcess(chem, ctx.input);
     Ion cation = Prepare(chem, ctx.input.neutraliseCation);
     Ion anion = Prepare(chem, ctx.input.neutraliseAnion);
     window.text.caption = ctx.Text("NeutralCalc", "NeutrCaption1") + " " + cation.name + " " +
@@ -137,8 +137,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
             return out;
         }
         const Ion& ion = st.cationCharge > st.anionCharge ? anion : cation;
-        Component& component = chem.components[ion.component];
-        const double d = (st.cationCharge - st.anionCharge) / -component.charge;
+        const double d = (st.cationCharge - st.anionCharge) / -chem.db().components[ion.component].charge;
         if (HasSystemComponent(chem, ion.component)) {
             SystemComponent& sc = SystemComponentOf(chem, ion.component);
             const double damping = pass > 1 ? 1 / std::sqrt(pass - 1.0) : 1.0;
@@ -147,7 +146,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
             else
                 sc.givenValue += d * damping;
         } else {
-            component.inputValue = d / std::sqrt(static_cast<double>(pass));
+            ctx.input.components[ion.component].inputValue = d / std::sqrt(static_cast<double>(pass));
             if (!AssembleSystem(ctx)) {
                 out.assembled = false;
                 return out;

@@ -18,10 +18,10 @@ bool StartsWith(std::string_view text, std::string_view prefix) { return text.su
 // The organic component of a fraction under the model: the humic one is the
 // one whose name begins with "HA", the fulvic one the other.
 int32_t FractionComponent(const ChemicalSystem& chem, int32_t model, int32_t fraction) {
-    const TypeRange range = chem.organicComponentRange[model - Model5];
+    const TypeRange range = chem.db().organicComponentRange[model - Model5];
     if (range.empty()) return -1;
     for (int32_t c = range.first; c <= range.last; ++c) {
-        const Component& comp = chem.components[c];
+        const Component& comp = chem.db().components[c];
         if (comp.type != Organic || comp.organicModel != model) continue;
         if (StartsWith(comp.name, "HA") == (fraction == kHumic)) return c;
     }
@@ -70,7 +70,7 @@ void AddCombination(OrganicFraction& fr, int32_t size, int32_t number, int32_t l
 }
 
 void AddSites(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t fraction) {
-    const std::string& base = w.chem.components[fr.organicComponent].name;
+    const std::string& base = w.chem.db().components[fr.organicComponent].name;
     const OrganicParameters& p = fr.parameters;
     const double c = fr.concentration;
     for (int32_t site = 1; site <= 8; ++site) {
@@ -107,8 +107,8 @@ void AddSites(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t fract
 // The protonated species of every site component of a fraction.
 void AddProtonatedSpecies(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t fraction) {
     ChemicalSystem& chem = w.chem;
-    const std::string& hydrogen = chem.components[chem.hydrogenIndex].name;
-    const int32_t literature = chem.Organic(model).literatureRef;
+    const std::string& hydrogen = chem.db().components[chem.db().hydrogenIndex].name;
+    const int32_t literature = chem.db().Organic(model).literatureRef;
     for (const OrganicCombination& comb : fr.combinations)
         for (int32_t k = 0; k < comb.size; ++k) {
             OrganicSite& site = fr.sites[comb.firstSite + k];
@@ -139,17 +139,17 @@ void AddProtonatedSpecies(AssemblyWork& w, OrganicFraction& fr, int32_t model, i
 // the equilibrium does not concern this fraction or a component is missing.
 bool EquilibriumTakesPart(const ChemicalSystem& chem, int32_t e, int32_t organicComponent, int32_t& metal,
                           int32_t& hydrogenCoefficient) {
-    if (chem.Coefficient(organicComponent, e) == 0) return false;
+    if (chem.db().Coefficient(organicComponent, e) == 0) return false;
     metal = -1;
     hydrogenCoefficient = 0;
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-        const int32_t nu = chem.Coefficient(k, e);
+    for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
+        const int32_t nu = chem.db().Coefficient(k, e);
         if (nu == 0 || k == organicComponent) continue;
-        if (k == chem.hydrogenIndex) {
+        if (k == chem.db().hydrogenIndex) {
             hydrogenCoefficient = nu;
             continue;
         }
-        if (!chem.components[k].inInput) return false;
+        if (!chem.placement[k].inInput) return false;
         metal = k;
     }
     return metal > 0;
@@ -176,8 +176,8 @@ int32_t FindHydroxoSpecies(AssemblyWork& w, int32_t metalRowSpecies) {
 void AddMetalBlock(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t fraction, int32_t e, int32_t metal,
                    int32_t hydrogenCoefficient) {
     ChemicalSystem& chem = w.chem;
-    const Equilibrium& eq = chem.equilibria[e];
-    const Component& metalComp = chem.components[metal];
+    const Equilibrium& eq = chem.db().equilibria[e];
+    const Component& metalComp = chem.db().components[metal];
     OrganicMetalBlock block;
     block.equilibrium = e;
     block.hydrolysed = hydrogenCoefficient != 0;
@@ -185,11 +185,11 @@ void AddMetalBlock(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t 
     // the species that holds the metal's row: its free species, or the
     // species that stands for it
     int32_t metalRow;
-    if (metalComp.systemIndex > 0) {
-        block.metalComponent = metalComp.systemIndex;
+    if (chem.placement[metal].systemIndex > 0) {
+        block.metalComponent = chem.placement[metal].systemIndex;
         metalRow = -1;
     } else {
-        block.standingSpecies = -metalComp.systemIndex;
+        block.standingSpecies = -chem.placement[metal].systemIndex;
         metalRow = block.standingSpecies;
     }
     if (block.hydrolysed) {
@@ -239,7 +239,6 @@ void AddMetalBlock(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t 
         w.ComposeFromRow(s);
     }
     block.speciesCount = static_cast<int32_t>(chem.species.size()) - block.firstSpecies;
-    chem.equilibria[e].systemSpecies = block.firstSpecies;
     fr.metals.push_back(block);
 }
 
@@ -263,7 +262,7 @@ void PrepareOrganicModel(AssemblyWork& w) {
         if (!(fr.concentration > 0) || fr.organicComponent < 0) continue;
         fr.present = true;
         fr.kindBase = OrganicKindBase(org.model, fraction);
-        fr.parameters = ParametersOf(chem.Organic(org.model), org.model, fraction);
+        fr.parameters = ParametersOf(chem.db().Organic(org.model), org.model, fraction);
         // the organic component itself stays out of the system: its sites stand for it
         AddSites(w, fr, org.model, fraction);
         org.active = true;
@@ -274,7 +273,7 @@ void AddOrganicSpecies(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
     OrganicState& org = w.ctx.state.organic;
     if (!org.active) return;
-    const TypeRange range = chem.organicEquilibriumRange[org.model - Model5];
+    const TypeRange range = chem.db().organicEquilibriumRange[org.model - Model5];
     for (int32_t fraction = 0; fraction < kOrganicFractions; ++fraction) {
         OrganicFraction& fr = org.fractions[fraction];
         if (!fr.present) continue;
@@ -282,7 +281,7 @@ void AddOrganicSpecies(AssemblyWork& w) {
         fr.firstMetalSpecies = static_cast<int32_t>(chem.species.size());
         if (!range.empty())
             for (int32_t e = range.first; e <= range.last; ++e) {
-                const Equilibrium& eq = chem.equilibria[e];
+                const Equilibrium& eq = chem.db().equilibria[e];
                 if (eq.type != EqOrganic || eq.organicModel != org.model) continue;
                 int32_t metal = -1, hydrogenCoefficient = 0;
                 if (!EquilibriumTakesPart(chem, e, fr.organicComponent, metal, hydrogenCoefficient)) continue;

@@ -54,7 +54,7 @@ CalculationOutcome RunCalculation(CalcContext& ctx, bool showProgress) {
     if (!outcome.assembled) return outcome;
     ctx.state.inputChargeExcess = 0;
     if (ctx.chem.systemComponents[0].balanceKind == InpTypeTotalConc)
-        ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem);
+        ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem, ctx.input);
     outcome.solve = SolveEquilibrium(ctx, showProgress);
     if (ctx.state.abortRequested) return outcome;
     // A solve stopped by the iteration bound has no valid composition: no

@@ -35,7 +35,7 @@ void RatioUpdate(CalcContext& ctx, int32_t j) {
     const NewtonSystem& ns = st.newton;
     if (ns.m > 0) {
         const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-        const double input = chem.components[sc.componentIndex].inputValue;
+        const double input = ctx.input.components[sc.componentIndex].inputValue;
         for (int32_t k = 0; k < ns.m; ++k) {
             const int32_t s = ns.solidSpecies[k];
             Species& solid = chem.species[s];

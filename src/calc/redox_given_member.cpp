@@ -19,17 +19,18 @@ void FreeFromGivenMember(CalcContext& ctx) {
     for (int32_t j = 0; j < systemCount; ++j) {
         SystemComponent& sc = chem.systemComponents[j];
         if (sc.balanceKind != kGroupWithGivenMember) continue;
-        const Component& member = chem.components[sc.givenMember];
+        const Component& member = chem.db().components[sc.givenMember];
+        const int32_t memberIndex = chem.placement[sc.givenMember].systemIndex;
         double target = sc.givenValue;
-        if (member.inputType == InpTypeFreeAct) {
+        if (ctx.input.components[sc.givenMember].inputType == InpTypeFreeAct) {
             const double z = member.charge;
             target /= std::pow(10.0, z * z * ctx.state.logGamma1);
         }
-        if (sc.givenMember == sc.componentIndex || member.systemIndex >= 0) {
+        if (sc.givenMember == sc.componentIndex || memberIndex >= 0) {
             sc.freeConcentration = target;
             continue;
         }
-        const int32_t s = -member.systemIndex;
+        const int32_t s = -memberIndex;
         const Species& sp = chem.species[s];
         double logRest = sp.workingLogK;
         int32_t own = 0;

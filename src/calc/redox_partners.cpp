@@ -15,14 +15,14 @@ namespace {
 // the groups from the species map.
 int32_t Representative(const AssemblyWork& w, int32_t component, bool groupStep) {
     if (groupStep) return w.speciesOf[component];
-    return std::abs(w.chem.components[component].systemIndex);
+    return std::abs(w.chem.placement[component].systemIndex);
 }
 
 // The reaction's own component: the first one that is neither H+ nor the electron.
 int32_t ReactionComponent(const ChemicalSystem& chem, int32_t e) {
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-        if (k == chem.hydrogenIndex || (chem.electronIndex > 0 && k == chem.electronIndex)) continue;
-        if (chem.Coefficient(k, e) != 0) return k;
+    for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
+        if (k == chem.db().hydrogenIndex || (chem.db().electronIndex > 0 && k == chem.db().electronIndex)) continue;
+        if (chem.db().Coefficient(k, e) != 0) return k;
     }
     return -1;
 }
@@ -45,36 +45,37 @@ void SetPartnerEnthalpy(const Species& representative, const Equilibrium& e, int
 
 void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b, int32_t n, bool groupStep) {
     ChemicalSystem& chem = w.chem;
-    const Equilibrium& eq = chem.equilibria[e];
-    const Component& compA = chem.components[a];
-    const Component& compB = chem.components[b];
+    const Equilibrium& eq = chem.db().equilibria[e];
+    const Component& compA = chem.db().components[a];
+    const Component& compB = chem.db().components[b];
     const int32_t row = w.NewReactionRow();
     chem.species[t].reactionRow = row;
     const int32_t linked = static_cast<int32_t>(eq.linkedCoefficient);
     if (!groupStep) {
-        const bool solidPartner = chem.components[n].type == RedSol;
+        const bool solidPartner = chem.db().components[n].type == RedSol;
         if (solidPartner)
-            w.AddReactant(row, chem.Coefficient(b, e), compB.name, 0, "(s)");
+            w.AddReactant(row, chem.db().Coefficient(b, e), compB.name, 0, "(s)");
         else
-            w.AddReactant(row, chem.Coefficient(b, e), compB.name, compB.charge, AssemblyWork::AqueousPhase(compB.charge));
-        const int32_t h = chem.Coefficient(chem.hydrogenIndex, e);
+            w.AddReactant(row, chem.db().Coefficient(b, e), compB.name, compB.charge,
+                          AssemblyWork::AqueousPhase(compB.charge));
+        const int32_t h = chem.db().Coefficient(chem.db().hydrogenIndex, e);
         if (h != 0) {
-            const Component& hydrogen = chem.components[chem.hydrogenIndex];
+            const Component& hydrogen = chem.db().components[chem.db().hydrogenIndex];
             w.AddReactant(row, h, hydrogen.name, hydrogen.charge, "");
         }
-        if (chem.electronIndex > 0) {
-            const Component& electron = chem.components[chem.electronIndex];
-            w.AddReactant(row, chem.Coefficient(chem.electronIndex, e), electron.name, electron.charge, "");
+        if (chem.db().electronIndex > 0) {
+            const Component& electron = chem.db().components[chem.db().electronIndex];
+            w.AddReactant(row, chem.db().Coefficient(chem.db().electronIndex, e), electron.name, electron.charge, "");
         }
         const bool aqueous = compA.type != RedSol && compB.charge == 0;
         w.AddProduct(row, linked, compA.name, compA.charge, aqueous ? "(aq)" : "");
         return;
     }
     bool solidTerm = compA.type == RedSol;
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-        const int32_t nu = chem.Coefficient(k, e);
+    for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
+        const int32_t nu = chem.db().Coefficient(k, e);
         if (nu == 0) continue;
-        const Component& c = chem.components[k];
+        const Component& c = chem.db().components[k];
         w.AddReactant(row, nu, c.name, c.charge, "");
         if (c.type == RedSol) solidTerm = true;
     }
@@ -86,20 +87,21 @@ void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b
 
 void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
     ChemicalSystem& chem = w.chem;
-    const TypeRange range = chem.equilibriumRange[EqRedox];
+    const TypeRange range = chem.db().equilibriumRange[EqRedox];
     if (range.empty()) return;
-    const int32_t electronColumn = chem.electronIndex > 0 ? chem.components[chem.electronIndex].systemIndex : -1;
+    const int32_t electronColumn =
+        chem.db().electronIndex > 0 ? chem.placement[chem.db().electronIndex].systemIndex : -1;
     const double temperature = w.ctx.input.temperature;
     // Each pass places at least one component, so the passes are bounded by
     // the number of components.
-    for (int32_t pass = 0; pass <= chem.ComponentCount(); ++pass) {
+    for (int32_t pass = 0; pass <= chem.db().ComponentCount(); ++pass) {
         bool added = false;
         for (int32_t e = range.first; e <= range.last; ++e) {
-            const Equilibrium& eq = chem.equilibria[e];
+            const Equilibrium& eq = chem.db().equilibria[e];
             if (eq.type != EqRedox) continue;
             const int32_t a = eq.linkedComponent;
             const int32_t b = ReactionComponent(chem, e);
-            if (a <= 0 || b < 0 || a >= chem.ComponentCount()) continue;
+            if (a <= 0 || b < 0 || a >= chem.db().ComponentCount()) continue;
             if ((w.placed[a] != 0) == (w.placed[b] != 0)) continue;
             const bool placedIsA = w.placed[a] != 0;
             const int32_t p = placedIsA ? a : b;
@@ -111,12 +113,13 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
             Species& sp = chem.species[t];
             sp.logK = sign * eq.logK + chem.species[rep].logK;
             w.dense[t] = w.dense[rep];
-            const int32_t h = chem.Coefficient(chem.hydrogenIndex, e);
+            const int32_t h = chem.db().Coefficient(chem.db().hydrogenIndex, e);
             if (h != 0) w.AddRow(t, 0, sign * h);
-            if (electronColumn > 0) w.Coef(t, electronColumn) += sign * chem.Coefficient(chem.electronIndex, e);
+            if (electronColumn > 0)
+                w.Coef(t, electronColumn) += sign * chem.db().Coefficient(chem.db().electronIndex, e);
             SetPartnerEnthalpy(chem.species[rep], eq, sign, temperature, sp);
 
-            const Component& partner = chem.components[n];
+            const Component& partner = chem.db().components[n];
             Species& t2 = chem.species[t];
             if (partner.type == RedSol) {
                 t2.kind = RedoxPartnerSolid;
@@ -131,10 +134,9 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
             t2.logKDatabase = eq.logK;
             t2.deltaZ2Stored = eq.deltaZ2;
             if (!groupStep) t2.ionSize = eq.complexDiameter;
-            chem.components[n].systemIndex = -t;
+            chem.placement[n].systemIndex = -t;
             t2.source = -n;
             w.speciesOf[n] = t;
-            if (groupStep) chem.equilibria[e].systemSpecies = t;
             w.placed[n] = 1;
             AddReactionRows(w, t, e, a, b, n, groupStep);
             added = true;

@@ -21,7 +21,7 @@ CalculationOutcome RunCalculation(CalcContext& ctx, bool showProgress);
 void PostProcess(CalcContext& ctx);
 
 // Net charge of the given totals (minus OH's input value); |x| < 1e-10 gives 0.
-double InputChargeExcess(const ChemicalSystem& chem);
+double InputChargeExcess(const ChemicalSystem& chem, const InputProblem& input);
 
 // Positive and negative charge carried by the dissolved and adsorbed species.
 void SpeciesChargeSums(const ChemicalSystem& chem, double& cationCharge, double& anionCharge);

@@ -4,26 +4,25 @@
 
 namespace tormel {
 
-std::optional<double> SaltMeanActivityCoefficient(const ChemicalSystem& database, const SaltSolution& salt) {
+std::optional<double> SaltMeanActivityCoefficient(const Database& database, const SaltSolution& salt) {
     const int32_t cation = database.FindComponent(salt.cation);
     const int32_t anion = database.FindComponent(salt.anion);
     if (cation < 0 || anion < 0) return std::nullopt;
-    ChemicalSystem chem = database;
-    for (Component& c : chem.components) {
-        c.inputValue = 0;
-        c.inputType = c.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    }
-    chem.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
-    const int32_t zc = chem.components[cation].charge;
-    const int32_t za = -chem.components[anion].charge;
-    chem.components[cation].inputValue = salt.concentration * za;
-    chem.components[anion].inputValue = salt.concentration * zc;
+    ChemicalSystem chem{database};  // over its own copy of the database
+    InputProblem input;
+    input.components.resize(chem.db().components.size());
+    for (size_t k = 0; k < chem.db().components.size(); ++k)
+        input.components[k].inputType = chem.db().components[k].type == Gas ? InpTypeGasPres : InpTypeTotalConc;
+    input.components[chem.db().hydroxideIndex].inputType = InpTypeNotSpecified;
+    const int32_t zc = chem.db().components[cation].charge;
+    const int32_t za = -chem.db().components[anion].charge;
+    input.components[cation].inputValue = salt.concentration * za;
+    input.components[anion].inputValue = salt.concentration * zc;
     if (salt.hydrogenActivity > 0) {
-        Component& h = chem.components[chem.hydrogenIndex];
+        ComponentInput& h = input.components[chem.db().hydrogenIndex];
         h.inputType = InpTypeFreeAct;
         h.inputValue = salt.hydrogenActivity;
     }
-    InputProblem input;
     input.ionicStrengthModel = kMsaModel;
     input.convergenceCriterion = 1.00001;
     SolverState state;

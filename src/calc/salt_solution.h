@@ -21,6 +21,6 @@ struct SaltSolution {
 // The salt table's stoichiometric mean activity coefficient of the salt
 // after a solve under the MSA model; nullopt when a component is missing or
 // the solve does not converge.
-std::optional<double> SaltMeanActivityCoefficient(const ChemicalSystem& database, const SaltSolution& salt);
+std::optional<double> SaltMeanActivityCoefficient(const Database& database, const SaltSolution& salt);
 
 }  // namespace tormel

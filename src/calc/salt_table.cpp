@@ -23,7 +23,7 @@ int32_t FreeSpeciesOf(const ChemicalSystem& chem, int32_t j) {
 }
 
 bool Sized(const ChemicalSystem& chem, const SystemComponent& sc) {
-    return chem.components[sc.componentIndex].ionDiameter > 0;
+    return chem.db().components[sc.componentIndex].ionDiameter > 0;
 }
 
 }  // namespace

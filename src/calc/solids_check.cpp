@@ -18,7 +18,7 @@ void AddSolidSpecies(AssemblyWork& work) {
     const int32_t end = static_cast<int32_t>(chem.species.size());
     chem.solidSpeciesRange = first < end ? TypeRange{first, end - 1} : TypeRange{};
     const std::string note = work.ctx.Text("EqDef", "AddInfoSolid");
-    const int32_t width = chem.maxComponentsPerEquilibrium;
+    const int32_t width = chem.db().maxComponentsPerEquilibrium;
     for (int32_t s = first; s < end; ++s) {
         Species& solid = chem.species[s];
         solid.kind = SolidSpecies;

@@ -151,9 +151,9 @@ void InitialiseSolve(CalcContext& ctx) {
     SystemComponent& hydrogen = chem.systemComponents[0];
     st.protonBalanceMode = hydrogen.balanceKind == InpTypeTotalConc;
     if (st.protonBalanceMode) {
-        const double logKw = chem.equilibria[chem.waterEquilibriumIndex].logK;
+        const double logKw = chem.db().equilibria[chem.db().waterEquilibriumIndex].logK;
         hydrogen.freeConcentration = std::sqrt(std::pow(10.0, -std::fabs(logKw)));
-        st.hydroxideReference += chem.components[chem.hydroxideIndex].inputValue;
+        st.hydroxideReference += ctx.input.components[chem.db().hydroxideIndex].inputValue;
         st.proton = ProtonUpdateState{};
     }
     MaxCoefficients(chem);

@@ -2,28 +2,13 @@
 
 namespace tormel {
 
-int32_t OrganicParameterCount(int32_t modelCode) {
-    switch (modelCode) {
-        case Model5: return kModel5ParameterCount;
-        case Model6: return kModel6ParameterCount;
-        case Model7: return kModel7ParameterCount;
-        default: return 0;
-    }
-}
-
-int32_t ChemicalSystem::FindComponent(std::string_view name) const {
-    for (size_t i = 0; i < components.size(); ++i)
-        if (components[i].name == name) return static_cast<int32_t>(i);
-    return -1;
-}
-
-int32_t ChemicalSystem::FindEquilibrium(std::string_view name) const {
-    for (size_t i = 0; i < equilibria.size(); ++i)
-        if (equilibria[i].name == name) return static_cast<int32_t>(i);
-    return -1;
+std::shared_ptr<const Database> EmptyDatabase() {
+    static const std::shared_ptr<const Database> empty = std::make_shared<const Database>();
+    return empty;
 }
 
 void ChemicalSystem::ClearAssembled() {
+    placement.clear();
     systemComponents.clear();
     species.clear();
     reactionReactants.clear();

@@ -1,78 +1,25 @@
 #pragma once
-// The in-memory chemical system: the database layer (loaded once) and the
-// assembled layer (rebuilt by every calculation). Records refer to each other
-// by 0-based index; H+ is component 0, so index 0 doubles as "none" in links.
+// The assembled layer of one calculation: the unknowns, species, reaction rows
+// and composition built from the input problem over a read-only database.
 #include <array>
-#include <memory>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "core/chemical_types.h"
-#include "core/equilibrium_index.h"
+#include "core/database.h"
 
 namespace tormel {
 
-struct Component {
-    int32_t type = 0;  // ComponentType
-    std::string name;
-    int32_t charge = 0;
-    double molarMass = 0;
-    double inputValue = 0;
-    int32_t inputType = InpTypeNotSpecified;
-    double ionDiameter = 0;
-    int32_t organicModel = 0;
-    int32_t systemIndex = 0;
-    bool inInput = false;
-    int32_t waterPartnerOfH = 0;
-    int32_t waterPartnerOfOH = 0;
-    int32_t gasPartner = 0;
-    int32_t linkedLigand = 0;
-    int32_t redoxNext = 0;
-    int32_t redoxPrev = 0;
-};
-
-struct Equilibrium {
-    int32_t type = 0;  // EquilibriumType
-    std::string name;
-    int32_t charge = 0;
-    double logK = 0;
-    double secondReal = 0;
-    double thirdReal = 0;
-    int32_t deltaZ2 = 0;
-    bool hasEnthalpy = false;
-    double enthalpy = 0;  // J/mol
-    double complexDiameter = 0;
-    int32_t literatureRef = -1;
-    int32_t componentCount = 0;
-    int32_t systemSpecies = 0;
-    int32_t linkedComponent = 0;
-    double linkedCoefficient = 0;
-    int32_t organicModel = 0;
-    double organicReal1 = 0;
-    double organicReal2 = 0;
-};
-
-// First and last record index of one type; first == 0 means "no record".
-struct TypeRange {
-    int32_t first = 0;
-    int32_t last = 0;
-    bool empty() const { return first == 0; }
-};
-
-// Parameters of one organic model: [k][0] fulvic acid, [k][1] humic acid.
-struct OrganicModelParameters {
-    std::vector<std::array<double, 2>> values;
-    int32_t literatureRef = 0;
-};
-
-constexpr int32_t kModel5ParameterCount = 12;
-constexpr int32_t kModel6ParameterCount = 13;
-constexpr int32_t kModel7ParameterCount = 13;
-int32_t OrganicParameterCount(int32_t modelCode);
-
 // --- assembled layer ---
+
+// How one database component takes part in the assembled system.
+struct ComponentPlacement {
+    bool inInput = false;     // takes part in the calculation
+    int32_t systemIndex = 0;  // > 0 its system component, < 0 minus the species that stands for it
+};
 
 struct SystemComponent {
     int32_t type = 0;
@@ -134,31 +81,22 @@ struct CompositionTerm {
     int32_t coefficient = 0;
 };
 
+// One empty database, shared by every system that has not loaded one.
+std::shared_ptr<const Database> EmptyDatabase();
+
 struct ChemicalSystem {
-    // database layer
-    std::vector<Component> components;
-    std::vector<Equilibrium> equilibria;
-    std::vector<int32_t> stoichiometry;  // component c, equilibrium e at c * equilibria.size() + e
-    std::vector<std::string> literature;
-    std::array<OrganicModelParameters, 3> organicParameters;  // by model code - 2
+    ChemicalSystem() = default;
+    // A system over `db`, with nothing assembled.
+    explicit ChemicalSystem(std::shared_ptr<const Database> db) : database(std::move(db)) {}
+    explicit ChemicalSystem(Database db) : database(std::make_shared<const Database>(std::move(db))) {}
 
-    int32_t maxComponentsPerEquilibrium = 0;
-    int32_t hydrogenIndex = 0;
-    int32_t hydroxideIndex = 0;
-    int32_t electronIndex = 0;
-    int32_t waterEquilibriumIndex = 0;
-
-    // component ranges by type 1..7 (2 unused) and type 7 per model code;
-    // equilibrium ranges by type 1..7 and type 7 per model code
-    std::array<TypeRange, 8> componentRange{};
-    std::array<TypeRange, 3> organicComponentRange{};
-    std::array<TypeRange, 8> equilibriumRange{};
-    std::array<TypeRange, 3> organicEquilibriumRange{};
-    // Which components each equilibrium is made of (equilibrium_index.h);
-    // shared, read only, by the copies of this database.
-    std::shared_ptr<const EquilibriumIndex> equilibriumIndex;
+    // The database the system is assembled from; shared, read only. An
+    // empty database until one is loaded.
+    std::shared_ptr<const Database> database = EmptyDatabase();
+    const Database& db() const { return *database; }
 
     // assembled layer
+    std::vector<ComponentPlacement> placement;  // per database component
     std::vector<SystemComponent> systemComponents;
     std::vector<Species> species;
     std::vector<ReactionEntry> reactionReactants;  // row r, entry j at r * maxComponentsPerEquilibrium + j
@@ -170,23 +108,6 @@ struct ChemicalSystem {
     TypeRange complexSpeciesRange{};
     TypeRange solidSpeciesRange{};
     bool temperatureCorrectionApplied = false;
-
-    int32_t ComponentCount() const { return static_cast<int32_t>(components.size()); }
-    int32_t EquilibriumCount() const { return static_cast<int32_t>(equilibria.size()); }
-    int32_t LiteratureReferenceCount() const { return static_cast<int32_t>(literature.size()); }
-
-    int32_t Coefficient(int32_t component, int32_t equilibrium) const {
-        return stoichiometry[Position(equilibrium, component, EquilibriumCount())];
-    }
-    int32_t& Coefficient(int32_t component, int32_t equilibrium) {
-        return stoichiometry[Position(equilibrium, component, EquilibriumCount())];
-    }
-    OrganicModelParameters& Organic(int32_t modelCode) { return organicParameters[modelCode - 2]; }
-    const OrganicModelParameters& Organic(int32_t modelCode) const { return organicParameters[modelCode - 2]; }
-
-    // Component index by exact name; -1 when absent.
-    int32_t FindComponent(std::string_view name) const;
-    int32_t FindEquilibrium(std::string_view name) const;
 
     // Empties the assembled layer.
     void ClearAssembled();

@@ -28,7 +28,7 @@ std::optional<DatabaseError> ReadComponent(RecordFieldReader& in, Component& c, 
 
 }  // namespace
 
-std::optional<DatabaseError> ReadComponentFile(ChemicalSystem& chem, const std::string& path) {
+std::optional<DatabaseError> ReadComponentFile(Database& chem, const std::string& path) {
     chem.components.clear();
     chem.componentRange = {};
     chem.organicComponentRange = {};

@@ -22,7 +22,7 @@ std::string Cut(const std::string& text) {
 
 }  // namespace
 
-std::string FormatComponentFile(const ChemicalSystem& chem, const DatabaseFileHeader& header) {
+std::string FormatComponentFile(const Database& chem, const DatabaseFileHeader& header) {
     std::string out = Header(header, chem.components.size());
     for (const Component& c : chem.components) {
         out += "\"" + Cut(c.name) + "\" " + std::to_string(c.type);
@@ -35,7 +35,7 @@ std::string FormatComponentFile(const ChemicalSystem& chem, const DatabaseFileHe
     return out;
 }
 
-std::string FormatEquilibriumFile(const ChemicalSystem& chem, const DatabaseFileHeader& header) {
+std::string FormatEquilibriumFile(const Database& chem, const DatabaseFileHeader& header) {
     std::string out = Header(header, chem.equilibria.size());
     for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
         const Equilibrium& q = chem.equilibria[static_cast<size_t>(e)];
@@ -66,7 +66,7 @@ std::string FormatEquilibriumFile(const ChemicalSystem& chem, const DatabaseFile
     return out;
 }
 
-std::string FormatLiteratureFile(const ChemicalSystem& chem, const DatabaseFileHeader& header) {
+std::string FormatLiteratureFile(const Database& chem, const DatabaseFileHeader& header) {
     std::string out = Header(header, chem.literature.size());
     for (const std::string& reference : chem.literature) {
         std::string line = Cut(reference);
@@ -77,7 +77,7 @@ std::string FormatLiteratureFile(const ChemicalSystem& chem, const DatabaseFileH
     return out;
 }
 
-std::string FormatModelFile(const ChemicalSystem& chem, int32_t modelCode, const DatabaseFileHeader& header,
+std::string FormatModelFile(const Database& chem, int32_t modelCode, const DatabaseFileHeader& header,
                             const OrganicParameterDescriptions& descriptions) {
     const int32_t count = OrganicParameterCount(modelCode);
     const OrganicModelParameters& params = chem.Organic(modelCode);
@@ -94,7 +94,7 @@ std::string FormatModelFile(const ChemicalSystem& chem, int32_t modelCode, const
     return out;
 }
 
-bool WriteDatabaseFiles(const ChemicalSystem& chem, const std::string& folder, const std::string& extension,
+bool WriteDatabaseFiles(const Database& chem, const std::string& folder, const std::string& extension,
                         const std::array<DatabaseFileHeader, 6>& headers,
                         const std::array<OrganicParameterDescriptions, 3>& descriptions, FileError* error) {
     const std::string texts[6] = {

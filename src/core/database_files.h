@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "core/text_file.h"
 #include "core/ui_services.h"
 
@@ -52,16 +52,16 @@ struct DatabaseError {
 bool RefreshDatabase(const std::string& dataFolder, const std::string& programFolder);
 bool CopyRawData(const std::string& dataFolder, const std::string& programFolder);
 
-std::optional<DatabaseError> ReadComponentFile(ChemicalSystem& chem, const std::string& path);
-std::optional<DatabaseError> ReadEquilibriumFile(ChemicalSystem& chem, const std::string& path);
-std::optional<DatabaseError> ReadLiteratureFile(ChemicalSystem& chem, const std::string& path);
-std::optional<DatabaseError> ReadModelFile(ChemicalSystem& chem, int32_t modelCode, const std::string& path);
+std::optional<DatabaseError> ReadComponentFile(Database& chem, const std::string& path);
+std::optional<DatabaseError> ReadEquilibriumFile(Database& chem, const std::string& path);
+std::optional<DatabaseError> ReadLiteratureFile(Database& chem, const std::string& path);
+std::optional<DatabaseError> ReadModelFile(Database& chem, int32_t modelCode, const std::string& path);
 
 // Loads the six working copies in order and links them. Shows the
 // "More than 4 BB" warning through `ui` when an equilibrium has more than four
 // components. On error the chemical system is left empty.
-std::optional<DatabaseError> LoadDatabase(ChemicalSystem& chem, const std::string& dataFolder, const UiServices& ui);
-void LinkDatabase(ChemicalSystem& chem);
+std::optional<DatabaseError> LoadDatabase(Database& chem, const std::string& dataFolder, const UiServices& ui);
+void LinkDatabase(Database& chem);
 
 // --- writing, the exact formats the readers take ---
 
@@ -73,15 +73,15 @@ struct DatabaseFileHeader {
 // Descriptions of the organic model parameter lines: [k][0] fulvic, [k][1] humic.
 using OrganicParameterDescriptions = std::vector<std::array<std::string, 2>>;
 
-std::string FormatComponentFile(const ChemicalSystem& chem, const DatabaseFileHeader& header);
-std::string FormatEquilibriumFile(const ChemicalSystem& chem, const DatabaseFileHeader& header);
-std::string FormatLiteratureFile(const ChemicalSystem& chem, const DatabaseFileHeader& header);
-std::string FormatModelFile(const ChemicalSystem& chem, int32_t modelCode, const DatabaseFileHeader& header,
+std::string FormatComponentFile(const Database& chem, const DatabaseFileHeader& header);
+std::string FormatEquilibriumFile(const Database& chem, const DatabaseFileHeader& header);
+std::string FormatLiteratureFile(const Database& chem, const DatabaseFileHeader& header);
+std::string FormatModelFile(const Database& chem, int32_t modelCode, const DatabaseFileHeader& header,
                             const OrganicParameterDescriptions& descriptions = {});
 
 // Writes all six files into `folder` with the given extension ("RW64" or
 // "D64"); headers by file position. Stops at the first failure.
-bool WriteDatabaseFiles(const ChemicalSystem& chem, const std::string& folder, const std::string& extension,
+bool WriteDatabaseFiles(const Database& chem, const std::string& folder, const std::string& extension,
                         const std::array<DatabaseFileHeader, 6>& headers,
                         const std::array<OrganicParameterDescriptions, 3>& descriptions, FileError* error = nullptr);
 

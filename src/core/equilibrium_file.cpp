@@ -5,7 +5,7 @@ namespace tormel {
 
 namespace {
 
-void ClearEquilibria(ChemicalSystem& chem) {
+void ClearEquilibria(Database& chem) {
     chem.equilibria.clear();
     chem.stoichiometry.clear();
     chem.equilibriumRange = {};
@@ -17,7 +17,7 @@ void ClearEquilibria(ChemicalSystem& chem) {
 }
 
 // Reads one record; its stoichiometry pairs go straight into the matrix.
-std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, ChemicalSystem& chem, int32_t index, int promised) {
+std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, Database& chem, int32_t index, int promised) {
     Equilibrium& q = chem.equilibria[static_cast<size_t>(index)];
     const int32_t componentCount = chem.ComponentCount();
     if (auto e = in.Name(q.name, promised)) return e;
@@ -86,7 +86,7 @@ std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, ChemicalSyst
 }
 
 // What the loader records about each equilibrium once it is read.
-void Record(ChemicalSystem& chem, int32_t index) {
+void Record(Database& chem, int32_t index) {
     const Equilibrium& q = chem.equilibria[static_cast<size_t>(index)];
     if (q.componentCount > chem.maxComponentsPerEquilibrium) chem.maxComponentsPerEquilibrium = q.componentCount;
     if (q.type == EqWater) {
@@ -104,7 +104,7 @@ void Record(ChemicalSystem& chem, int32_t index) {
 
 }  // namespace
 
-std::optional<DatabaseError> ReadEquilibriumFile(ChemicalSystem& chem, const std::string& path) {
+std::optional<DatabaseError> ReadEquilibriumFile(Database& chem, const std::string& path) {
     ClearEquilibria(chem);
     for (auto& c : chem.components) c.waterPartnerOfH = c.waterPartnerOfOH = 0;
     for (auto& p : chem.organicParameters) p.literatureRef = 0;

@@ -7,14 +7,14 @@
 
 namespace tormel {
 
-EquilibriumIndex::EquilibriumIndex(const ChemicalSystem& chem)
-    : componentCount_(chem.ComponentCount()), equilibriumCount_(chem.EquilibriumCount()) {
+EquilibriumIndex::EquilibriumIndex(const Database& db)
+    : componentCount_(db.ComponentCount()), equilibriumCount_(db.EquilibriumCount()) {
     // the terms, equilibrium by equilibrium, from the component-major matrix
     std::vector<int32_t> termCount(equilibriumCount_, 0);
     std::vector<int32_t> equilibriaOf(componentCount_, 0);
     for (int32_t c = 0; c < componentCount_; ++c)
         for (int32_t e = 0; e < equilibriumCount_; ++e)
-            if (chem.Coefficient(c, e) != 0) {
+            if (db.Coefficient(c, e) != 0) {
                 ++termCount[e];
                 ++equilibriaOf[c];
             }
@@ -24,7 +24,7 @@ EquilibriumIndex::EquilibriumIndex(const ChemicalSystem& chem)
     std::vector<int32_t> fill(termStart_.begin(), termStart_.end() - 1);
     for (int32_t c = 0; c < componentCount_; ++c)
         for (int32_t e = 0; e < equilibriumCount_; ++e)
-            if (const int32_t nu = chem.Coefficient(c, e); nu != 0) terms_[fill[e]++] = {c, nu};
+            if (const int32_t nu = db.Coefficient(c, e); nu != 0) terms_[fill[e]++] = {c, nu};
 
     // each equilibrium under its least common component
     std::vector<int32_t> key(equilibriumCount_, -1);
@@ -53,44 +53,49 @@ std::span<const int32_t> EquilibriumIndex::FiledUnder(int32_t component) const {
     return {filed_.data() + filedStart_[component], filed_.data() + filedStart_[component + 1]};
 }
 
-bool EquilibriumIndex::Fits(const ChemicalSystem& chem) const {
-    return componentCount_ == chem.ComponentCount() && equilibriumCount_ == chem.EquilibriumCount() &&
-           chem.stoichiometry.size() == static_cast<size_t>(componentCount_) * equilibriumCount_;
+bool EquilibriumIndex::Fits(const Database& db) const {
+    return componentCount_ == db.ComponentCount() && equilibriumCount_ == db.EquilibriumCount() &&
+           db.stoichiometry.size() == static_cast<size_t>(componentCount_) * equilibriumCount_;
 }
 
-const EquilibriumIndex& IndexOf(ChemicalSystem& chem) {
-    if (!chem.equilibriumIndex || !chem.equilibriumIndex->Fits(chem))
-        chem.equilibriumIndex = std::make_shared<const EquilibriumIndex>(chem);
-    return *chem.equilibriumIndex;
+const EquilibriumIndex& IndexOf(Database& db) {
+    if (!db.equilibriumIndex || !db.equilibriumIndex->Fits(db))
+        db.equilibriumIndex = std::make_shared<const EquilibriumIndex>(db);
+    return *db.equilibriumIndex;
 }
 
-std::vector<EquilibriumTerm> TermsOf(const ChemicalSystem& chem, int32_t equilibrium) {
-    if (chem.equilibriumIndex && chem.equilibriumIndex->Fits(chem)) {
-        const auto terms = chem.equilibriumIndex->Terms(equilibrium);
+const EquilibriumIndex& FittingIndex(const Database& db, std::optional<EquilibriumIndex>& temporary) {
+    if (db.equilibriumIndex && db.equilibriumIndex->Fits(db)) return *db.equilibriumIndex;
+    return temporary.emplace(db);
+}
+
+std::vector<EquilibriumTerm> TermsOf(const Database& db, int32_t equilibrium) {
+    if (db.equilibriumIndex && db.equilibriumIndex->Fits(db)) {
+        const auto terms = db.equilibriumIndex->Terms(equilibrium);
         return {terms.begin(), terms.end()};
     }
     std::vector<EquilibriumTerm> terms;
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k)
-        if (const int32_t nu = chem.Coefficient(k, equilibrium); nu != 0) terms.push_back({k, nu});
+    for (int32_t k = 0; k < db.ComponentCount(); ++k)
+        if (const int32_t nu = db.Coefficient(k, equilibrium); nu != 0) terms.push_back({k, nu});
     return terms;
 }
 
 std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, int32_t type) {
+    const Database& db = chem.db();
     std::vector<int32_t> found;
-    const TypeRange range = chem.equilibriumRange[type];
+    const TypeRange range = db.equilibriumRange[type];
     if (range.empty()) return found;
     std::optional<EquilibriumIndex> temporary;
-    if (!chem.equilibriumIndex || !chem.equilibriumIndex->Fits(chem)) temporary.emplace(chem);
-    const EquilibriumIndex& index = temporary ? *temporary : *chem.equilibriumIndex;
+    const EquilibriumIndex& index = FittingIndex(db, temporary);
     auto consider = [&](int32_t e) {
-        if (e < range.first || e > range.last || chem.equilibria[e].type != type) return;
+        if (e < range.first || e > range.last || db.equilibria[e].type != type) return;
         for (const EquilibriumTerm& t : index.Terms(e))
-            if (!chem.components[t.component].inInput) return;
+            if (!chem.placement[t.component].inInput) return;
         found.push_back(e);
     };
     for (int32_t e : index.WithoutComponents()) consider(e);
-    for (int32_t c = 0; c < chem.ComponentCount(); ++c)
-        if (chem.components[c].inInput)
+    for (int32_t c = 0; c < db.ComponentCount(); ++c)
+        if (chem.placement[c].inInput)
             for (int32_t e : index.FiledUnder(c)) consider(e);
     std::sort(found.begin(), found.end());
     return found;

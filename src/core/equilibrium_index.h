@@ -10,12 +10,14 @@
 // system and several threads share one index.
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
 namespace tormel {
 
 struct ChemicalSystem;
+struct Database;
 
 struct EquilibriumTerm {
     int32_t component = 0;
@@ -24,7 +26,7 @@ struct EquilibriumTerm {
 
 class EquilibriumIndex {
 public:
-    explicit EquilibriumIndex(const ChemicalSystem& chem);
+    explicit EquilibriumIndex(const Database& db);
 
     // The components with a non-zero coefficient in `equilibrium`, in
     // ascending component order.
@@ -35,7 +37,7 @@ public:
     std::span<const int32_t> WithoutComponents() const { return withoutComponents_; }
 
     // Whether the index was built from a database of this shape.
-    bool Fits(const ChemicalSystem& chem) const;
+    bool Fits(const Database& db) const;
 
 private:
     int32_t componentCount_ = 0;
@@ -47,17 +49,20 @@ private:
     std::vector<int32_t> withoutComponents_;
 };
 
-// The index of `chem`, built (and kept in `chem`) when it has none or one of
+// The index of `db`, built (and kept in `db`) when it has none or one of
 // a database of another shape. The loader builds it once per load.
-const EquilibriumIndex& IndexOf(ChemicalSystem& chem);
+const EquilibriumIndex& IndexOf(Database& db);
+
+// The index kept in `db` when it fits, otherwise one built into `temporary`.
+const EquilibriumIndex& FittingIndex(const Database& db, std::optional<EquilibriumIndex>& temporary);
 
 // The terms of `equilibrium` in ascending component order: from the index of
-// `chem` when it fits, otherwise from the stoichiometry.
-std::vector<EquilibriumTerm> TermsOf(const ChemicalSystem& chem, int32_t equilibrium);
+// `db` when it fits, otherwise from the stoichiometry.
+std::vector<EquilibriumTerm> TermsOf(const Database& db, int32_t equilibrium);
 
 // The equilibria of `type`, within the type's range, whose components all
-// take part in the current calculation (their inInput flag), in ascending
-// order. Without a fitting index in `chem` a temporary one is built.
+// take part in the current calculation (their inInput placement flag), in ascending
+// order. Without a fitting index in the database a temporary one is built.
 std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, int32_t type);
 
 }  // namespace tormel

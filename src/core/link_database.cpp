@@ -7,7 +7,7 @@ namespace tormel {
 
 namespace {
 
-void LinkGases(ChemicalSystem& chem) {
+void LinkGases(Database& chem) {
     const TypeRange range = chem.equilibriumRange[EqGas];
     if (range.empty()) return;
     for (int32_t e = range.first; e <= range.last; ++e) {
@@ -25,7 +25,7 @@ void LinkGases(ChemicalSystem& chem) {
 
 // The component a redox equilibrium turns its linked component into: the
 // first one that is neither H+ nor the electron.
-int32_t RedoxPartner(const ChemicalSystem& chem, int32_t e) {
+int32_t RedoxPartner(const Database& chem, int32_t e) {
     for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
         if (c == chem.hydrogenIndex || c == chem.electronIndex) continue;
         if (chem.Coefficient(c, e) != 0) return c;
@@ -33,7 +33,7 @@ int32_t RedoxPartner(const ChemicalSystem& chem, int32_t e) {
     return 0;
 }
 
-void LinkRedoxGroups(ChemicalSystem& chem) {
+void LinkRedoxGroups(Database& chem) {
     const TypeRange range = chem.equilibriumRange[EqRedox];
     if (range.empty()) return;
     std::vector<int32_t> redox;
@@ -67,7 +67,7 @@ void LinkRedoxGroups(ChemicalSystem& chem) {
 
 }  // namespace
 
-void LinkDatabase(ChemicalSystem& chem) {
+void LinkDatabase(Database& chem) {
     LinkGases(chem);
     LinkRedoxGroups(chem);
     chem.equilibriumIndex = std::make_shared<const EquilibriumIndex>(chem);

@@ -4,7 +4,7 @@
 
 namespace tormel {
 
-std::optional<DatabaseError> ReadLiteratureFile(ChemicalSystem& chem, const std::string& path) {
+std::optional<DatabaseError> ReadLiteratureFile(Database& chem, const std::string& path) {
     chem.literature.clear();
     std::optional<TokenReader> reader;
     int count = 0;
@@ -27,7 +27,7 @@ std::optional<DatabaseError> ReadLiteratureFile(ChemicalSystem& chem, const std:
     return std::nullopt;
 }
 
-std::optional<DatabaseError> ReadModelFile(ChemicalSystem& chem, int32_t modelCode, const std::string& path) {
+std::optional<DatabaseError> ReadModelFile(Database& chem, int32_t modelCode, const std::string& path) {
     OrganicModelParameters& params = chem.Organic(modelCode);
     const int32_t count = OrganicParameterCount(modelCode);
     params.values.assign(static_cast<size_t>(count), {0.0, 0.0});

@@ -4,14 +4,14 @@ namespace tormel {
 
 namespace {
 
-void ClearDatabase(ChemicalSystem& chem) {
-    ChemicalSystem empty;
+void ClearDatabase(Database& chem) {
+    Database empty;
     chem = std::move(empty);
 }
 
 // References into tables are checked once everything is loaded, so that a
 // damaged file gives a message instead of a crash later.
-std::optional<DatabaseError> CheckReferences(const ChemicalSystem& chem, const std::string& dataFolder) {
+std::optional<DatabaseError> CheckReferences(const Database& chem, const std::string& dataFolder) {
     const std::string path = WorkingCopyPath(dataFolder, DbEquilibria);
     for (size_t i = 0; i < chem.equilibria.size(); ++i) {
         const Equilibrium& q = chem.equilibria[i];
@@ -31,7 +31,7 @@ std::optional<DatabaseError> CheckReferences(const ChemicalSystem& chem, const s
 
 }  // namespace
 
-std::optional<DatabaseError> LoadDatabase(ChemicalSystem& chem, const std::string& dataFolder, const UiServices& ui) {
+std::optional<DatabaseError> LoadDatabase(Database& chem, const std::string& dataFolder, const UiServices& ui) {
     ClearDatabase(chem);
     std::optional<DatabaseError> error = ReadComponentFile(chem, WorkingCopyPath(dataFolder, DbComponents));
     if (!error) error = ReadEquilibriumFile(chem, WorkingCopyPath(dataFolder, DbEquilibria));

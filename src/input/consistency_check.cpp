@@ -10,14 +10,20 @@ namespace {
 
 bool IsFreeValue(int32_t inputType) { return inputType == InpTypeFreeConc || inputType == InpTypeFreeAct; }
 
-const Component* ComponentAt(const ChemicalSystem& chem, int32_t index) {
-    if (index < 0 || index >= chem.ComponentCount()) return nullptr;
-    return &chem.components[static_cast<size_t>(index)];
+const Component* ComponentAt(const Database& db, int32_t index) {
+    if (index < 0 || index >= db.ComponentCount()) return nullptr;
+    return &db.components[static_cast<size_t>(index)];
 }
 
-void CheckHydrogen(const ChemicalSystem& chem, const Language& lang, std::string& errors) {
-    const Component* h = ComponentAt(chem, chem.hydrogenIndex);
-    const Component* oh = ComponentAt(chem, chem.hydroxideIndex);
+const ComponentInput* InputAt(const InputProblem& input, const Database& db, int32_t index) {
+    if (!ComponentAt(db, index)) return nullptr;
+    return &input.components[static_cast<size_t>(index)];
+}
+
+void CheckHydrogen(const InputProblem& input, const Database& db, const Language& lang,
+                   std::string& errors) {
+    const ComponentInput* h = InputAt(input, db, db.hydrogenIndex);
+    const ComponentInput* oh = InputAt(input, db, db.hydroxideIndex);
     if (!h) return;
     if (h->inputValue == 0) {
         if (h->inputType == InpTypeFreeConc) errors += LanguageText(lang, "Input", "ConsistencyError1") + "\n";
@@ -29,18 +35,19 @@ void CheckHydrogen(const ChemicalSystem& chem, const Language& lang, std::string
 
 // Marks the ligands whose free concentration a gas with a given partial
 // pressure fixes, and warns about those that carry a value of their own.
-std::vector<bool> CheckGasFixedLigands(const ChemicalSystem& chem, const Language& lang, std::string& warnings) {
-    std::vector<bool> fixedByGas(chem.components.size(), false);
-    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
-        const Equilibrium& eq = chem.equilibria[static_cast<size_t>(e)];
+std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const Database& db, const Language& lang,
+                                       std::string& warnings) {
+    std::vector<bool> fixedByGas(db.components.size(), false);
+    for (int32_t e = 0; e < db.EquilibriumCount(); ++e) {
+        const Equilibrium& eq = db.equilibria[static_cast<size_t>(e)];
         if (eq.type != EqGas) continue;
-        const Component* gas = ComponentAt(chem, eq.linkedComponent);
-        if (!gas || !(gas->inputValue > 0)) continue;
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-            const Component& ligand = chem.components[static_cast<size_t>(k)];
-            if (chem.Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
+        const Component* gas = ComponentAt(db, eq.linkedComponent);
+        if (!gas || !(input.components[static_cast<size_t>(eq.linkedComponent)].inputValue > 0)) continue;
+        for (int32_t k = 0; k < db.ComponentCount(); ++k) {
+            const Component& ligand = db.components[static_cast<size_t>(k)];
+            if (db.Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
             fixedByGas[static_cast<size_t>(k)] = true;
-            if (ligand.inputValue == 0) continue;
+            if (input.components[static_cast<size_t>(k)].inputValue == 0) continue;
             warnings += LanguageText(lang, "Input", "ConsistencyError4") + " " + gas->name + "\n" +
                         LanguageText(lang, "Input", "ConsistencyError5") + " " + ligand.name + ".\n" +
                         LanguageText(lang, "Input", "ConsistencyError6") + " " + ligand.name + ".\n";
@@ -49,11 +56,12 @@ std::vector<bool> CheckGasFixedLigands(const ChemicalSystem& chem, const Languag
     return fixedByGas;
 }
 
-void CheckRedoxSolids(const InputProblem& input, const ChemicalSystem& chem, const Language& lang,
+void CheckRedoxSolids(const InputProblem& input, const Database& db, const Language& lang,
                       std::string& warnings) {
     if (input.redox) return;
-    for (const Component& c : chem.components) {
-        if (c.type != RedSol || !(c.inputValue > 0)) continue;
+    for (size_t k = 0; k < db.components.size(); ++k) {
+        const Component& c = db.components[k];
+        if (c.type != RedSol || !(input.components[k].inputValue > 0)) continue;
         warnings += LanguageText(lang, "Input", "ConsistencyError7") + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError8") + " " + c.name + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError9") + "\n";
@@ -70,12 +78,12 @@ void CheckOrganicMatter(const InputProblem& input, const Language& lang, std::st
 }
 
 // One text per redox group in which two or more members are given.
-void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, const std::vector<bool>& fixedByGas,
+void CheckRedoxGroups(const InputProblem& input, const Database& db, const std::vector<bool>& fixedByGas,
                       const Language& lang, std::string& errors, std::string& warnings) {
     if (!input.redox) return;
-    const int32_t count = chem.ComponentCount();
+    const int32_t count = db.ComponentCount();
     for (int32_t c = 0; c < count; ++c) {
-        const Component& first = chem.components[static_cast<size_t>(c)];
+        const Component& first = db.components[static_cast<size_t>(c)];
         if (first.redoxNext == 0 || first.redoxPrev != 0) continue;
         std::string members, gasText, valueText;
         int totals = 0, freeValues = 0;
@@ -83,7 +91,7 @@ void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, con
         // The links run in ascending index order; the step bound guards
         // against a damaged chain.
         for (int32_t m = c, steps = 0; steps < count; ++steps) {
-            const Component& member = chem.components[static_cast<size_t>(m)];
+            const Component& member = db.components[static_cast<size_t>(m)];
             const bool hasNext = member.redoxNext != 0;
             members += member.name;
             if (hasNext) members += " / ";
@@ -91,14 +99,15 @@ void CheckRedoxGroups(const InputProblem& input, const ChemicalSystem& chem, con
                 ++freeValues;
                 gasText += "- " + member.name + " " + LanguageText(lang, "Input", "ConsistencyError13") + "\n";
                 gasFixed = true;
-            } else if (member.inputValue != 0) {
-                if (member.inputType == InpTypeTotalConc) {
+            } else if (const ComponentInput& given = input.components[static_cast<size_t>(m)];
+                       given.inputValue != 0) {
+                if (given.inputType == InpTypeTotalConc) {
                     ++totals;
                     valueText += LanguageText(lang, "Input", "ConsistencyError17");
-                } else if (member.inputType == InpTypeFreeConc) {
+                } else if (given.inputType == InpTypeFreeConc) {
                     ++freeValues;
                     valueText += LanguageText(lang, "Input", "ConsistencyError15");
-                } else if (member.inputType == InpTypeFreeAct) {
+                } else if (given.inputType == InpTypeFreeAct) {
                     ++freeValues;
                     valueText += LanguageText(lang, "Input", "ConsistencyError16");
                 }
@@ -134,13 +143,13 @@ void CheckNeutralisation(const InputProblem& input, const Language& lang, std::s
 
 }  // namespace
 
-ConsistencyResult CheckConsistency(const InputProblem& input, const ChemicalSystem& chem, const Language& language) {
+ConsistencyResult CheckConsistency(const InputProblem& input, const Database& db, const Language& language) {
     ConsistencyResult result;
-    CheckHydrogen(chem, language, result.errors);
-    std::vector<bool> fixedByGas = CheckGasFixedLigands(chem, language, result.warnings);
-    CheckRedoxSolids(input, chem, language, result.warnings);
+    CheckHydrogen(input, db, language, result.errors);
+    std::vector<bool> fixedByGas = CheckGasFixedLigands(input, db, language, result.warnings);
+    CheckRedoxSolids(input, db, language, result.warnings);
     CheckOrganicMatter(input, language, result.errors);
-    CheckRedoxGroups(input, chem, fixedByGas, language, result.errors, result.warnings);
+    CheckRedoxGroups(input, db, fixedByGas, language, result.errors, result.warnings);
     CheckIonicStrengthModel(input, language, result.errors);
     CheckTemperature(input, language, result.errors, result.warnings);
     CheckNeutralisation(input, language, result.errors);

@@ -3,7 +3,7 @@
 // they never block editing, saving or calculating.
 #include <string>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "input/input_problem.h"
 
 namespace tormel {
@@ -22,6 +22,6 @@ struct ConsistencyResult {
 // with fixed ionic strength, temperature, neutralisation), composing each
 // finding from texts of section "Input" ("ConsistencyError1" ... "22").
 // Reads the problem and the database and changes nothing.
-ConsistencyResult CheckConsistency(const InputProblem& input, const ChemicalSystem& chem, const Language& language);
+ConsistencyResult CheckConsistency(const InputProblem& input, const Database& db, const Language& language);
 
 }  // namespace tormel

@@ -58,9 +58,9 @@ bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(
 
 // Component index by name, compared without regard to letter case, lowest
 // index first; -1 when there is none.
-int32_t FindComponentIgnoreCase(const ChemicalSystem& chem, std::string_view name) {
-    for (int32_t i = 0; i < chem.ComponentCount(); ++i)
-        if (EqualsIgnoreCase(chem.components[static_cast<size_t>(i)].name, name)) return i;
+int32_t FindComponentIgnoreCase(const Database& db, std::string_view name) {
+    for (int32_t i = 0; i < db.ComponentCount(); ++i)
+        if (EqualsIgnoreCase(db.components[static_cast<size_t>(i)].name, name)) return i;
     return -1;
 }
 
@@ -169,7 +169,7 @@ KeywordResult ApplyKeyword(std::string_view key, std::string_view value, const s
 // "value [type text]": the number must end at a blank or at the end; an
 // unknown type text leaves the type at its program default. False when the
 // number cannot be read.
-bool ApplyComponentLine(Component& component, std::string_view value) {
+bool ApplyComponentLine(ComponentInput& component, std::string_view value) {
     size_t used = 0;
     LeadingReal(value, &used);
     std::optional<double> number = CompleteReal(value.substr(0, used));
@@ -183,14 +183,14 @@ bool ApplyComponentLine(Component& component, std::string_view value) {
 // The component that may be chosen to neutralise: a cation for the cation
 // line, a ligand for the anion line, or component 0, which stands for none
 // chosen (the writer writes its name then).
-bool NeutralisesAs(const ChemicalSystem& chem, int32_t index, bool cation) {
-    return index == 0 || chem.components[static_cast<size_t>(index)].type == (cation ? Cation : Ligand);
+bool NeutralisesAs(const Database& db, int32_t index, bool cation) {
+    return index == 0 || db.components[static_cast<size_t>(index)].type == (cation ? Cation : Ligand);
 }
 
 }  // namespace
 
 std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
-                                            InputProblem& input, ChemicalSystem& chem) {
+                                            InputProblem& input, const Database& db) {
     TokenReader reader{std::u16string(text)};
     if (EqualsIgnoreCase(extension, ".i64")) {
         if (auto error = CheckI64Header(reader)) return error;
@@ -200,10 +200,10 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         return Error("ErrorOpen5", 0);
     }
 
-    SetProgramDefaults(input, chem);
+    SetProgramDefaults(input, db);
 
     // where each component was given, to refuse a second line for it
-    std::vector<int> givenAt(static_cast<size_t>(chem.ComponentCount()), 0);
+    std::vector<int> givenAt(static_cast<size_t>(db.ComponentCount()), 0);
     std::vector<std::string> givenLine(givenAt.size());
 
     std::u16string line;
@@ -229,15 +229,15 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 
         const bool cationLine = EqualsIgnoreCase(key, "cation to neutralise");
         if (cationLine || EqualsIgnoreCase(key, "anion to neutralise")) {
-            int32_t index = FindComponentIgnoreCase(chem, value);
+            int32_t index = FindComponentIgnoreCase(db, value);
             if (index < 0) return refused("ErrorOpen3");
-            if (!NeutralisesAs(chem, index, cationLine))
+            if (!NeutralisesAs(db, index, cationLine))
                 return refused("ErrorNeutraliseKind");
             (cationLine ? input.neutraliseCation : input.neutraliseAnion) = index;
             continue;
         }
 
-        int32_t component = FindComponentIgnoreCase(chem, key);
+        int32_t component = FindComponentIgnoreCase(db, key);
         if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, Utf16ToUtf8(whole));
         const auto slot = static_cast<size_t>(component);
         if (givenAt[slot] > 0) {
@@ -246,14 +246,14 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
             duplicate.earlierLine = givenLine[slot];
             return duplicate;
         }
-        if (!ApplyComponentLine(chem.components[slot], value)) return refused("ErrorNumber");
+        if (!ApplyComponentLine(input.components[slot], value)) return refused("ErrorNumber");
         givenAt[slot] = lineNumber;
         givenLine[slot] = Utf16ToUtf8(WithoutLineFeed(whole));
     }
     return std::nullopt;
 }
 
-std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem) {
+std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, const Database& db) {
     std::error_code ec;
     if (!std::filesystem::exists(path, ec)) {
         InputFileError e = Error("ErrorFileMissing", 0);
@@ -268,7 +268,7 @@ std::optional<InputFileError> LoadInputFile(const std::string& path, InputProble
         e.detail = fileError.message;
         return e;
     }
-    if (auto error = ReadInputText(*text, FileExtension(path), input, chem)) {
+    if (auto error = ReadInputText(*text, FileExtension(path), input, db)) {
         error->path = path;
         return error;
     }
@@ -277,9 +277,9 @@ std::optional<InputFileError> LoadInputFile(const std::string& path, InputProble
     return std::nullopt;
 }
 
-bool ReadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem, const UiServices& ui,
+bool ReadInputFile(const std::string& path, InputProblem& input, const Database& db, const UiServices& ui,
                    const Language& language) {
-    auto error = LoadInputFile(path, input, chem);
+    auto error = LoadInputFile(path, input, db);
     if (!error) return true;
     ShowMessage(ui, language, InputFileErrorText(language, *error), "", IconWarning);
     return false;

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "core/ui_services.h"
 #include "input/input_file_error.h"
 #include "input/input_problem.h"
@@ -30,16 +30,16 @@ constexpr size_t kInputLineLimit = sizeof("Description: ") - 1 + kDescriptionLim
 // a last line without line end is read.
 // Does not touch currentInputFile or modified.
 std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
-                                            InputProblem& input, ChemicalSystem& chem);
+                                            InputProblem& input, const Database& db);
 
 // Reads the file at `path`; on success modified = false and
 // currentInputFile = path. A missing file gives "ErrorFileMissing", a file
 // that cannot be read "ErrorFileUnreadable" with the system's reason as detail.
-std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem);
+std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, const Database& db);
 
 // LoadInputFile, and on failure the warning message of the error (empty
 // caption). Returns true when the file was read.
-bool ReadInputFile(const std::string& path, InputProblem& input, ChemicalSystem& chem, const UiServices& ui,
+bool ReadInputFile(const std::string& path, InputProblem& input, const Database& db, const UiServices& ui,
                    const Language& language);
 
 }  // namespace tormel

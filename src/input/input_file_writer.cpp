@@ -19,21 +19,21 @@ std::string SingleLine(std::string text) {
     return text;
 }
 
-std::string ComponentName(const ChemicalSystem& chem, int32_t index) {
-    if (index < 0 || index >= chem.ComponentCount()) index = 0;
-    return chem.components.empty() ? std::string() : chem.components[static_cast<size_t>(index)].name;
+std::string ComponentName(const Database& db, int32_t index) {
+    if (index < 0 || index >= db.ComponentCount()) index = 0;
+    return db.components.empty() ? std::string() : db.components[static_cast<size_t>(index)].name;
 }
 
-void AppendComponentLine(std::string& out, const Component& c, int32_t inputType) {
+void AppendComponentLine(std::string& out, const Component& c, double inputValue, int32_t inputType) {
     out += c.name;
-    out += FormatC(": %.16G ", c.inputValue);
+    out += FormatC(": %.16G ", inputValue);
     out += InputTypeFileText(inputType);
     out += '\n';
 }
 
 }  // namespace
 
-std::string FormatInputFile(const InputProblem& input, const ChemicalSystem& chem) {
+std::string FormatInputFile(const InputProblem& input, const Database& db) {
     std::string out;
     out += "TORMEL NEXT (64 bits) input file\n";
     out += "Format version: 1\n";
@@ -60,8 +60,8 @@ std::string FormatInputFile(const InputProblem& input, const ChemicalSystem& che
 
     out += std::string("Force neutral solution: ") + (input.forceNeutral ? "yes" : "no") + "\n";
     if (input.forceNeutral) {
-        out += "Cation to neutralise: " + ComponentName(chem, input.neutraliseCation) + "\n";
-        out += "Anion to neutralise: " + ComponentName(chem, input.neutraliseAnion) + "\n";
+        out += "Cation to neutralise: " + ComponentName(db, input.neutraliseCation) + "\n";
+        out += "Anion to neutralise: " + ComponentName(db, input.neutraliseAnion) + "\n";
     }
     out += std::string("Precipitation equilibria: ") + IncludedText(input.precipitation) + "\n";
     out += std::string("Redox equilibria: ") + IncludedText(input.redox) + "\n";
@@ -73,12 +73,13 @@ std::string FormatInputFile(const InputProblem& input, const ChemicalSystem& che
         out += FormatC("Fraction of fulvic acids: %.16G\n", input.fulvicFraction);
     }
 
-    for (int32_t i = 0; i < chem.ComponentCount(); ++i) {
-        const Component& c = chem.components[static_cast<size_t>(i)];
+    for (int32_t i = 0; i < db.ComponentCount(); ++i) {
+        const Component& c = db.components[static_cast<size_t>(i)];
+        const ComponentInput& given = input.components[static_cast<size_t>(i)];
         if (c.type == Electron) {
-            if (input.redox) AppendComponentLine(out, c, InpTypeFreeAct);
-        } else if (i == chem.hydrogenIndex || c.inputValue != 0) {
-            AppendComponentLine(out, c, c.inputType);
+            if (input.redox) AppendComponentLine(out, c, given.inputValue, InpTypeFreeAct);
+        } else if (i == db.hydrogenIndex || given.inputValue != 0) {
+            AppendComponentLine(out, c, given.inputValue, given.inputType);
         }
     }
     return out;
@@ -90,13 +91,13 @@ std::string InputFileWritePath(const std::string& path) {
     return path.substr(0, path.size() - ext.size()) + ".i64";
 }
 
-bool WriteInputFile(const std::string& path, InputProblem& input, const ChemicalSystem& chem, const UiServices& ui,
+bool WriteInputFile(const std::string& path, InputProblem& input, const Database& db, const UiServices& ui,
                     const Language& language, FileError* error) {
     std::string target = InputFileWritePath(path);
     if (target != path) ShowMessage(ui, language, "\n" + LanguageText(language, "Input", "SaveOldAsNew"), "", IconWarning);
 
     FileError failure;
-    if (!WriteUtf16File(target, std::string_view(FormatInputFile(input, chem)), &failure)) {
+    if (!WriteUtf16File(target, std::string_view(FormatInputFile(input, db)), &failure)) {
         ShowMessage(ui, language,
                     LanguageText(language, "Input", "ErrorSave") + "\n" + target + "\n(" + failure.message + ")", "",
                     IconError);

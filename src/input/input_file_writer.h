@@ -2,7 +2,7 @@
 // Writes the input problem as an input file (".i64", "Format version: 1").
 #include <string>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "core/text_file.h"
 #include "core/ui_services.h"
 #include "input/input_problem.h"
@@ -17,7 +17,7 @@ class Language;
 // (always as free activity), H+ always, every other component when its input
 // value is not 0. A line break inside the description is written as a blank so
 // that the file keeps its line structure.
-std::string FormatInputFile(const InputProblem& input, const ChemicalSystem& chem);
+std::string FormatInputFile(const InputProblem& input, const Database& db);
 
 // The name actually written for `path`: a name ending in ".inp" (any letter
 // case) gets the extension ".i64"; any other name is kept.
@@ -29,7 +29,7 @@ std::string InputFileWritePath(const std::string& path);
 // On success modified = false and currentInputFile = `path` as passed. A
 // failure is shown as an error message (Input/"ErrorSave", the file and the
 // system's reason) and leaves the problem's state unchanged; returns false.
-bool WriteInputFile(const std::string& path, InputProblem& input, const ChemicalSystem& chem, const UiServices& ui,
+bool WriteInputFile(const std::string& path, InputProblem& input, const Database& db, const UiServices& ui,
                     const Language& language, FileError* error = nullptr);
 
 }  // namespace tormel

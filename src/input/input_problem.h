@@ -1,10 +1,10 @@
 #pragma once
-// The current input problem: global options of the calculation. The per
-// component input (value and type) lives in the component records of the
-// chemical system.
+// The current input problem: global options of the calculation and the
+// input value and type of every database component.
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "core/chemical_types.h"
 
@@ -16,6 +16,12 @@ constexpr int32_t kMsaModel = 2;
 
 // Longest description, in UTF-16 characters, that a problem keeps.
 constexpr size_t kDescriptionLimit = 259;
+
+// What the user gives for one database component.
+struct ComponentInput {
+    double inputValue = 0;
+    int32_t inputType = InpTypeNotSpecified;
+};
 
 struct InputProblem {
     std::string description;
@@ -35,6 +41,9 @@ struct InputProblem {
     int32_t organicModel = Model7;
     double docConcentration = 0;  // mg/L of carbon
     double fulvicFraction = 0.5;
+    // One per database component, in component index order; sized by
+    // SetProgramDefaults.
+    std::vector<ComponentInput> components;
 
     std::string currentInputFile;
     bool modified = false;

@@ -2,7 +2,7 @@
 
 namespace tormel {
 
-void SetProgramDefaults(InputProblem& input, ChemicalSystem& chem) {
+void SetProgramDefaults(InputProblem& input, const Database& db) {
     const InputProblem defaults;
     input.description = defaults.description;
     input.ionicStrengthFixed = defaults.ionicStrengthFixed;
@@ -19,24 +19,27 @@ void SetProgramDefaults(InputProblem& input, ChemicalSystem& chem) {
     input.docConcentration = defaults.docConcentration;
     input.fulvicFraction = defaults.fulvicFraction;
 
-    for (Component& c : chem.components) {
+    input.components.assign(db.components.size(), ComponentInput{});
+    for (size_t k = 0; k < db.components.size(); ++k) {
+        const Component& c = db.components[k];
+        ComponentInput& given = input.components[k];
         if (c.type == Electron) {
-            c.inputValue = 1.0;
-            c.inputType = InpTypeFreeAct;
+            given.inputValue = 1.0;
+            given.inputType = InpTypeFreeAct;
         } else if (c.type == Gas) {
-            c.inputValue = 0;
-            c.inputType = InpTypeGasPres;
+            given.inputValue = 0;
+            given.inputType = InpTypeGasPres;
         } else if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0) {
             if (c.type == Cation) {
-                c.inputValue = 1e-7;
-                c.inputType = InpTypeFreeAct;
+                given.inputValue = 1e-7;
+                given.inputType = InpTypeFreeAct;
             } else {
-                c.inputValue = 0;
-                c.inputType = InpTypeNotSpecified;
+                given.inputValue = 0;
+                given.inputType = InpTypeNotSpecified;
             }
         } else {
-            c.inputValue = 0;
-            c.inputType = InpTypeTotalConc;
+            given.inputValue = 0;
+            given.inputType = InpTypeTotalConc;
         }
     }
 }

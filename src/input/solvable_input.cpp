@@ -31,7 +31,7 @@ private:
 
 }  // namespace
 
-std::string UnsolvableInputText(const InputProblem& input, const ChemicalSystem& chem, const Language& language) {
+std::string UnsolvableInputText(const InputProblem& input, const Database& db, const Language& language) {
     Refusals refusals(language);
     // a criterion below 1 is read as its reciprocal; what is left must be a
     // finite ratio above 1
@@ -45,7 +45,8 @@ std::string UnsolvableInputText(const InputProblem& input, const ChemicalSystem&
         refusals.Value("Concentration (mg/L C)", input.docConcentration);
         refusals.Value("Fraction of fulvic acids", input.fulvicFraction);
     }
-    for (const Component& component : chem.components) refusals.Value(component.name, component.inputValue);
+    for (size_t k = 0; k < db.components.size(); ++k)
+        refusals.Value(db.components[k].name, input.components[k].inputValue);
     return refusals.Text();
 }
 

@@ -5,7 +5,7 @@
 // into its iteration bound with a misleading worst component.
 #include <string>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "input/input_problem.h"
 
 namespace tormel {
@@ -17,6 +17,6 @@ class Language;
 // ("UnsolvableNegative", "UnsolvableNotFinite", "UnsolvableCriterion") and
 // the field's name as the input file writes it (a component's name for its
 // value).
-std::string UnsolvableInputText(const InputProblem& input, const ChemicalSystem& chem, const Language& language);
+std::string UnsolvableInputText(const InputProblem& input, const Database& db, const Language& language);
 
 }  // namespace tormel

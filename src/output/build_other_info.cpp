@@ -4,7 +4,7 @@
 
 namespace tormel {
 
-void BuildOtherInfo(ResultStore& store, int32_t set, const ResultContext& context, const ChemicalSystem* database) {
+void BuildOtherInfo(ResultStore& store, int32_t set, const ResultContext& context, const Database* database) {
     if (set < 0 || set >= store.SetCount()) return;
     ResultSet& target = store.sets[set];
     const OtherInfoSource source{

@@ -14,6 +14,6 @@ namespace tormel {
 // output file was read and after the output options changed. `database`, when
 // given, names the neutralisation cation and anion of the input echo.
 void BuildOtherInfo(ResultStore& store, int32_t set, const ResultContext& context,
-                    const ChemicalSystem* database = nullptr);
+                    const Database* database = nullptr);
 
 }  // namespace tormel

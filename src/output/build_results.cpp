@@ -36,11 +36,12 @@ const CompositionTerm& Term(const ChemicalSystem& chem, int32_t s, int32_t e) {
 // redoxNext links from database component `start`.
 std::string RedoxGroupName(const ChemicalSystem& chem, const std::string& name, int32_t start) {
     std::string group = name;
-    if (start < 0 || start >= chem.ComponentCount()) return group;
-    int32_t member = chem.components[start].redoxNext;
-    for (int32_t steps = 0; member > 0 && member < chem.ComponentCount() && steps < chem.ComponentCount(); ++steps) {
-        group += " / " + chem.components[member].name;
-        member = chem.components[member].redoxNext;
+    if (start < 0 || start >= chem.db().ComponentCount()) return group;
+    int32_t member = chem.db().components[start].redoxNext;
+    for (int32_t steps = 0; member > 0 && member < chem.db().ComponentCount() && steps < chem.db().ComponentCount();
+         ++steps) {
+        group += " / " + chem.db().components[member].name;
+        member = chem.db().components[member].redoxNext;
     }
     return group;
 }
@@ -56,8 +57,8 @@ void FillGasNames(const CalcContext& calc, int32_t c, ComponentResult& result) {
         for (int32_t e = 0; e < sp.componentTerms && !holds; ++e) holds = Term(chem, s, e).systemComponent == c;
         if (!holds) continue;
         const int32_t k = -sp.source;
-        if (k < 0 || k >= chem.ComponentCount()) return;
-        const Component& ligand = chem.components[k];
+        if (k < 0 || k >= chem.db().ComponentCount()) return;
+        const Component& ligand = chem.db().components[k];
         result.gasText = chem.systemComponents[c].name + " / " + ligand.name + ChargeSuffix(ligand.charge);
         const bool grouped = calc.input.redox && (ligand.redoxNext != 0 || ligand.redoxPrev != 0);
         result.displayName = grouped ? RedoxGroupName(chem, ligand.name, k) : ligand.name;
@@ -134,7 +135,7 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
 // One definition per reaction row; the species that own the rows, in
 // species order, give them their constant, reference and note.
 void AddReactionDefinitions(const ChemicalSystem& chem, SetRecords& records) {
-    const int32_t width = chem.maxComponentsPerEquilibrium;
+    const int32_t width = chem.db().maxComponentsPerEquilibrium;
     for (int32_t r = 0; r < chem.reactionRowCount; ++r) {
         ReactionDefinition definition;
         for (int32_t j = 0; j < width && j < kMaxReactionEntries; ++j) {
@@ -234,7 +235,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
             header.firstOrganicSpecies = s;
             const int32_t model = calc.input.organicModel;
             if (model >= Model5 && model <= Model7)
-                header.organicReference = LiteratureText(chem, chem.Organic(model).literatureRef);
+                header.organicReference = LiteratureText(chem, chem.db().Organic(model).literatureRef);
         }
     }
 
@@ -265,7 +266,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     StoreSetRecords(store, 0, std::move(records));
 
     LoadOutputOptions(context.options, context.settings);
-    BuildOtherInfo(store, 0, context, &calc.chem);
+    BuildOtherInfo(store, 0, context, &calc.db);
 }
 
 }  // namespace tormel

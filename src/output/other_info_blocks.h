@@ -34,7 +34,7 @@ struct OtherInfoSource {
     const DecimalSeparator& separator;
     // The database the set was calculated with, for the names of the
     // neutralisation cation and anion; null when it is not at hand.
-    const ChemicalSystem* database = nullptr;
+    const Database* database = nullptr;
 
     const InputProblem& Input() const { return set.snapshot.input; }
     // The text of `key` of section "OtherInfo".

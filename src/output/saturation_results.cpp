@@ -29,7 +29,7 @@ double ConditionalLogK(const CalcContext& calc, const Equilibrium& eq) {
 // system component, or the concentration of the species that stands for it.
 // `firstSystemIndex` is the smallest system index taken as a system component.
 double FreeValue(const ChemicalSystem& chem, int32_t k, int32_t firstSystemIndex) {
-    const int32_t index = chem.components[k].systemIndex;
+    const int32_t index = chem.placement[k].systemIndex;
     if (index >= firstSystemIndex) {
         if (static_cast<size_t>(index) < chem.systemComponents.size()) return chem.systemComponents[index].freeConcentration;
         return 0;
@@ -42,7 +42,7 @@ double FreeValue(const ChemicalSystem& chem, int32_t k, int32_t firstSystemIndex
 // order, at most `limit` of them.
 std::vector<int32_t> EquilibriumComponents(const ChemicalSystem& chem, int32_t e, int32_t limit) {
     std::vector<int32_t> components;
-    for (const EquilibriumTerm& term : TermsOf(chem, e)) {
+    for (const EquilibriumTerm& term : TermsOf(chem.db(), e)) {
         if (static_cast<int32_t>(components.size()) >= limit) break;
         components.push_back(term.component);
     }
@@ -53,12 +53,12 @@ std::vector<int32_t> EquilibriumComponents(const ChemicalSystem& chem, int32_t e
 // the equilibrium's own species with `coefficient` as its product.
 ReactionDefinition DefinitionOf(const ChemicalSystem& chem, int32_t e, const std::vector<int32_t>& components,
                                 int32_t coefficient) {
-    const Equilibrium& eq = chem.equilibria[e];
+    const Equilibrium& eq = chem.db().equilibria[e];
     ReactionDefinition definition;
     for (size_t n = 0; n < components.size() && n < kMaxReactionEntries; ++n) {
-        const Component& comp = chem.components[components[n]];
-        definition.reactants[n] =
-            ReactionEntry{chem.Coefficient(components[n], e), comp.name, comp.charge, comp.charge == 0 ? "(aq)" : ""};
+        const Component& comp = chem.db().components[components[n]];
+        definition.reactants[n] = ReactionEntry{chem.db().Coefficient(components[n], e), comp.name, comp.charge,
+                                                comp.charge == 0 ? "(aq)" : ""};
     }
     definition.products[0] = ReactionEntry{coefficient, eq.name, 0, ""};
     definition.logK = eq.logK;
@@ -83,19 +83,19 @@ void AddWithDefinition(double logK, double conditionalLogK, ReactionDefinition d
 }  // namespace
 
 std::string LiteratureText(const ChemicalSystem& chem, int32_t reference) {
-    if (reference < 0 || reference >= chem.LiteratureReferenceCount()) return {};
-    return chem.literature[reference];
+    if (reference < 0 || reference >= chem.db().LiteratureReferenceCount()) return {};
+    return chem.db().literature[reference];
 }
 
 void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
     for (const int32_t e : EquilibriaInInput(chem, EqSolid)) {
-        const Equilibrium& eq = chem.equilibria[e];
+        const Equilibrium& eq = chem.db().equilibria[e];
         const std::vector<int32_t> components = EquilibriumComponents(chem, e, eq.componentCount);
         ReactionDefinition definition = DefinitionOf(chem, e, components, 1);
         definition.note = solidNote;
         double product = 1;
-        for (const int32_t k : components) product *= std::pow(FreeValue(chem, k, 0), chem.Coefficient(k, e));
+        for (const int32_t k : components) product *= std::pow(FreeValue(chem, k, 0), chem.db().Coefficient(k, e));
         const double conditional = ConditionalLogK(calc, eq);
 
         SolidSaturation solid;
@@ -107,21 +107,22 @@ void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRe
 
 void AddGasResults(const CalcContext& calc, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
-    const TypeRange range = chem.equilibriumRange[EqGas];
+    const TypeRange range = chem.db().equilibriumRange[EqGas];
     if (range.empty()) return;
-    for (int32_t e = range.first; e <= range.last && e < chem.EquilibriumCount(); ++e) {
-        const Equilibrium& eq = chem.equilibria[e];
-        if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.ComponentCount()) continue;
-        if (chem.components[eq.linkedComponent].inputValue != 0) continue;
+    for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) {
+        const Equilibrium& eq = chem.db().equilibria[e];
+        if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.db().ComponentCount()) continue;
+        if (calc.input.components[eq.linkedComponent].inputValue != 0) continue;
         const double conditional = ConditionalLogK(calc, eq);
-        const std::vector<EquilibriumTerm> terms = TermsOf(chem, e);
+        const std::vector<EquilibriumTerm> terms = TermsOf(chem.db(), e);
         double pressure = std::pow(10.0, conditional);
         for (const auto [j, nu] : terms) pressure *= std::pow(FreeValue(chem, j, 1), nu);
         for (const auto [k, nu] : terms) {
-            const Component& ligand = chem.components[k];
-            if (ligand.type != Ligand || !ligand.inInput) continue;
-            ReactionDefinition definition = DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.ComponentCount()),
-                                                         static_cast<int32_t>(eq.linkedCoefficient));
+            const Component& ligand = chem.db().components[k];
+            if (ligand.type != Ligand || !chem.placement[k].inInput) continue;
+            ReactionDefinition definition =
+                DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.db().ComponentCount()),
+                             static_cast<int32_t>(eq.linkedCoefficient));
 
             GasResult gas;
             gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);

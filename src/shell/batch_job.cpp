@@ -67,13 +67,13 @@ JobOutcome RunJob(Workspace& ws, const std::string& inputPath, const std::string
                   bool waitTextsOnNewLine, const std::function<void(const std::string&)>& reportConsistency) {
     JobOutcome outcome;
     WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputInit");
-    if (std::optional<InputFileError> error = LoadInputFile(inputPath, ws.input, ws.chem)) {
+    if (std::optional<InputFileError> error = LoadInputFile(inputPath, ws.input, ws.chem.db())) {
         outcome.status = JobStatus::ReadFailed;
         outcome.detail = InputFileErrorText(ws.language, *error);
         while (!outcome.detail.empty() && outcome.detail.front() == '\n') outcome.detail.erase(0, 1);
         return outcome;
     }
-    const ConsistencyResult consistency = CheckConsistency(ws.input, ws.chem, ws.language);
+    const ConsistencyResult consistency = CheckConsistency(ws.input, ws.chem.db(), ws.language);
     outcome.consistencyErrors = !consistency.errors.empty();
     outcome.consistencyReport = ConsistencyReportText(ws.language, consistency);
     if (reportConsistency && !outcome.consistencyReport.empty()) reportConsistency(outcome.consistencyReport);

@@ -4,8 +4,8 @@
 // at the end points to the log when anything was written to it.
 //
 // With more than one job at a time, the jobs are calculated on worker
-// threads, each with a workspace of its own (and its own copy of the
-// database layer), but everything the user sees — log entries, messages,
+// threads, each with a workspace of its own (all reading the one loaded
+// database), but everything the user sees — log entries, messages,
 // progress — is reported in the order of the batch file, so the log is the
 // same as with one thread. Every job starts from fresh solver state, so a
 // job's results do not depend on the jobs before it.
@@ -18,8 +18,7 @@
 namespace tormel {
 
 // The most jobs calculated at the same time: one per hardware thread (at
-// least one). More only cost memory, as each worker holds its own copy of
-// the database.
+// least one). More gain nothing: the workers would only take turns.
 int32_t MaxBatchThreads();
 
 struct BatchProgress {

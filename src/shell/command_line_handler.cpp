@@ -29,7 +29,7 @@ CommandLineOutcome End(Workspace& ws, const CommandLineServices& services, int e
 
 // Shows the consistency report; true when it holds no errors.
 bool ShowConsistency(Workspace& ws) {
-    const ConsistencyResult result = CheckConsistency(ws.input, ws.chem, ws.language);
+    const ConsistencyResult result = CheckConsistency(ws.input, ws.chem.db(), ws.language);
     ShowConsistencyResult(ws.Ui(), ws.language, result, std::nullopt);
     return result.errors.empty();
 }
@@ -37,7 +37,7 @@ bool ShowConsistency(Workspace& ws) {
 void LoadDefaultInput(Workspace& ws) {
     const std::string path = UserDefaultsPath(ws.folders.inputFolder);
     if (!FileExists(path)) return;
-    if (!ReadInputFile(path, ws.input, ws.chem, ws.Ui(), ws.language)) return;
+    if (!ReadInputFile(path, ws.input, ws.chem.db(), ws.Ui(), ws.language)) return;
     AddRecentFile(ws.recentFiles.input, path, ws.settings);
     ShowConsistency(ws);
 }
@@ -105,7 +105,7 @@ CommandLineOutcome HandleCommandLine(Workspace& ws, const CommandLine& line, con
 
 bool OpenInputFromCommandLine(Workspace& ws, const std::string& path) {
     const std::string full = CompleteWithFolder(path, ws.folders.inputFolder);
-    const bool read = ReadInputFile(full, ws.input, ws.chem, ws.Ui(), ws.language);
+    const bool read = ReadInputFile(full, ws.input, ws.chem.db(), ws.Ui(), ws.language);
     return ShowConsistency(ws) && read;
 }
 
@@ -114,7 +114,7 @@ bool OpenOutputFromCommandLine(Workspace& ws, const std::string& path, const Com
     if (!ReadOutputForCommandLine(ws, full)) return false;
     LoadOutputOptions(ws.outputOptions, ws.settings);
     RebuildNumberFormats(ws.outputOptions);
-    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
+    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem.db());
     if (services.showOutput) services.showOutput(ws);
     return true;
 }
@@ -163,7 +163,7 @@ CommandLineOutcome PrintOutputFile(Workspace& ws, const CommandLine& line, const
     }
     if (!ReadOutputForCommandLine(ws, path)) return End(ws, services, 0);
     LoadOutputOptions(ws.outputOptions, ws.settings);
-    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem);
+    BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem.db());
     services.printOutput(ws, path);
     return End(ws, services, 0);
 }

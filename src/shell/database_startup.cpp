@@ -18,7 +18,10 @@ DatabaseStartupResult PrepareDatabase(ChemicalSystem& chem, const AppFolders& fo
             return result;
         }
     }
-    result.error = LoadDatabase(chem, folders.dataFolder, ui);
+    Database db;
+    result.error = LoadDatabase(db, folders.dataFolder, ui);
+    // from here on the database is only read, and shared by every calculation
+    chem = ChemicalSystem(std::make_shared<const Database>(std::move(db)));
     if (result.error) {
         // the working copies are the user's: say which one is damaged and where
         ShowMessage(ui, language,

@@ -25,9 +25,10 @@ struct DatabaseStartupResult {
     std::optional<DatabaseError> error;  // for LoadFailed
 };
 
-// Refresh and load. Failures are reported to the user through `ui` (the
-// language's "ProblemDB1"/"ProblemDB2" texts for a failed refresh, the
-// reader's error for a failed load); the caller then shuts down in order.
+// Refresh, and load into a new database that `chem` then reads. Failures are
+// reported to the user through `ui` (the language's "ProblemDB1"/"ProblemDB2"
+// texts for a failed refresh, the reader's error for a failed load); the
+// caller then shuts down in order.
 DatabaseStartupResult PrepareDatabase(ChemicalSystem& chem, const AppFolders& folders, const Language& language,
                                       const UiServices& ui);
 

@@ -19,46 +19,47 @@ const char* EquilibriumTypeName(int32_t type) {
 
 const char* ModelName(int32_t code) { return code == Model5 ? "Model 5" : code == Model6 ? "Model 6" : "Model 7"; }
 
-std::string Reaction(const ChemicalSystem& chem, int32_t e) {
+std::string Reaction(const Database& db, int32_t e) {
     std::string text;
-    for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
-        int32_t v = chem.Coefficient(c, e);
+    for (int32_t c = 0; c < db.ComponentCount(); ++c) {
+        int32_t v = db.Coefficient(c, e);
         if (v == 0) continue;
         if (!text.empty()) text += v > 0 ? " + " : " - ";
         else if (v < 0) text += "-";
         int32_t a = v < 0 ? -v : v;
         if (a != 1) text += std::to_string(a) + " ";
-        text += chem.components[static_cast<size_t>(c)].name;
+        text += db.components[static_cast<size_t>(c)].name;
     }
-    const Equilibrium& q = chem.equilibria[static_cast<size_t>(e)];
+    const Equilibrium& q = db.equilibria[static_cast<size_t>(e)];
     if (q.type == EqRedox || q.type == EqGas)
-        text += " = " + FormatC("%g ", q.linkedCoefficient) + chem.components[static_cast<size_t>(q.linkedComponent)].name;
+        text +=
+            " = " + FormatC("%g ", q.linkedCoefficient) + db.components[static_cast<size_t>(q.linkedComponent)].name;
     return text;
 }
 
 }  // namespace
 
-std::string DatabaseSummary(const ChemicalSystem& chem, const std::string& dataFolder) {
-    std::string out = "Database in " + dataFolder + "\n\nComponents: " + std::to_string(chem.ComponentCount()) + "\n";
+std::string DatabaseSummary(const Database& db, const std::string& dataFolder) {
+    std::string out = "Database in " + dataFolder + "\n\nComponents: " + std::to_string(db.ComponentCount()) + "\n";
     for (int32_t type = Cation; type <= Organic; ++type) {
         int n = 0;
-        for (const Component& c : chem.components) n += c.type == type;
+        for (const Component& c : db.components) n += c.type == type;
         out += FormatC("  %-12s %6d\n", ComponentTypeName(type), n);
     }
-    out += "Equilibria: " + std::to_string(chem.EquilibriumCount()) + "\n";
+    out += "Equilibria: " + std::to_string(db.EquilibriumCount()) + "\n";
     for (int32_t type = EqWater; type <= EqOrganic; ++type) {
         int n = 0;
-        for (const Equilibrium& q : chem.equilibria) n += q.type == type;
+        for (const Equilibrium& q : db.equilibria) n += q.type == type;
         out += FormatC("  %-12s %6d\n", EquilibriumTypeName(type), n);
     }
     for (int32_t model = Model5; model <= Model7; ++model) {
         int n = 0;
-        for (const Equilibrium& q : chem.equilibria) n += q.type == EqOrganic && q.organicModel == model;
+        for (const Equilibrium& q : db.equilibria) n += q.type == EqOrganic && q.organicModel == model;
         out += FormatC("    %s: %d equilibria, %zu parameters per fraction\n", ModelName(model), n,
-                       chem.Organic(model).values.size());
+                       db.Organic(model).values.size());
     }
-    out += "Literature references: " + std::to_string(chem.LiteratureReferenceCount()) + "\n";
-    out += "Most components in one equilibrium: " + std::to_string(chem.maxComponentsPerEquilibrium) + "\n\nFiles:\n";
+    out += "Literature references: " + std::to_string(db.LiteratureReferenceCount()) + "\n";
+    out += "Most components in one equilibrium: " + std::to_string(db.maxComponentsPerEquilibrium) + "\n\nFiles:\n";
     for (int position = 0; position < 6; ++position) {
         std::string path = WorkingCopyPath(dataFolder, position);
         auto header = ReadDatabaseHeader(path);
@@ -73,29 +74,29 @@ std::string DatabaseSummary(const ChemicalSystem& chem, const std::string& dataF
     return out;
 }
 
-std::string ComponentListing(const ChemicalSystem& chem) {
+std::string ComponentListing(const Database& db) {
     std::string out;
-    for (int32_t i = 0; i < chem.ComponentCount(); ++i) {
-        const Component& c = chem.components[static_cast<size_t>(i)];
+    for (int32_t i = 0; i < db.ComponentCount(); ++i) {
+        const Component& c = db.components[static_cast<size_t>(i)];
         out += FormatC("%5d  %-11s %+3d  %s\n", i + 1, ComponentTypeName(c.type), c.charge, c.name.c_str());
     }
     return out;
 }
 
-std::string EquilibriumListing(const ChemicalSystem& chem) {
+std::string EquilibriumListing(const Database& db) {
     std::string out;
-    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
-        const Equilibrium& q = chem.equilibria[static_cast<size_t>(e)];
+    for (int32_t e = 0; e < db.EquilibriumCount(); ++e) {
+        const Equilibrium& q = db.equilibria[static_cast<size_t>(e)];
         out += FormatC("%5d  %-10s %-28s log K %9.3f  %s\n", e + 1, EquilibriumTypeName(q.type), q.name.c_str(), q.logK,
-                       Reaction(chem, e).c_str());
+                       Reaction(db, e).c_str());
     }
     return out;
 }
 
-std::string LiteratureListing(const ChemicalSystem& chem) {
+std::string LiteratureListing(const Database& db) {
     std::string out;
-    for (int32_t i = 0; i < chem.LiteratureReferenceCount(); ++i)
-        out += FormatC("%5d  ", i + 1) + chem.literature[static_cast<size_t>(i)] + "\n";
+    for (int32_t i = 0; i < db.LiteratureReferenceCount(); ++i)
+        out += FormatC("%5d  ", i + 1) + db.literature[static_cast<size_t>(i)] + "\n";
     return out;
 }
 

@@ -25,13 +25,13 @@ void RefreshTitle(const InputSession& s) {
 // Reads a file and reports the checks; the shared part of opening a file and
 // loading the user defaults.
 bool ReadAndCheck(const InputSession& s, const std::string& path) {
-    if (!ReadInputFile(path, s.input, s.chem, s.ui, s.language)) return false;
-    ShowConsistencyResult(s.ui, s.language, CheckConsistency(s.input, s.chem, s.language), path);
+    if (!ReadInputFile(path, s.input, s.db, s.ui, s.language)) return false;
+    ShowConsistencyResult(s.ui, s.language, CheckConsistency(s.input, s.db, s.language), path);
     return true;
 }
 
 bool WriteAndReport(const InputSession& s, const std::string& path) {
-    if (!WriteInputFile(path, s.input, s.chem, s.ui, s.language)) return false;
+    if (!WriteInputFile(path, s.input, s.db, s.ui, s.language)) return false;
     AddRecent(s, s.input.currentInputFile);
     RefreshTitle(s);
     ShowMessage(s.ui, s.language, "\n" + LanguageText(s.language, "Input", "InputSaved"), "", IconInformation);
@@ -41,7 +41,7 @@ bool WriteAndReport(const InputSession& s, const std::string& path) {
 }  // namespace
 
 void ResetToProgramDefaults(const InputSession& session) {
-    SetProgramDefaults(session.input, session.chem);
+    SetProgramDefaults(session.input, session.db);
     session.input.modified = false;
     session.input.currentInputFile.clear();
     RefreshTitle(session);

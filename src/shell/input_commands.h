@@ -19,7 +19,7 @@ class Language;
 // Everything the input commands read or change.
 struct InputSession {
     InputProblem& input;
-    ChemicalSystem& chem;
+    const Database& db;
     const AppFolders& folders;
     const Language& language;
     const UiServices& ui;

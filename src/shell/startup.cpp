@@ -95,7 +95,7 @@ StartupOutcome InitializeApplication(Workspace& ws, const CommandLine& line, con
         // without a database nothing can run; scripts must see it
         case DatabaseStartup::LoadFailed: return EndStartup(ws, hooks, 1);
     }
-    SetProgramDefaults(ws.input, ws.chem);
+    SetProgramDefaults(ws.input, ws.chem.db());
     Call(hooks.buildMainWindow);
 
     LoadRecentFiles(ws.recentFiles, ws.settings);

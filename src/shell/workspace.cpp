@@ -23,7 +23,7 @@ ResultContext MakeResultContext(Workspace& ws) {
 
 CalculationOutcome CalculateInput(Workspace& ws, bool showProgress) {
     // values no solve can start from are refused here, naming the field
-    if (std::string refusal = UnsolvableInputText(ws.input, ws.chem, ws.language); !refusal.empty()) {
+    if (std::string refusal = UnsolvableInputText(ws.input, ws.chem.db(), ws.language); !refusal.empty()) {
         CalculationOutcome refused;
         refused.solve.message = std::move(refusal);
         return refused;
@@ -53,8 +53,7 @@ Workspace CloneForWorker(const Workspace& ws, const UiServices& services) {
     worker.folders = ws.folders;
     worker.settings = ws.settings;
     worker.language = ws.language;
-    worker.chem = ws.chem;
-    worker.chem.ClearAssembled();
+    worker.chem = ChemicalSystem(ws.chem.database);  // the same database, nothing assembled
     worker.outputOptions = ws.outputOptions;
     worker.decimalSeparator = ws.decimalSeparator;
     worker.ui = &services;

@@ -2,7 +2,7 @@
 // Everything one user session works on: folders, settings, language, the
 // chemical system, the current input, the solver's state, the results and how
 // they are shown. One per process in the desktop program; a batch run makes
-// one per worker thread, each with its own copy of the database layer.
+// one per worker thread, all reading the same database.
 #include "calc/run_calculation.h"
 #include "calc/solver_state.h"
 #include "core/chemical_system.h"
@@ -50,8 +50,8 @@ ResultContext MakeResultContext(Workspace& ws);
 CalculationOutcome CalculateInput(Workspace& ws, bool showProgress);
 
 // A workspace for another thread: the same folders, settings, language,
-// output options and decimal separator, a copy of the database layer, and a
-// fresh input, solver state and result store.
+// output options and decimal separator, the same (shared, read-only)
+// database, and a fresh assembled layer, input, solver state and result store.
 Workspace CloneForWorker(const Workspace& ws, const UiServices& services);
 
 }  // namespace tormel

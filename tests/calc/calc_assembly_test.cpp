@@ -28,6 +28,20 @@ TEST(CalcAssembly, ComplexNeedsAllItsComponents) {
     EXPECT_EQ(f.chem.systemComponents.size(), 3u);
 }
 
+// An input problem needs one component input per database component; one
+// made for another database, or never sized, assembles nothing.
+TEST(CalcAssembly, InputsOfAnotherDatabaseAreRefused) {
+    for (int32_t surplus : {-1, 1}) {
+        CalcFixture f;
+        f.Set(kH, InpTypeFreeAct, 1e-7);
+        f.SetTotals({{kCa, 1e-3}, {kCl, 2e-3}});
+        f.input.components.resize(f.input.components.size() + surplus);
+        SCOPED_TRACE(surplus);
+        EXPECT_FALSE(Assemble(f));
+        EXPECT_TRUE(f.chem.systemComponents.empty());
+    }
+}
+
 TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     CalcFixture f;
     f.input.redox = true;
@@ -35,7 +49,7 @@ TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     f.Set(kFe3, InpTypeTotalConc, 2e-4);  // only the oxidised member is given
     f.Set(kElectron, InpTypeFreeAct, 1e-12);
     ASSERT_TRUE(Assemble(f));
-    EXPECT_TRUE(f.chem.components[kFe2].inInput);
+    EXPECT_TRUE(f.chem.placement[kFe2].inInput);
     int32_t groupUnknowns = 0;
     for (const SystemComponent& sc : f.chem.systemComponents)
         if (sc.name == "Fe(II)" || sc.name == "Fe(III)") ++groupUnknowns;
@@ -48,8 +62,8 @@ TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     g.Set(kH, InpTypeFreeAct, 1e-3);
     g.Set(kFe3, InpTypeTotalConc, 2e-4);
     ASSERT_TRUE(Assemble(g));
-    EXPECT_FALSE(g.chem.components[kFe2].inInput);
-    EXPECT_GT(g.chem.components[kFe3].systemIndex, 0);
+    EXPECT_FALSE(g.chem.placement[kFe2].inInput);
+    EXPECT_GT(g.chem.placement[kFe3].systemIndex, 0);
 }
 
 TEST(CalcAssembly, TemperatureCorrectionModes) {
@@ -92,7 +106,7 @@ TEST(CalcAssembly, AdsorbedSpeciesOnlyWithTheAdsorptionOption) {
     }
     // the reaction shown for it: Hfo_wOH + Ca = Hfo_wOCa+ + H
     const int32_t row = f.chem.species[f.SpeciesIndex("Hfo_wOCa+")].reactionRow;
-    const int32_t width = f.chem.maxComponentsPerEquilibrium;
+    const int32_t width = f.chem.db().maxComponentsPerEquilibrium;
     EXPECT_EQ(f.chem.reactionProducts[Position(0, row, width)].name, "H");
     EXPECT_EQ(f.chem.reactionProducts[Position(1, row, width)].name, "Hfo_wOCa+");
     EXPECT_EQ(f.chem.reactionReactants[Position(0, row, width)].name, "Ca");

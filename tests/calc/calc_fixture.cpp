@@ -5,7 +5,7 @@
 namespace tormel::test {
 
 CalcFixture::CalcFixture() {
-    ClearInputs(chem);
+    ClearInputs(input, chem);
     Set(kElectron, InpTypeFreeAct, 1.0);
     input.ionicStrengthModel = 1;  // Davies
     input.convergenceCriterion = 1.000001;

@@ -13,15 +13,14 @@
 namespace tormel::test {
 
 struct CalcFixture {
-    ChemicalSystem chem = BuildSyntheticDatabase();
+    ChemicalSystem chem{BuildSyntheticDatabase()};
     InputProblem input;
     SolverState state;
     // No inputs but the electron's free activity of 1; Davies activities.
     CalcFixture();
     CalcContext Context() { return CalcContext{chem, input, state}; }
     void Set(int32_t component, int32_t type, double value) {
-        chem.components[component].inputType = type;
-        chem.components[component].inputValue = value;
+        input.components[component] = {value, type};
     }
     // Gives each listed component its total concentration.
     void SetTotals(std::initializer_list<std::pair<int32_t, double>> totals) {

@@ -49,7 +49,8 @@ TEST(CalcMsa, MeanActivityCoefficientsOfSimpleSalts) {
             if (s.formula == expected.formula) salt = &s;
         ASSERT_NE(salt, nullptr) << expected.formula << " is not in the measured table";
         // printed to the end of the table, asserted up to 1 mol/kg
-        const std::vector<double> deviations = msafit::SaltDeviations(*database, *salt, salt->points.back().molality);
+        const std::vector<double> deviations =
+            msafit::SaltDeviations(database->db(), *salt, salt->points.back().molality);
         std::printf("[msa] %-7s", salt->formula.c_str());
         for (size_t i = 0; i < deviations.size(); ++i) {
             const double m = salt->points[i].molality;

@@ -115,7 +115,7 @@ TEST(CalcSolver, NoMassBalanceComponents) {
     // the ionic strength is the only iterated quantity
     ExpectRelative(IonicStrengthOf(f), f.state.ionicStrength, kTight, "ionic strength");
     // the balance sums of fixed components are filled after the solve
-    ExpectRelative(f.chem.systemComponents[f.chem.components[kNa].systemIndex].sumDissolved,
+    ExpectRelative(f.chem.systemComponents[f.chem.placement[kNa].systemIndex].sumDissolved,
                    0.01 + Conc(f, "NaCl"), 1e-12, "Na sum");
 }
 
@@ -130,7 +130,7 @@ TEST(CalcSolver, GasFixesTheDissolvedLigand) {
     EXPECT_NEAR(LogAct(f, "free CO3") + 2 * LogAct(f, "free H") + 18.147, -3.5, kLaw);
     EXPECT_NEAR(LogAct(f, "CaCO3") - LogAct(f, "free Ca") - LogAct(f, "free CO3"), 3.22, kLaw);
     // dissolved carbonate is the gas's dissolved total
-    const SystemComponent& gas = f.chem.systemComponents[f.chem.components[kCO2Gas].systemIndex];
+    const SystemComponent& gas = f.chem.systemComponents[f.chem.placement[kCO2Gas].systemIndex];
     ExpectRelative(gas.sumDissolved,
                    Conc(f, "free CO3") + Conc(f, "HCO3-") + Conc(f, "H2CO3") + Conc(f, "CaCO3"), 1e-12, "DIC");
 }
@@ -171,7 +171,7 @@ TEST(CalcSolver, AdsorptionBalancesSitesAndMetals) {
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     ExpectRelative(Conc(f, "free Hfo_wOH") + Conc(f, "Hfo_wOH2+") + Conc(f, "Hfo_wOCa+"), 2e-4, kTight, "sites");
-    const SystemComponent& ca = f.chem.systemComponents[f.chem.components[kCa].systemIndex];
+    const SystemComponent& ca = f.chem.systemComponents[f.chem.placement[kCa].systemIndex];
     ExpectRelative(ca.sumAdsorbed, Conc(f, "Hfo_wOCa+"), 1e-12, "adsorbed Ca");
     ExpectRelative(ca.sumDissolved + ca.sumAdsorbed, 1e-4, kTight, "Ca");
     // adsorbed species have no activity coefficient; dissolved terms keep theirs

@@ -2,12 +2,11 @@
 
 namespace tormel::test {
 
-void ClearInputs(ChemicalSystem& chem) {
-    for (Component& c : chem.components) {
-        c.inputValue = 0;
-        c.inputType = c.type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    }
-    chem.components[chem.hydroxideIndex].inputType = InpTypeNotSpecified;
+void ClearInputs(InputProblem& input, const ChemicalSystem& chem) {
+    input.components.assign(chem.db().components.size(), ComponentInput{});
+    for (size_t k = 0; k < chem.db().components.size(); ++k)
+        input.components[k].inputType = chem.db().components[k].type == Gas ? InpTypeGasPres : InpTypeTotalConc;
+    input.components[chem.db().hydroxideIndex].inputType = InpTypeNotSpecified;
 }
 
 }  // namespace tormel::test

@@ -21,15 +21,15 @@ bool IsMajor(const std::string& name) {
 
 // First member of the redox group a component belongs to (itself when none).
 int32_t GroupHead(const ChemicalSystem& chem, int32_t k) {
-    while (chem.components[k].redoxPrev > 0) k = chem.components[k].redoxPrev;
+    while (chem.db().components[k].redoxPrev > 0) k = chem.db().components[k].redoxPrev;
     return k;
 }
 
 std::vector<int32_t> Candidates(const ChemicalSystem& chem) {
     std::vector<int32_t> list;
-    for (int32_t k = 0; k < static_cast<int32_t>(chem.components.size()); ++k) {
-        const Component& c = chem.components[k];
-        if (k == chem.hydrogenIndex || k == chem.hydroxideIndex) continue;
+    for (int32_t k = 0; k < static_cast<int32_t>(chem.db().components.size()); ++k) {
+        const Component& c = chem.db().components[k];
+        if (k == chem.db().hydrogenIndex || k == chem.db().hydroxideIndex) continue;
         if (c.type == Cation || c.type == Ligand) list.push_back(k);
     }
     return list;
@@ -83,7 +83,7 @@ DatabaseWater MakeDatabaseWater(std::mt19937& rng, const ChemicalSystem& databas
             if (std::find(groups.begin(), groups.end(), head) != groups.end()) continue;
             groups.push_back(head);
         }
-        const Component& c = database.components[k];
+        const Component& c = database.db().components[k];
         const bool major = IsMajor(c.name);
         const double logLow = major ? -5 : -9, logHigh = major ? -1.5 : -4;
         const double value = std::pow(10.0, logLow + (logHigh - logLow) * unit(rng));
@@ -106,8 +106,9 @@ DatabaseWater MakeDatabaseWater(std::mt19937& rng, const ChemicalSystem& databas
 bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& database, double criterion,
                         ChemicalSystem& chem, InputProblem& input) {
     chem = database;
-    ClearInputs(chem);
-    Component& hydrogen = chem.components[chem.hydrogenIndex];
+    input = InputProblem{};
+    ClearInputs(input, chem);
+    ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
     if (water.protonBalance) {
         hydrogen.inputType = InpTypeTotalConc;
         hydrogen.inputValue = water.hTotal;
@@ -116,12 +117,10 @@ bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& databa
         hydrogen.inputValue = std::pow(10.0, -water.ph);
     }
     for (const auto& [name, value] : water.totals) {
-        const int32_t k = chem.FindComponent(name);
+        const int32_t k = chem.db().FindComponent(name);
         if (k < 0) return false;
-        chem.components[k].inputType = InpTypeTotalConc;
-        chem.components[k].inputValue = value;
+        input.components[k] = {value, InpTypeTotalConc};
     }
-    input = InputProblem{};
     input.ionicStrengthModel = water.activityModel;
     input.convergenceCriterion = criterion;
     input.temperature = water.temperature;
@@ -130,7 +129,7 @@ bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& databa
     input.adsorption = water.adsorption;
     input.redox = water.redox;
     if (water.redox) {
-        Component& electron = chem.components[chem.electronIndex];
+        ComponentInput& electron = input.components[chem.db().electronIndex];
         electron.inputType = InpTypeFreeAct;
         electron.inputValue = std::pow(10.0, -water.pe);
     }

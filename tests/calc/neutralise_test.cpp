@@ -56,7 +56,7 @@ struct NeutralFixture : CalcFixture {
         return Neutralise(ctx);
     }
     const SystemComponent& Unknown(int32_t component) const {
-        return chem.systemComponents[chem.components[component].systemIndex];
+        return chem.systemComponents[chem.placement[component].systemIndex];
     }
 };
 
@@ -90,7 +90,7 @@ TEST(Neutralise, ExcessCationChargeRaisesTheAnionAtFixedPh) {
     EXPECT_NEAR(chloride, 4e-3, 1e-4);
     EXPECT_NEAR(Conc(f, "free Cl") + Conc(f, "CaCl+") + Conc(f, "NaCl"), chloride, 1e-5 * chloride);
     // with a fixed pH there is no first estimate: the input keeps its value
-    EXPECT_EQ(f.chem.components[kCl].inputValue, 1e-3);
+    EXPECT_EQ(f.input.components[kCl].inputValue, 1e-3);
     EXPECT_EQ(f.Unknown(kNa).givenValue, 2e-3);
     // the window: caption with both ions once assembled, the pass and the amount added so far
     ASSERT_GE(f.window.size(), 3u);
@@ -133,10 +133,10 @@ TEST(Neutralise, AnionNotInTheInputJoinsTheSystem) {
     f.Set(kNa, InpTypeTotalConc, 2e-3);
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
-    ASSERT_GT(f.chem.components[kCl].systemIndex, 0);
+    ASSERT_GT(f.chem.placement[kCl].systemIndex, 0);
     ExpectNeutral(f);
     // the first pass gave chloride its input value; later passes adjust the assembled total
-    EXPECT_GT(f.chem.components[kCl].inputValue, 1.5e-3);
+    EXPECT_GT(f.input.components[kCl].inputValue, 1.5e-3);
     EXPECT_NEAR(f.Unknown(kCl).givenValue, 2e-3, 1e-4);
 }
 
@@ -148,7 +148,7 @@ TEST(Neutralise, ProtonBalanceTakesTheFirstEstimateFromTheTotals) {
     ASSERT_TRUE(out.neutral) << out.message;
     ExpectNeutral(f);
     // positive 1e-3 (H) + 4e-3 (Na), negative 4e-3 (CO3) + 1e-4: the estimate adds 0.9 mM to the input
-    EXPECT_NEAR(f.chem.components[kCl].inputValue, 1e-3, 1e-15);
+    EXPECT_NEAR(f.input.components[kCl].inputValue, 1e-3, 1e-15);
     EXPECT_NEAR(f.Unknown(kCl).givenValue, 1e-3, 1e-6);
 
     // an anion not yet in the input gets the estimate and joins: the first solve is neutral
@@ -157,7 +157,7 @@ TEST(Neutralise, ProtonBalanceTakesTheFirstEstimateFromTheTotals) {
     const NeutraliseOutcome joined = g.Run();
     ASSERT_TRUE(joined.neutral) << joined.message;
     EXPECT_EQ(joined.passes, 0);
-    EXPECT_NEAR(g.chem.components[kCl].inputValue, 1e-3, 1e-15);
+    EXPECT_NEAR(g.input.components[kCl].inputValue, 1e-3, 1e-15);
     ExpectNeutral(g);
 }
 

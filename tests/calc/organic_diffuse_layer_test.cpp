@@ -128,7 +128,7 @@ TEST(OrganicDiffuseLayer, BalancesCloseWithCoefficientWeighedLayers) {
     // and the organic matter together
     double given = 0;
     for (const SystemComponent& sc : w.chem.systemComponents) given += sc.charge * sc.givenValue;
-    given -= w.chem.components[w.chem.hydroxideIndex].inputValue;
+    given -= w.input.components[w.chem.db().hydroxideIndex].inputValue;
     double found = 0;
     const auto& fr = w.state.organic.fractions;
     for (const Species& sp : w.chem.species) {

@@ -16,10 +16,7 @@ OrganicWater::OrganicWater(int32_t model, double doc, double fulvic) {
         return;
     }
     chem = *database;
-    for (Component& c : chem.components) {
-        c.inputValue = 0;
-        c.inputType = InpTypeNotSpecified;
-    }
+    input.components.assign(chem.db().components.size(), ComponentInput{});
     input.ionicStrengthModel = 1;  // Davies
     input.convergenceCriterion = 1.000001;
     input.organicComplexation = true;
@@ -30,10 +27,9 @@ OrganicWater::OrganicWater(int32_t model, double doc, double fulvic) {
 }
 
 void OrganicWater::Set(const std::string& component, int32_t type, double value) {
-    const int32_t c = chem.FindComponent(component);
+    const int32_t c = chem.db().FindComponent(component);
     ASSERT_GE(c, 0) << "no component " << component;
-    chem.components[c].inputType = type;
-    chem.components[c].inputValue = value;
+    input.components[c] = {value, type};
 }
 
 CalculationOutcome OrganicWater::Run() {

@@ -12,8 +12,8 @@ namespace {
 
 // The species whose activity is the activity of database component k.
 int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k) {
-    if (k == chem.hydrogenIndex) return 0;
-    const Component& comp = chem.components[k];
+    if (k == chem.db().hydrogenIndex) return 0;
+    const ComponentPlacement& comp = chem.placement[k];
     if (!comp.inInput) return -1;
     if (comp.systemIndex <= 0) return -comp.systemIndex;
     for (size_t s = 0; s < chem.species.size(); ++s) {
@@ -27,15 +27,15 @@ int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k) {
 
 bool DatabaseSaturationIndex(const ChemicalSystem& chem, const SolverState& state, const InputProblem& input,
                              int32_t e, double& si) {
-    const Equilibrium& eq = chem.equilibria[e];
+    const Equilibrium& eq = chem.db().equilibria[e];
     si = eq.logK;
     if (chem.temperatureCorrectionApplied && eq.hasEnthalpy) si += TemperatureTerm(input.temperature, eq.enthalpy);
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-        const int32_t nu = chem.Coefficient(k, e);
+    for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
+        const int32_t nu = chem.db().Coefficient(k, e);
         if (nu == 0) continue;
         double logActivity;
-        if (k == chem.electronIndex) {
-            logActivity = std::log10(chem.components[k].inputValue);  // the electron has no activity coefficient
+        if (k == chem.db().electronIndex) {
+            logActivity = std::log10(input.components[k].inputValue);  // the electron has no activity coefficient
         } else {
             const int32_t s = RepresentingSpecies(chem, k);
             if (s < 0) return false;

@@ -17,6 +17,7 @@
 #include "calc/solution_checks.h"
 #include "support/database_builder.h"
 #include "support/recording_ui.h"
+#include "support/edit_database.h"
 
 namespace tormel::test {
 
@@ -30,12 +31,12 @@ constexpr double kSaturated = 1e-5;  // log units: a present solid's saturation 
 // its components at 25 °C), chosen for each scenario.
 void AddSolidEquilibrium(ChemicalSystem& chem, const char* name, double logK,
                          std::initializer_list<ReactionTerm> terms) {
+    Database& db = test::EditDatabase(chem);
     Equilibrium eq = MakeEquilibrium(EqSolid, name, 0, logK);
-    eq.deltaZ2 = ChargeSquareSum(chem, terms);
-    const int32_t index = AppendEquilibrium(chem, eq, terms);
-    chem.maxComponentsPerEquilibrium =
-        std::max(chem.maxComponentsPerEquilibrium, chem.equilibria[index].componentCount);
-    TypeRange& range = chem.equilibriumRange[EqSolid];
+    eq.deltaZ2 = ChargeSquareSum(db, terms);
+    const int32_t index = AppendEquilibrium(db, eq, terms);
+    db.maxComponentsPerEquilibrium = std::max(db.maxComponentsPerEquilibrium, db.equilibria[index].componentCount);
+    TypeRange& range = db.equilibriumRange[EqSolid];
     if (range.empty()) range.first = index;
     range.last = index;
 }
@@ -76,7 +77,7 @@ struct SolidsFixture : CalcFixture {
         return 0;
     }
     double SaturationIndex(const std::string& solid) const {
-        const int32_t e = chem.FindEquilibrium(solid);
+        const int32_t e = chem.db().FindEquilibrium(solid);
         double si = NAN;
         EXPECT_TRUE(e >= 0 && DatabaseSaturationIndex(chem, state, input, e, si)) << solid;
         return si;
@@ -130,7 +131,7 @@ TEST(PrecipitationAssembly, SolidsAreFormedLikeComplexesAndCounted) {
     EXPECT_EQ(calcite.name, "Calcite");
     EXPECT_EQ(calcite.addInfo.value_or(""), "The activity of a solid is 1.");
     // its reaction is shown without phase labels
-    const int32_t width = f.chem.maxComponentsPerEquilibrium;
+    const int32_t width = f.chem.db().maxComponentsPerEquilibrium;
     for (int32_t k = 0; k < width; ++k) {
         EXPECT_TRUE(f.chem.reactionReactants[Position(k, calcite.reactionRow, width)].phase.empty());
         EXPECT_TRUE(f.chem.reactionProducts[Position(k, calcite.reactionRow, width)].phase.empty());
@@ -182,7 +183,7 @@ TEST(Precipitation, CalciteFromAnOversaturatedWaterAtFixedPh) {
     ExpectRelative(Conc(f, "free Cl") + Conc(f, "CaCl+") + Conc(f, "NaCl"), 6e-3, "Cl");
     f.ExpectSaturationEverywhere();
     // what the results show: the solid part of each component's balance
-    const SystemComponent& ca = f.chem.systemComponents[f.chem.components[kCa].systemIndex];
+    const SystemComponent& ca = f.chem.systemComponents[f.chem.placement[kCa].systemIndex];
     ExpectRelative(ca.sumSolid, calcite, "Ca in solids");
     // the progress report: one line, the solids count, a full solids bar at the end
     ASSERT_EQ(f.state.solidProgressLines.size(), 1u);

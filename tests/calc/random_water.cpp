@@ -77,8 +77,9 @@ RandomWater MakeRandomWater(std::mt19937& rng) {
 bool ApplyRandomWater(const RandomWater& water, const ChemicalSystem& database, double criterion,
                       ChemicalSystem& chem, InputProblem& input) {
     chem = database;
-    ClearInputs(chem);
-    Component& hydrogen = chem.components[chem.hydrogenIndex];
+    input = InputProblem{};
+    ClearInputs(input, chem);
+    ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
     if (water.protonBalance) {
         hydrogen.inputType = InpTypeTotalConc;
         hydrogen.inputValue = water.hTotal;
@@ -87,12 +88,10 @@ bool ApplyRandomWater(const RandomWater& water, const ChemicalSystem& database, 
         hydrogen.inputValue = std::pow(10.0, -water.ph);
     }
     for (const auto& [name, value] : water.totals) {
-        const int32_t k = chem.FindComponent(name);
+        const int32_t k = chem.db().FindComponent(name);
         if (k < 0) return false;
-        chem.components[k].inputType = InpTypeTotalConc;
-        chem.components[k].inputValue = value;
+        input.components[k] = {value, InpTypeTotalConc};
     }
-    input = InputProblem{};
     input.ionicStrengthModel = 1;
     input.convergenceCriterion = criterion;
     input.precipitation = true;

@@ -23,16 +23,16 @@ std::unique_ptr<ChemicalSystem> Load() {
                       fs::copy_options::overwrite_existing, ec);
         if (ec) return nullptr;
     }
-    auto chem = std::make_unique<ChemicalSystem>();
+    Database db;
     UiServices ui;  // the loader's warnings are only counted
     ui.showMessageBox = [](const MessageBoxRequest&) {
         ++loaderMessages;
         return MessageBoxAnswer{};
     };
-    const auto error = LoadDatabase(*chem, folder.string() + "/", ui);
+    const auto error = LoadDatabase(db, folder.string() + "/", ui);
     fs::remove_all(folder, ec);
     if (error) return nullptr;
-    return chem;
+    return std::make_unique<ChemicalSystem>(std::make_shared<const Database>(std::move(db)));
 }
 
 }  // namespace

@@ -7,7 +7,8 @@
 
 namespace tormel::test {
 
-// nullptr when the raw data files cannot be loaded.
+// A system over that database, nothing assembled; its copies share the
+// database. nullptr when the raw data files cannot be loaded.
 const ChemicalSystem* RealDatabase();
 // How many messages the loader showed in that load (none are expected).
 size_t RealDatabaseMessages();

@@ -11,6 +11,7 @@
 #include "calc/result_water.h"
 #include "calc/solution_checks.h"
 #include "calc/run_calculation.h"
+#include "support/edit_database.h"
 
 namespace tormel::test {
 
@@ -102,8 +103,9 @@ TEST(RedoxTemperature, PartnersOfTheHydrogenSelenideGas) {
 TEST(RedoxTemperature, ModeOneCountsThePartners) {
     for (const bool coupleEnthalpy : {false, true}) {
         CalcFixture f;
-        f.chem.equilibria[kFeRedox].hasEnthalpy = coupleEnthalpy;
-        f.chem.equilibria[kFeRedox].enthalpy = coupleEnthalpy ? 42700 : 0;
+        Equilibrium& couple = test::EditDatabase(f.chem).equilibria[kFeRedox];
+        couple.hasEnthalpy = coupleEnthalpy;
+        couple.enthalpy = coupleEnthalpy ? 42700 : 0;
         f.input.redox = true;
         f.input.temperature = 10;
         f.input.temperatureCorrection = 1;

@@ -95,29 +95,28 @@ private:
     }
 
     bool Give(const std::string& name, int32_t type, double value) {
-        const int32_t k = chem_.FindComponent(name);
+        const int32_t k = chem_.db().FindComponent(name);
         if (k < 0) return Fail("component " + name + " not in the database");
-        chem_.components[k].inputType = type;
-        chem_.components[k].inputValue = value;
+        input_.components[k] = {value, type};
         return true;
     }
 
     bool SetUp() {
-        ClearInputs(chem_);
+        ClearInputs(input_, chem_);
         const JsonValue* options = c_.Find("options");
         input_.redox = options && options->BoolOr("redox", false);
         input_.adsorption = options && options->BoolOr("adsorption", false);
         input_.precipitation = out_.hasSolids;
         input_.temperature = c_.NumberOr("temperature_C", 25);
         input_.temperatureCorrection = options && options->BoolOr("temperature_correction", false) ? 2 : 0;
-        const std::string& hydrogen = chem_.components[chem_.hydrogenIndex].name;
+        const std::string& hydrogen = chem_.db().components[chem_.db().hydrogenIndex].name;
         if (c_.TextOr("ph_mode", "") == "fixed") {
             if (!Give(hydrogen, InpTypeFreeAct, std::pow(10.0, -c_.NumberOr("ph", 7)))) return false;
         } else {
             if (!Give(hydrogen, InpTypeTotalConc, c_.NumberOr("h_total_mol_L", 0))) return false;
         }
-        if (chem_.electronIndex > 0) {
-            Component& e = chem_.components[chem_.electronIndex];
+        if (chem_.db().electronIndex > 0) {
+            ComponentInput& e = input_.components[chem_.db().electronIndex];
             e.inputType = InpTypeFreeAct;
             e.inputValue = c_.Find("pe") ? std::pow(10.0, -c_.NumberOr("pe", 0)) : 1.0;
         }
@@ -149,9 +148,9 @@ private:
 
     // The species that stands for a component in the solved system; -1 none.
     int32_t Representing(int32_t k) const {
-        const Component& comp = chem_.components[k];
+        const ComponentPlacement& comp = chem_.placement[k];
         if (!comp.inInput) return -1;
-        if (k == chem_.hydrogenIndex) return 0;
+        if (k == chem_.db().hydrogenIndex) return 0;
         if (comp.systemIndex <= 0) return -comp.systemIndex;
         for (size_t s = 0; s < chem_.species.size(); ++s) {
             const Species& sp = chem_.species[s];
@@ -174,7 +173,7 @@ private:
             candidates.push_back(it->second);
         candidates.push_back(base);
         for (const std::string& name : candidates) {
-            const int32_t k = chem_.FindComponent(name);
+            const int32_t k = chem_.db().FindComponent(name);
             if (k < 0) continue;
             const int32_t s = Representing(k);
             if (s >= 0 && chem_.species[s].charge == charge) return s;
@@ -193,7 +192,7 @@ private:
     double DatabaseCoefficient(int32_t s, int32_t k) const {
         const Species& sp = chem_.species[s];
         if (sp.kind <= RedoxPartnerSolid) return -sp.source == k ? 1 : 0;
-        return chem_.Coefficient(k, sp.source);
+        return chem_.db().Coefficient(k, sp.source);
     }
 
     double ComponentTotal(int32_t k, bool adsorbed) const {
@@ -207,7 +206,7 @@ private:
     }
 
     double LogActivity(int32_t k, bool& ok) const {
-        if (k == chem_.electronIndex) return std::log10(chem_.components[k].inputValue);
+        if (k == chem_.db().electronIndex) return std::log10(input_.components[k].inputValue);
         const int32_t s = Representing(k);
         if (s < 0) {
             ok = false;
@@ -219,14 +218,14 @@ private:
 
     // log10(IAP K) of a solid or gas formation equilibrium at the case's temperature.
     bool SaturationIndex(const std::string& name, double& si) const {
-        for (int32_t e = 0; e < chem_.EquilibriumCount(); ++e) {
-            const Equilibrium& eq = chem_.equilibria[e];
+        for (int32_t e = 0; e < chem_.db().EquilibriumCount(); ++e) {
+            const Equilibrium& eq = chem_.db().equilibria[e];
             if ((eq.type != EqSolid && eq.type != EqGas) || eq.name != name) continue;
             bool ok = true;
             si = eq.logK;
             if (input_.temperatureCorrection == 2 && eq.hasEnthalpy) si += TemperatureTerm(input_.temperature, eq.enthalpy);
-            for (int32_t k = 0; k < chem_.ComponentCount(); ++k) {
-                const int32_t nu = chem_.Coefficient(k, e);
+            for (int32_t k = 0; k < chem_.db().ComponentCount(); ++k) {
+                const int32_t nu = chem_.db().Coefficient(k, e);
                 if (nu != 0) si += nu * LogActivity(k, ok);
             }
             return ok;
@@ -271,11 +270,11 @@ private:
         if (!list) return;
         for (const auto& [name, value] : list->members) {
             std::vector<std::string> members = {name};
-            if (chem_.FindComponent(name) < 0) members = ElementMembers(name);
+            if (chem_.db().FindComponent(name) < 0) members = ElementMembers(name);
             double total = 0;
             bool found = !members.empty();
             for (const std::string& m : members) {
-                const int32_t k = chem_.FindComponent(m);
+                const int32_t k = chem_.db().FindComponent(m);
                 if (k < 0) {
                     found = false;
                     break;

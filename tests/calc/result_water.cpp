@@ -10,7 +10,7 @@
 namespace tormel::test {
 
 ResultWater::ResultWater(double ionicStrength) {
-    ClearInputs(ws.chem);
+    ClearInputs(ws.input, ws.chem);
     ws.input.ionicStrengthModel = kDaviesModel;
     ws.input.ionicStrengthFixed = true;
     ws.input.fixedIonicStrength = ionicStrength;
@@ -19,10 +19,9 @@ ResultWater::ResultWater(double ionicStrength) {
 }
 
 void ResultWater::Set(const std::string& component, int32_t type, double value) {
-    const int32_t k = ws.chem.FindComponent(component);
+    const int32_t k = ws.chem.db().FindComponent(component);
     ASSERT_GE(k, 0) << component;
-    ws.chem.components[k].inputType = type;
-    ws.chem.components[k].inputValue = value;
+    ws.input.components[k] = {value, type};
 }
 
 void ResultWater::SetPe(double pe) { Set("e", InpTypeFreeAct, std::pow(10.0, -pe)); }

@@ -8,7 +8,7 @@ namespace tormel::test {
 
 namespace {
 
-void AddEquilibrium(ChemicalSystem& chem, int32_t type, const char* name, int32_t charge, double logK,
+void AddEquilibrium(Database& chem, int32_t type, const char* name, int32_t charge, double logK,
                     std::initializer_list<ReactionTerm> terms, double enthalpy = 0, bool hasEnthalpy = false) {
     Equilibrium e = MakeEquilibrium(type, name, charge, logK);
     e.hasEnthalpy = hasEnthalpy;
@@ -21,8 +21,8 @@ void AddEquilibrium(ChemicalSystem& chem, int32_t type, const char* name, int32_
 
 }  // namespace
 
-ChemicalSystem BuildSyntheticDatabase() {
-    ChemicalSystem chem;
+Database BuildSyntheticDatabase() {
+    Database chem;
     chem.components = {
         MakeComponent(Cation, "H", 1, 0, 9e-10),      MakeComponent(Cation, "Na", 1, 0, 4.0e-10),
         MakeComponent(Cation, "Ca", 2, 0, 6e-10),     MakeComponent(Cation, "Fe(II)", 2),

@@ -1,7 +1,7 @@
 #pragma once
 // A small chemical database built in code, with constants close to the real
 // ones, for tests whose answers can be checked by hand.
-#include "core/chemical_system.h"
+#include "core/database.h"
 
 namespace tormel::test {
 
@@ -37,6 +37,6 @@ enum SyntheticEquilibrium : int32_t {
     kSiteCa = 12,
 };
 
-ChemicalSystem BuildSyntheticDatabase();
+Database BuildSyntheticDatabase();
 
 }  // namespace tormel::test

@@ -18,7 +18,7 @@ const char* kHeader = "Contents: test\nVersion: 1\nNumber of records: ";
 struct CraftedDatabase {
     TempFolder dir;
     test::RecordingUi ui;
-    ChemicalSystem chem;
+    Database chem;
     CraftedDatabase() { test::WriteSyntheticWorkingCopies(test::SyntheticDatabase(), dir.Path()); }
     std::optional<DatabaseError> LoadWith(int position, const std::string& text) {
         WriteBytes(WorkingCopyPath(dir.Path(), position), Utf16Bytes(text));
@@ -80,7 +80,7 @@ TEST(CoreDatabaseErrors, GarbageBytesGiveAnErrorNotACrash) {
 
 TEST(CoreDatabaseFormats, TypeSpecificFieldsAreOnlyPresentWhereTheyBelong) {
     // gas and redox-solid components carry no charge; an organic one its model code
-    ChemicalSystem chem;
+    Database chem;
     TempFolder dir;
     WriteBytes(dir.File("c.D64"), Utf16Bytes(std::string(kHeader) +
                                              "5\n\"H\" 1 1 1.008 9E-10\n\"OH\" 3 -1 17.007 3.5E-10\n"

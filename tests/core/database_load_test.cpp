@@ -13,10 +13,10 @@ using test::RecordingUi;
 using test::SyntheticDatabase;
 using test::TempFolder;
 
-ChemicalSystem LoadSynthetic(const ChemicalSystem& source, RecordingUi& ui) {
+Database LoadSynthetic(const Database& source, RecordingUi& ui) {
     TempFolder dir;
     test::WriteSyntheticWorkingCopies(source, dir.Path());
-    ChemicalSystem chem;
+    Database chem;
     auto error = LoadDatabase(chem, dir.Path(), ui.services);
     EXPECT_FALSE(error) << (error ? error->Describe() : "");
     return chem;
@@ -24,8 +24,8 @@ ChemicalSystem LoadSynthetic(const ChemicalSystem& source, RecordingUi& ui) {
 
 TEST(CoreDatabaseLoad, RecordsAndStoichiometryRoundTripThroughTheFiles) {
     RecordingUi ui;
-    ChemicalSystem source = SyntheticDatabase();
-    ChemicalSystem chem = LoadSynthetic(source, ui);
+    Database source = SyntheticDatabase();
+    Database chem = LoadSynthetic(source, ui);
     ASSERT_EQ(chem.ComponentCount(), source.ComponentCount());
     ASSERT_EQ(chem.EquilibriumCount(), source.EquilibriumCount());
     // every field the files hold: what was read, written again, gives the text of the source
@@ -40,7 +40,7 @@ TEST(CoreDatabaseLoad, RecordsAndStoichiometryRoundTripThroughTheFiles) {
 
 TEST(CoreDatabaseLoad, TypeRangesNeverStartAtIndexZero) {
     RecordingUi ui;
-    ChemicalSystem chem = LoadSynthetic(SyntheticDatabase(), ui);
+    Database chem = LoadSynthetic(SyntheticDatabase(), ui);
     // H+ is component 0: the cation range starts at the first cation after it
     EXPECT_EQ(chem.componentRange[Cation].first, 5);
     EXPECT_EQ(chem.componentRange[Cation].last, 10);
@@ -67,7 +67,7 @@ TEST(CoreDatabaseLoad, TypeRangesNeverStartAtIndexZero) {
 
 TEST(CoreDatabaseLoad, WaterPartnersAndOrganicLiteratureAreRecorded) {
     RecordingUi ui;
-    ChemicalSystem chem = LoadSynthetic(SyntheticDatabase(), ui);
+    Database chem = LoadSynthetic(SyntheticDatabase(), ui);
     EXPECT_EQ(chem.hydrogenIndex, 0);
     EXPECT_EQ(chem.hydroxideIndex, 1);
     EXPECT_EQ(chem.components[0].waterPartnerOfH, 1);
@@ -81,7 +81,7 @@ TEST(CoreDatabaseLoad, WaterPartnersAndOrganicLiteratureAreRecorded) {
 
 TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
     // a third iron state linked to Fe(III) only joins the Fe(II)/Fe(III) group
-    ChemicalSystem grown = SyntheticDatabase();
+    Database grown = SyntheticDatabase();
     grown.components.push_back(test::MakeComponent(Cation, "Fe(VI)", 6));
     grown.stoichiometry.resize(grown.components.size() * grown.equilibria.size(), 0);
     Equilibrium q = test::MakeEquilibrium(EqRedox, "Fe(VI)/Fe(III)", 0, 0);
@@ -89,7 +89,7 @@ TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
     q.linkedCoefficient = 1;
     test::AppendEquilibrium(grown, q, {{grown.FindComponent("Fe(III)"), 1}, {grown.FindComponent("e"), -3}});
     RecordingUi ui;
-    ChemicalSystem chem = LoadSynthetic(grown, ui);
+    Database chem = LoadSynthetic(grown, ui);
     auto at = [&](const char* name) -> const Component& { return chem.components[chem.FindComponent(name)]; };
     EXPECT_EQ(at("CO3").gasPartner, chem.FindComponent("CO2(g)"));
     EXPECT_EQ(at("CO2(g)").linkedLigand, chem.FindComponent("CO3"));
@@ -109,12 +109,12 @@ TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
 }
 
 TEST(CoreDatabaseLoad, MoreThanFourComponentsWarnsOnceAndKeepsLoading) {
-    ChemicalSystem chem = SyntheticDatabase();
+    Database chem = SyntheticDatabase();
     const int32_t e = chem.FindEquilibrium("FeCl(CO3)OH");
     chem.Coefficient(chem.FindComponent("Ca"), e) = 1;
     chem.Coefficient(chem.FindComponent("Hfo_wOH"), e) = 1;  // six components now
     RecordingUi ui;
-    ChemicalSystem loaded = LoadSynthetic(chem, ui);
+    Database loaded = LoadSynthetic(chem, ui);
     ASSERT_EQ(ui.messages.size(), 1u);
     EXPECT_EQ(ui.messages[0].lines.at(0), "More than 4 BB; will throw errors.");
     EXPECT_EQ(ui.messages[0].caption, "Please inform author");
@@ -124,15 +124,15 @@ TEST(CoreDatabaseLoad, MoreThanFourComponentsWarnsOnceAndKeepsLoading) {
 
 TEST(CoreDatabaseLoad, ASecondLoadReplacesTheFirst) {
     TempFolder dir;
-    ChemicalSystem source = SyntheticDatabase();
+    Database source = SyntheticDatabase();
     test::WriteSyntheticWorkingCopies(source, dir.Path());
     RecordingUi ui;
-    ChemicalSystem chem;
+    Database chem;
     ASSERT_FALSE(LoadDatabase(chem, dir.Path(), ui.services));
-    chem.components[3].inputValue = 5;
+    chem.components[3].molarMass += 5;
     ASSERT_FALSE(LoadDatabase(chem, dir.Path(), ui.services));
     EXPECT_EQ(chem.ComponentCount(), source.ComponentCount());
-    EXPECT_EQ(chem.components[3].inputValue, 0);
+    EXPECT_EQ(chem.components[3].molarMass, source.components[3].molarMass);
     EXPECT_EQ(chem.literature.size(), source.literature.size());
 }
 

@@ -12,7 +12,7 @@ using test::TempFolder;
 struct Installation {
     TempFolder program;
     TempFolder data;
-    ChemicalSystem chem = test::SyntheticDatabase();
+    Database chem = test::SyntheticDatabase();
     explicit Installation(const std::string& shippedVersion) { test::WriteSyntheticRawData(chem, program.Path(), shippedVersion); }
     bool Refresh() const { return RefreshDatabase(data.Path(), program.Path()); }
     bool Copy() const { return CopyRawData(data.Path(), program.Path()); }

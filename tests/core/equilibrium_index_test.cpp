@@ -16,28 +16,28 @@ namespace {
 // every component takes part, found by scanning the whole stoichiometry.
 std::vector<int32_t> ScanForEquilibria(const ChemicalSystem& chem, int32_t type) {
     std::vector<int32_t> found;
-    const TypeRange range = chem.equilibriumRange[type];
+    const TypeRange range = chem.db().equilibriumRange[type];
     if (range.empty()) return found;
     for (int32_t e = range.first; e <= range.last; ++e) {
-        if (chem.equilibria[e].type != type) continue;
+        if (chem.db().equilibria[e].type != type) continue;
         bool all = true;
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k)
-            if (chem.Coefficient(k, e) != 0 && !chem.components[k].inInput) all = false;
+        for (int32_t k = 0; k < chem.db().ComponentCount(); ++k)
+            if (chem.db().Coefficient(k, e) != 0 && !chem.placement[k].inInput) all = false;
         if (all) found.push_back(e);
     }
     return found;
 }
 
-void ExpectTermsAreTheColumns(const ChemicalSystem& chem, const EquilibriumIndex& index) {
-    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
+void ExpectTermsAreTheColumns(const Database& db, const EquilibriumIndex& index) {
+    for (int32_t e = 0; e < db.EquilibriumCount(); ++e) {
         std::vector<EquilibriumTerm> column;
-        for (int32_t k = 0; k < chem.ComponentCount(); ++k)
-            if (chem.Coefficient(k, e) != 0) column.push_back({k, chem.Coefficient(k, e)});
+        for (int32_t k = 0; k < db.ComponentCount(); ++k)
+            if (db.Coefficient(k, e) != 0) column.push_back({k, db.Coefficient(k, e)});
         const auto terms = index.Terms(e);
-        ASSERT_EQ(terms.size(), column.size()) << chem.equilibria[e].name;
+        ASSERT_EQ(terms.size(), column.size()) << db.equilibria[e].name;
         for (size_t t = 0; t < column.size(); ++t) {
-            EXPECT_EQ(terms[t].component, column[t].component) << chem.equilibria[e].name;
-            EXPECT_EQ(terms[t].coefficient, column[t].coefficient) << chem.equilibria[e].name;
+            EXPECT_EQ(terms[t].component, column[t].component) << db.equilibria[e].name;
+            EXPECT_EQ(terms[t].coefficient, column[t].coefficient) << db.equilibria[e].name;
         }
     }
 }
@@ -49,9 +49,10 @@ void ExpectIndexMatchesScan(ChemicalSystem chem, unsigned seed) {
     for (double share : {0.0, 0.02, 0.1, 0.5, 1.0}) {
         std::bernoulli_distribution takesPart(share);
         for (int round = 0; round < 10; ++round) {
-            for (Component& c : chem.components) c.inInput = takesPart(rng);
-            chem.components[chem.hydrogenIndex].inInput = true;
-            chem.components[chem.hydroxideIndex].inInput = true;
+            chem.placement.assign(chem.db().components.size(), ComponentPlacement{});
+            for (ComponentPlacement& p : chem.placement) p.inInput = takesPart(rng);
+            chem.placement[chem.db().hydrogenIndex].inInput = true;
+            chem.placement[chem.db().hydroxideIndex].inInput = true;
             for (int32_t type : {EqComplex, EqAdsorption, EqRedox, EqGas, EqSolid, EqOrganic})
                 ASSERT_EQ(EquilibriaInInput(chem, type), ScanForEquilibria(chem, type))
                     << "type " << type << ", share " << share;
@@ -62,37 +63,38 @@ void ExpectIndexMatchesScan(ChemicalSystem chem, unsigned seed) {
 TEST(CoreEquilibriumIndex, FindsWhatAFullScanFindsInTheShippedDatabase) {
     const ChemicalSystem* database = test::RealDatabase();
     ASSERT_NE(database, nullptr);
-    ASSERT_NE(database->equilibriumIndex, nullptr);  // built by the load
-    ExpectTermsAreTheColumns(*database, *database->equilibriumIndex);
+    ASSERT_NE(database->db().equilibriumIndex, nullptr);  // built by the load
+    ExpectTermsAreTheColumns(database->db(), *database->db().equilibriumIndex);
     ExpectIndexMatchesScan(*database, 15);
 }
 
 // The type ranges as the loader sets them.
-void SetEquilibriumRanges(ChemicalSystem& chem) {
-    chem.equilibriumRange = {};
-    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) ExtendTypeRange(chem.equilibriumRange[chem.equilibria[e].type], e);
+void SetEquilibriumRanges(Database& db) {
+    db.equilibriumRange = {};
+    for (int32_t e = 0; e < db.EquilibriumCount(); ++e) ExtendTypeRange(db.equilibriumRange[db.equilibria[e].type], e);
 }
 
 TEST(CoreEquilibriumIndex, IsBuiltForAHandMadeDatabaseAndAgainWhenItsShapeChanges) {
-    ChemicalSystem chem = test::SyntheticDatabase();
-    SetEquilibriumRanges(chem);
-    chem.equilibriumIndex.reset();
-    const EquilibriumIndex& first = IndexOf(chem);
-    ExpectTermsAreTheColumns(chem, first);
-    EXPECT_EQ(&IndexOf(chem), &first);  // kept while it fits
-    ExpectIndexMatchesScan(chem, 7);
+    Database db = test::SyntheticDatabase();
+    SetEquilibriumRanges(db);
+    db.equilibriumIndex.reset();
+    const EquilibriumIndex& first = IndexOf(db);
+    ExpectTermsAreTheColumns(db, first);
+    EXPECT_EQ(&IndexOf(db), &first);  // kept while it fits
+    ExpectIndexMatchesScan(ChemicalSystem(db), 7);
 
     // an equilibrium without components is formed whatever the input holds
-    chem.equilibria.push_back(chem.equilibria[chem.equilibriumRange[EqComplex].last]);
-    SetEquilibriumRanges(chem);
-    std::vector<int32_t> widened(chem.components.size() * chem.equilibria.size(), 0);
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k)
-        for (int32_t e = 0; e + 1 < chem.EquilibriumCount(); ++e)
-            widened[k * chem.equilibria.size() + e] = chem.stoichiometry[k * (chem.equilibria.size() - 1) + e];
-    chem.stoichiometry = std::move(widened);
-    EXPECT_TRUE(IndexOf(chem).Terms(chem.EquilibriumCount() - 1).empty());
-    for (Component& c : chem.components) c.inInput = false;
-    EXPECT_EQ(EquilibriaInInput(chem, EqComplex), std::vector<int32_t>{chem.EquilibriumCount() - 1});
+    db.equilibria.push_back(db.equilibria[db.equilibriumRange[EqComplex].last]);
+    SetEquilibriumRanges(db);
+    std::vector<int32_t> widened(db.components.size() * db.equilibria.size(), 0);
+    for (int32_t k = 0; k < db.ComponentCount(); ++k)
+        for (int32_t e = 0; e + 1 < db.EquilibriumCount(); ++e)
+            widened[k * db.equilibria.size() + e] = db.stoichiometry[k * (db.equilibria.size() - 1) + e];
+    db.stoichiometry = std::move(widened);
+    EXPECT_TRUE(IndexOf(db).Terms(db.EquilibriumCount() - 1).empty());
+    ChemicalSystem chem(db);
+    chem.placement.assign(db.components.size(), ComponentPlacement{});
+    EXPECT_EQ(EquilibriaInInput(chem, EqComplex), std::vector<int32_t>{db.EquilibriumCount() - 1});
     ExpectIndexMatchesScan(chem, 8);
 }
 

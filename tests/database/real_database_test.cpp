@@ -20,15 +20,15 @@ using test::RealDatabaseMessages;
 constexpr double kEps = 1e-9;
 
 // The loaded real database; an empty one, and a failed test, when it cannot be loaded.
-const ChemicalSystem& RealChem() {
-    static const ChemicalSystem empty;
+const Database& RealChem() {
+    static const Database empty;
     const ChemicalSystem* chem = RealDatabase();
     if (!chem) ADD_FAILURE() << "the raw database in data/RawData could not be loaded";
-    return chem ? *chem : empty;
+    return chem ? chem->db() : empty;
 }
 
 // Index of the equilibrium of this type, name and charge; -1 when absent.
-int FindEquilibrium(const ChemicalSystem& chem, int type, const std::string& name, int charge = 0) {
+int FindEquilibrium(const Database& chem, int type, const std::string& name, int charge = 0) {
     for (int i = 0; i < chem.EquilibriumCount(); ++i) {
         const Equilibrium& e = chem.equilibria[i];
         if (e.type == type && e.name == name &&
@@ -38,21 +38,21 @@ int FindEquilibrium(const ChemicalSystem& chem, int type, const std::string& nam
     return -1;
 }
 
-int Comp(const ChemicalSystem& chem, const std::string& name) {
+int Comp(const Database& chem, const std::string& name) {
     int i = chem.FindComponent(name);
     EXPECT_GE(i, 0) << "component " << name;
     return i;
 }
 
 // The non-zero coefficients of an equilibrium by component name.
-std::map<std::string, int> Terms(const ChemicalSystem& chem, int e) {
+std::map<std::string, int> Terms(const Database& chem, int e) {
     std::map<std::string, int> out;
     for (int c = 0; c < chem.ComponentCount(); ++c)
         if (chem.Coefficient(c, e) != 0) out[chem.components[c].name] = chem.Coefficient(c, e);
     return out;
 }
 
-const Equilibrium& Eq(const ChemicalSystem& chem, int type, const std::string& name, int charge = 0) {
+const Equilibrium& Eq(const Database& chem, int type, const std::string& name, int charge = 0) {
     int i = FindEquilibrium(chem, type, name, charge);
     if (i < 0) {
         ADD_FAILURE() << "equilibrium " << name << " (type " << type << ", charge " << charge << ") missing";
@@ -65,7 +65,7 @@ const Equilibrium& Eq(const ChemicalSystem& chem, int type, const std::string& n
 TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
     ASSERT_NE(RealDatabase(), nullptr) << "the raw database in data/RawData could not be loaded";
     EXPECT_EQ(RealDatabaseMessages(), 0u) << "the loader warned (more than four components in an equilibrium?)";
-    const ChemicalSystem& chem = *RealDatabase();
+    const Database& chem = RealDatabase()->db();
     ASSERT_GT(chem.ComponentCount(), 50);
     ASSERT_GT(chem.EquilibriumCount(), 1000);
 
@@ -113,7 +113,8 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
         if (q.type == EqRedox || q.type == EqGas) {
             EXPECT_GT(q.linkedComponent, 0) << q.name;
             EXPECT_EQ(q.linkedCoefficient, 1) << q.name;
-            EXPECT_EQ(chem.Coefficient(q.linkedComponent, e), 0) << q.name << ": the linked component is not a term";
+            EXPECT_EQ(chem.Coefficient(q.linkedComponent, e), 0)
+                << q.name << ": the linked component is not a term";
         }
         if (q.type == EqGas) { EXPECT_EQ(chem.components[q.linkedComponent].type, Gas) << q.name; }
         if (q.type == EqOrganic) {
@@ -129,7 +130,7 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
 }
 
 TEST(RealDatabase, EveryEquilibriumCarriesAResolvableLiteratureReference) {
-    const ChemicalSystem& chem = RealChem();
+    const Database& chem = RealChem();
     ASSERT_GT(chem.LiteratureReferenceCount(), 10);
     for (const Equilibrium& q : chem.equilibria) {
         EXPECT_GE(q.literatureRef, 0) << q.name;
@@ -173,7 +174,7 @@ struct Expected {
 };
 
 TEST(RealDatabase, EquilibriaMatchTheSourceDataAsFormationsOnTheComponents) {
-    const ChemicalSystem& chem = RealChem();
+    const Database& chem = RealChem();
     const Expected cases[] = {
         {"4824: Ca+2 + H+ + CO3-2 = CaHCO3+, 11.599, 5.4 kJ", EqComplex, "CaHCO3", 1, 11.599, 5400, 4 + 1 + 4 - 1,
          {{"Ca", 1}, {"H", 1}, {"CO3", 1}}},
@@ -243,7 +244,7 @@ TEST(RealDatabase, EquilibriaMatchTheSourceDataAsFormationsOnTheComponents) {
 }
 
 TEST(RealDatabase, LinkedComponentsAndOrganicModelsAreSetUp) {
-    const ChemicalSystem& chem = RealChem();
+    const Database& chem = RealChem();
     // The loader chains each redox group and pairs each gas with its ligand.
     EXPECT_EQ(chem.components[Comp(chem, "Fe(III)")].redoxNext, Comp(chem, "Fe(II)"));
     EXPECT_EQ(chem.components[Comp(chem, "SO4")].redoxNext + chem.components[Comp(chem, "SO4")].redoxPrev,
@@ -276,7 +277,7 @@ TEST(RealDatabase, LinkedComponentsAndOrganicModelsAreSetUp) {
 }
 
 TEST(RealDatabase, OrganicModelParametersArePerGramOfCarbon) {
-    const ChemicalSystem& chem = RealChem();
+    const Database& chem = RealChem();
     ASSERT_EQ(chem.Organic(Model5).values.size(), 12u);
     ASSERT_EQ(chem.Organic(Model6).values.size(), 13u);
     ASSERT_EQ(chem.Organic(Model7).values.size(), 13u);
@@ -303,7 +304,7 @@ TEST(RealDatabase, OrganicModelParametersArePerGramOfCarbon) {
 }
 
 TEST(RealDatabase, FreeIonsCarryMolarMassesAndMsaDiameters) {
-    const ChemicalSystem& chem = RealChem();
+    const Database& chem = RealChem();
     const Component& ca = chem.components[Comp(chem, "Ca")];
     EXPECT_EQ(ca.type, Cation);
     EXPECT_EQ(ca.charge, 2);

@@ -6,16 +6,16 @@
 #include <cstdio>
 #include <string>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "core/database_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     using namespace tormel;
     static const std::string path = "/tmp/tormel-fuzz-db-" + std::to_string(getpid());
     if (!WriteFileAtomically(path, std::string_view(reinterpret_cast<const char*>(data), size))) return 0;
-    ChemicalSystem chem;
+    Database chem;
     if (!ReadComponentFile(chem, path)) ReadEquilibriumFile(chem, path);
-    ChemicalSystem other;
+    Database other;
     // equilibria against a small valid component table, so pairs get checked
     other.components.resize(5);
     other.components[0].type = Cation;

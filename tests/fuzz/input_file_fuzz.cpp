@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (!tormel::WriteFileAtomically(path, std::string_view(reinterpret_cast<const char*>(data) + 1, size - 1)))
         return 0;
 
-    tormel::ChemicalSystem chem = tormel::test::InputTestSystem();
+    tormel::Database chem = tormel::test::InputTestSystem();
     tormel::InputProblem input;
     tormel::SetProgramDefaults(input, chem);
     auto error = tormel::LoadInputFile(path, input, chem);
@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     // every number was read whole and every code is within its set, so
     // every file that reads writes a file that reads back the same
     const std::string written = tormel::FormatInputFile(input, chem);
-    tormel::ChemicalSystem chemBack = tormel::test::InputTestSystem();
+    tormel::Database chemBack = tormel::test::InputTestSystem();
     tormel::InputProblem back;
     auto again = tormel::ReadInputText(tormel::Utf8ToUtf16(written), ".i64", back, chemBack);
     if (again) std::abort();

@@ -20,11 +20,10 @@ protected:
     ConsistencyResult Check() { return CheckConsistency(input, chem, language); }
     std::string T(const std::string& key) { return LanguageText(language, "Input", key); }
     void Give(int32_t index, double value, int32_t type) {
-        chem.components[static_cast<size_t>(index)].inputValue = value;
-        chem.components[static_cast<size_t>(index)].inputType = type;
+        input.components[static_cast<size_t>(index)] = {value, type};
     }
 
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     Language language = test::English();
 };

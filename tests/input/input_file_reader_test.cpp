@@ -35,9 +35,9 @@ protected:
         return LoadInputFile(folder.File(name), input, chem);
     }
 
-    const Component& C(int32_t index) const { return chem.components[static_cast<size_t>(index)]; }
+    const ComponentInput& C(int32_t index) const { return input.components[static_cast<size_t>(index)]; }
 
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     test::TempFolder folder;
 };
@@ -86,7 +86,7 @@ TEST_F(InputFileReader, LabelledValuesAreReadByTheirLabels) {
 TEST_F(InputFileReader, ComponentLineWithoutTypeTextKeepsTheProgramDefault) {
     // A type left over from before the read does not survive: the reader
     // sets the program defaults first.
-    chem.components[I::Ca].inputType = InpTypeFreeConc;
+    input.components[I::Ca].inputType = InpTypeFreeConc;
     ASSERT_FALSE(Read(kHeader + "Ca: 0.001\nNa: 0.003 (something else)\nCl: 0.004 (total concentration)\n"));
     EXPECT_EQ(C(I::Ca).inputValue, 0.001);
     EXPECT_EQ(C(I::Ca).inputType, InpTypeTotalConc);

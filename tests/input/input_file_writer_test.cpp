@@ -46,32 +46,32 @@ protected:
         input.organicModel = Model6;
         input.docConcentration = 2.5;
         input.fulvicFraction = 0.25;
-        chem.components[I::H] = WithInput(chem.components[I::H], 3.2e-3, InpTypeTotalConc);
-        chem.components[I::e] = WithInput(chem.components[I::e], 1e-8, InpTypeFreeAct);
-        chem.components[I::Ca] = WithInput(chem.components[I::Ca], 1e-3, InpTypeTotalConc);
-        chem.components[I::Na] = WithInput(chem.components[I::Na], 2.5e-6, InpTypeFreeConc);
-        chem.components[I::FeIII] = WithInput(chem.components[I::FeIII], 1e-9, InpTypeFreeAct);
-        chem.components[I::OH] = WithInput(chem.components[I::OH], 4e-4, InpTypeNotSpecified);
-        chem.components[I::CO2g] = WithInput(chem.components[I::CO2g], 3.5e-4, InpTypeGasPres);
-        chem.components[I::SurfOH] = WithInput(chem.components[I::SurfOH], 0.125, InpTypeTotalConc);
+        Give(input, I::H, 3.2e-3, InpTypeTotalConc);
+        Give(input, I::e, 1e-8, InpTypeFreeAct);
+        Give(input, I::Ca, 1e-3, InpTypeTotalConc);
+        Give(input, I::Na, 2.5e-6, InpTypeFreeConc);
+        Give(input, I::FeIII, 1e-9, InpTypeFreeAct);
+        Give(input, I::OH, 4e-4, InpTypeNotSpecified);
+        Give(input, I::CO2g, 3.5e-4, InpTypeGasPres);
+        Give(input, I::SurfOH, 0.125, InpTypeTotalConc);
     }
 
-    static Component WithInput(Component c, double value, int32_t type) {
-        c.inputValue = value;
-        c.inputType = type;
-        return c;
+    static void Give(InputProblem& problem, int32_t index, double value, int32_t type) {
+        problem.components[static_cast<size_t>(index)] = {value, type};
     }
 
-    static void ExpectSameComponentInputs(const ChemicalSystem& expected, const ChemicalSystem& actual) {
-        ASSERT_EQ(expected.components.size(), actual.components.size());
+    static void ExpectSameComponentInputs(const Database& chem, const InputProblem& expected,
+                                          const InputProblem& actual) {
+        ASSERT_EQ(expected.components.size(), chem.components.size());
+        ASSERT_EQ(actual.components.size(), chem.components.size());
         for (size_t i = 0; i < expected.components.size(); ++i) {
-            SCOPED_TRACE(expected.components[i].name);
+            SCOPED_TRACE(chem.components[i].name);
             EXPECT_EQ(actual.components[i].inputValue, expected.components[i].inputValue);
             EXPECT_EQ(actual.components[i].inputType, expected.components[i].inputType);
         }
     }
 
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     test::RecordingUi ui;
     Language language = test::English();
@@ -134,7 +134,7 @@ TEST_F(InputFileWriter, EveryOptionAndComponentLineIsWritten) {
 }
 
 TEST_F(InputFileWriter, ElectronLineOnlyWithRedoxAndAlwaysAsFreeActivity) {
-    chem.components[I::e] = WithInput(chem.components[I::e], 1e-4, InpTypeTotalConc);
+    Give(input, I::e, 1e-4, InpTypeTotalConc);
     EXPECT_EQ(FormatInputFile(input, chem).find("\ne:"), std::string::npos);
     input.redox = true;
     EXPECT_NE(FormatInputFile(input, chem).find("\ne: 0.0001 (free activity)\n"), std::string::npos);
@@ -147,11 +147,11 @@ TEST_F(InputFileWriter, RoundTripKeepsEveryOptionAndComponent) {
 
     InputProblem back;
     back.modified = true;
-    ChemicalSystem chemBack = test::InputTestSystem();
+    Database chemBack = test::InputTestSystem();
     ASSERT_FALSE(LoadInputFile(path, back, chemBack).has_value());
     // every option has a line (see above), so equal texts mean equal options
     EXPECT_EQ(FormatInputFile(back, chemBack), FormatInputFile(input, chem));
-    ExpectSameComponentInputs(chem, chemBack);
+    ExpectSameComponentInputs(chem, input, back);
     EXPECT_EQ(back.currentInputFile, path);
     EXPECT_FALSE(back.modified);
 }
@@ -159,13 +159,12 @@ TEST_F(InputFileWriter, RoundTripKeepsEveryOptionAndComponent) {
 TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
     const ChemicalSystem* database = test::RealDatabase();
     ASSERT_NE(database, nullptr);
-    ChemicalSystem real = *database;
+    const Database& real = database->db();
     SetProgramDefaults(input, real);
     auto give = [&](const char* name, double value, int32_t type = InpTypeTotalConc) {
         const int32_t index = real.FindComponent(name);
         ASSERT_GE(index, 0) << name;
-        Component& c = real.components[static_cast<size_t>(index)];
-        c = WithInput(c, value, type);
+        Give(input, index, value, type);
     };
     input.description = "Seewasser – Probe 7";
     input.redox = input.adsorption = input.precipitation = input.organicComplexation = true;
@@ -186,11 +185,11 @@ TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
 
     const std::string path = folder.File("lake.i64");
     ASSERT_TRUE(WriteInputFile(path, input, real, ui.services, language));
-    ChemicalSystem back = *database;
+    const Database& back = database->db();
     InputProblem backInput;
     ASSERT_FALSE(LoadInputFile(path, backInput, back));
     EXPECT_EQ(FormatInputFile(backInput, back), FormatInputFile(input, real));
-    ExpectSameComponentInputs(real, back);
+    ExpectSameComponentInputs(real, input, backInput);
     EXPECT_EQ(backInput.neutraliseCation, input.neutraliseCation);
     EXPECT_EQ(backInput.neutraliseAnion, input.neutraliseAnion);
 }
@@ -208,7 +207,7 @@ TEST_F(InputFileWriter, ModelOrCorrectionOutsideTheirSetsRunIntoTheNextLine) {
     const std::string path = folder.File("odd.i64");
     ASSERT_TRUE(WriteInputFile(path, input, chem, ui.services, language));
     InputProblem back;
-    ChemicalSystem chemBack = test::InputTestSystem();
+    Database chemBack = test::InputTestSystem();
     const std::optional<InputFileError> error = LoadInputFile(path, back, chemBack);
     ASSERT_TRUE(error.has_value());
     EXPECT_EQ(error->key, "ErrorNumber");
@@ -219,16 +218,16 @@ TEST_F(InputFileWriter, NumbersUseAPointWhateverTheLocale) {
     test::CommaLocale comma;
     if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma is installed";
     input.temperature = 12.5;
-    chem.components[I::Ca] = WithInput(chem.components[I::Ca], 1.5e-3, InpTypeTotalConc);
+    Give(input, I::Ca, 1.5e-3, InpTypeTotalConc);
     const std::string text = FormatInputFile(input, chem);
     InputProblem back;
-    ChemicalSystem chemBack = test::InputTestSystem();
+    Database chemBack = test::InputTestSystem();
     auto error = ReadInputText(Utf8ToUtf16(text), ".i64", back, chemBack);
     EXPECT_NE(text.find("Temperature: 12.5 \u00B0C\n"), std::string::npos);
     EXPECT_NE(text.find("Ca: 0.0015 (total concentration)\n"), std::string::npos);
     ASSERT_FALSE(error.has_value());
     EXPECT_EQ(back.temperature, 12.5);
-    EXPECT_EQ(chemBack.components[I::Ca].inputValue, 1.5e-3);
+    EXPECT_EQ(back.components[I::Ca].inputValue, 1.5e-3);
 }
 
 TEST_F(InputFileWriter, OldExtensionIsSavedAsNewFormat) {

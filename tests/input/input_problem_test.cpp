@@ -16,20 +16,18 @@ namespace {
 using I = test::InputTestIndex;
 
 TEST(InputProgramDefaults, EveryComponentGetsTheDefaultOfItsKind) {
-    ChemicalSystem chem = test::InputTestSystem();
-    for (Component& c : chem.components) {
-        c.inputValue = 42;
-        c.inputType = InpTypeFreeConc;
-    }
+    Database chem = test::InputTestSystem();
     // a water partner that is not a cation (its link is non-zero here)
     chem.components[I::Cl].waterPartnerOfOH = I::Na;
     InputProblem input;
+    input.components.assign(chem.components.size() + 3, ComponentInput{42, InpTypeFreeConc});
     SetProgramDefaults(input, chem);
+    ASSERT_EQ(input.components.size(), chem.components.size());
 
     auto expect = [&](int32_t index, double value, int32_t type) {
         SCOPED_TRACE(chem.components[static_cast<size_t>(index)].name);
-        EXPECT_EQ(chem.components[static_cast<size_t>(index)].inputValue, value);
-        EXPECT_EQ(chem.components[static_cast<size_t>(index)].inputType, type);
+        EXPECT_EQ(input.components[static_cast<size_t>(index)].inputValue, value);
+        EXPECT_EQ(input.components[static_cast<size_t>(index)].inputType, type);
     };
     expect(I::H, 1e-7, InpTypeFreeAct);
     expect(I::e, 1.0, InpTypeFreeAct);
@@ -68,7 +66,7 @@ protected:
 
     test::TempFolder temp;
     AppFolders folders;
-    ChemicalSystem chem;
+    Database chem;
     InputProblem input;
     Language language = test::English();
     test::RecordingUi ui;
@@ -81,13 +79,13 @@ TEST_F(InputCommands, ResetKeepsTheFixedIonicStrengthValue) {
     input.fixedIonicStrength = 0.05;
     input.currentInputFile = temp.File("x.i64");
     input.modified = true;
-    chem.components[I::H].inputValue = 0.5;
+    input.components[I::H].inputValue = 0.5;
 
     ResetToProgramDefaults(Session());
     EXPECT_FALSE(input.ionicStrengthFixed);
     EXPECT_EQ(input.fixedIonicStrength, 0.05);
-    EXPECT_EQ(chem.components[I::H].inputValue, 1e-7);
-    EXPECT_EQ(chem.components[I::H].inputType, InpTypeFreeAct);
+    EXPECT_EQ(input.components[I::H].inputValue, 1e-7);
+    EXPECT_EQ(input.components[I::H].inputType, InpTypeFreeAct);
     EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: program defaults");
     EXPECT_EQ(titleRefreshes, 1);
     ASSERT_EQ(ui.messages.size(), 1u);
@@ -103,7 +101,7 @@ TEST_F(InputCommands, UserDefaultsAreSavedLoadedAndTitled) {
     EXPECT_EQ(ui.messages[0].lines.at(0), Text("FileNotFound"));
     EXPECT_EQ(ui.messages[0].icon, IconWarning);
 
-    chem.components[I::Ca].inputValue = 0.002;
+    input.components[I::Ca].inputValue = 0.002;
     input.modified = true;
     ASSERT_TRUE(SaveAsUserDefaults(Session()));  // no question: the file is new
     EXPECT_EQ(ui.messages.back().lines.at(0), "\n" + Text("InputSaved"));
@@ -116,7 +114,7 @@ TEST_F(InputCommands, UserDefaultsAreSavedLoadedAndTitled) {
     ResetToProgramDefaults(Session());
     ui.messages.clear();
     ASSERT_TRUE(LoadUserDefaults(Session()));
-    EXPECT_EQ(chem.components[I::Ca].inputValue, 0.002);
+    EXPECT_EQ(input.components[I::Ca].inputValue, 0.002);
     EXPECT_EQ(input.currentInputFile, path);
     EXPECT_FALSE(input.modified);
     ASSERT_EQ(ui.messages.size(), 1u);
@@ -129,7 +127,7 @@ TEST_F(InputCommands, ExistingUserDefaultsAreReplacedOnlyWhenConfirmed) {
     const std::string path = UserDefaultsPath(folders.inputFolder);
     ASSERT_TRUE(SaveAsUserDefaults(Session()));
     const auto before = ReadBinaryFile(path);
-    chem.components[I::Ca].inputValue = 0.003;
+    input.components[I::Ca].inputValue = 0.003;
     input.currentInputFile.clear();
     input.modified = true;
 
@@ -151,8 +149,8 @@ TEST_F(InputCommands, ExistingUserDefaultsAreReplacedOnlyWhenConfirmed) {
 TEST_F(InputCommands, OpenReportsConsistencyFindingsAndFailures) {
     const std::string good = temp.File("two totals.i64");
     input.redox = true;
-    chem.components[I::FeII].inputValue = 1e-5;
-    chem.components[I::FeIII].inputValue = 2e-5;
+    input.components[I::FeII].inputValue = 1e-5;
+    input.components[I::FeIII].inputValue = 2e-5;
     ASSERT_TRUE(WriteInputFile(good, input, chem, ui.services, language));
     ResetToProgramDefaults(Session());
     ui.messages.clear();

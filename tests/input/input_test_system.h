@@ -8,7 +8,7 @@
 #include <string>
 #include <utility>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 
 namespace tormel::test {
 
@@ -17,9 +17,9 @@ struct InputTestIndex {
                              HS = 10, SurfOH = 11, CO2g = 12, S = 13;
 };
 
-inline ChemicalSystem InputTestSystem() {
+inline Database InputTestSystem() {
     using I = InputTestIndex;
-    ChemicalSystem chem;
+    Database chem;
     auto add = [&](int32_t type, const char* name, int32_t charge, double molarMass) {
         Component c;
         c.type = type;

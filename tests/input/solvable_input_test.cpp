@@ -27,55 +27,55 @@ TEST(SolvableInput, RefusesNegativeNonFiniteValuesAndCriteriaThatAreNoRatioAbove
     const std::string criterion = LanguageText(language, "Input", "UnsolvableCriterion") + " Convergence criterion";
     struct Case {
         const char* what;
-        std::function<void(InputProblem&, ChemicalSystem&)> change;
+        std::function<void(InputProblem&, Database&)> change;
         std::string lines;  // empty: accepted
     } cases[] = {
-        {"program defaults", [](InputProblem&, ChemicalSystem&) {}, ""},
-        {"criterion 1.0001", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = 1.0001; }, ""},
-        {"criterion 0.9999, its reciprocal", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = 0.9999; }, ""},
-        {"criterion 1", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = 1; }, criterion},
-        {"criterion 0", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = 0; }, criterion},
-        {"criterion -2", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = -2; }, criterion},
-        {"criterion 1e-320", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = 1e-320; }, criterion},
-        {"criterion NaN", [](InputProblem& in, ChemicalSystem&) { in.convergenceCriterion = kNaN; }, criterion},
+        {"program defaults", [](InputProblem&, Database&) {}, ""},
+        {"criterion 1.0001", [](InputProblem& in, Database&) { in.convergenceCriterion = 1.0001; }, ""},
+        {"criterion 0.9999, its reciprocal", [](InputProblem& in, Database&) { in.convergenceCriterion = 0.9999; }, ""},
+        {"criterion 1", [](InputProblem& in, Database&) { in.convergenceCriterion = 1; }, criterion},
+        {"criterion 0", [](InputProblem& in, Database&) { in.convergenceCriterion = 0; }, criterion},
+        {"criterion -2", [](InputProblem& in, Database&) { in.convergenceCriterion = -2; }, criterion},
+        {"criterion 1e-320", [](InputProblem& in, Database&) { in.convergenceCriterion = 1e-320; }, criterion},
+        {"criterion NaN", [](InputProblem& in, Database&) { in.convergenceCriterion = kNaN; }, criterion},
         {"negative total",
-         [](InputProblem&, ChemicalSystem& chem) { chem.components[I::Ca].inputValue = -0.001; },
+         [](InputProblem& in, Database&) { in.components[I::Ca].inputValue = -0.001; },
          negative + " Ca"},
         {"negative free activity of H",
-         [](InputProblem&, ChemicalSystem& chem) { chem.components[I::H].inputValue = -1e-7; }, negative + " H"},
+         [](InputProblem& in, Database&) { in.components[I::H].inputValue = -1e-7; }, negative + " H"},
         {"infinite gas pressure",
-         [](InputProblem&, ChemicalSystem& chem) { chem.components[I::CO2g].inputValue = kInf; },
+         [](InputProblem& in, Database&) { in.components[I::CO2g].inputValue = kInf; },
          notFinite + " CO2(g)"},
-        {"temperature below zero", [](InputProblem& in, ChemicalSystem&) { in.temperature = -5; }, ""},
-        {"temperature NaN", [](InputProblem& in, ChemicalSystem&) { in.temperature = kNaN; }, notFinite + " Temperature"},
+        {"temperature below zero", [](InputProblem& in, Database&) { in.temperature = -5; }, ""},
+        {"temperature NaN", [](InputProblem& in, Database&) { in.temperature = kNaN; }, notFinite + " Temperature"},
         {"negative ionic strength, calculated",
-         [](InputProblem& in, ChemicalSystem&) { in.fixedIonicStrength = -1; }, ""},
+         [](InputProblem& in, Database&) { in.fixedIonicStrength = -1; }, ""},
         {"negative ionic strength, fixed",
-         [](InputProblem& in, ChemicalSystem&) {
+         [](InputProblem& in, Database&) {
              in.ionicStrengthFixed = true;
              in.fixedIonicStrength = -1;
          },
          negative + " Ionic strength"},
         {"organic values without organic matter",
-         [](InputProblem& in, ChemicalSystem&) { in.docConcentration = kInf; }, ""},
+         [](InputProblem& in, Database&) { in.docConcentration = kInf; }, ""},
         {"organic values with organic matter",
-         [](InputProblem& in, ChemicalSystem&) {
+         [](InputProblem& in, Database&) {
              in.organicComplexation = true;
              in.docConcentration = -1;
              in.fulvicFraction = kNaN;
          },
          negative + " Concentration (mg/L C)\n" + notFinite + " Fraction of fulvic acids"},
         {"every field at once",
-         [](InputProblem& in, ChemicalSystem& chem) {
+         [](InputProblem& in, Database&) {
              in.convergenceCriterion = 1;
-             chem.components[I::Na].inputValue = -1;
-             chem.components[I::Cl].inputValue = kNaN;
+             in.components[I::Na].inputValue = -1;
+             in.components[I::Cl].inputValue = kNaN;
          },
          criterion + "\n" + negative + " Na\n" + notFinite + " Cl"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
-        ChemicalSystem chem = test::InputTestSystem();
+        Database chem = test::InputTestSystem();
         InputProblem input;
         SetProgramDefaults(input, chem);
         c.change(input, chem);

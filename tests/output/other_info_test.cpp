@@ -32,7 +32,7 @@ struct HandSet {
         records.components[0].percentagesAllowed = false;
         records.componentInfos.push_back({"H", Cation, 1e-7, 1.008, InpTypeFreeAct});
     }
-    const InfoBlocks& Build(const ChemicalSystem* database = nullptr) {
+    const InfoBlocks& Build(const Database* database = nullptr) {
         StoreSetRecords(store, 0, records);
         BuildOtherInfo(store, 0, ResultContext{language, settings, options, DecimalSeparator{}}, database);
         return set.otherInfo;
@@ -332,7 +332,7 @@ TEST(OtherInfo, InputEchoListsOptionsRedoxAndComponents) {
     h.records.componentInfos.push_back({"Fe+2", Cation, 1e-5, 55.8, InpTypeTotalConc});
     h.records.componentInfos.push_back({"e", Electron, 1e-4, 0, InpTypeFreeAct});
     h.records.componentInfos.push_back({"Fe+3", RedSol, 2e-6, 55.8, 5});
-    ChemicalSystem database;
+    Database database;
     database.components.resize(3);
     database.components[1].name = "Na";
     database.components[2].name = "Cl";

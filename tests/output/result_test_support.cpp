@@ -302,12 +302,12 @@ bool WriteReferenceInput(const std::string& file, const std::string& path, doubl
     ChemicalSystem chem;
     InputProblem input;
     if (!PrepareReferenceCase(*reference, *database, 1.0001, chem, input)) return false;
-    for (int32_t k = 0; k < chem.ComponentCount(); ++k) {
-        Component& c = chem.components[k];
-        if (k != chem.hydrogenIndex && c.inputType == InpTypeTotalConc) c.inputValue *= scale;
+    for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
+        ComponentInput& c = input.components[k];
+        if (k != chem.db().hydrogenIndex && c.inputType == InpTypeTotalConc) c.inputValue *= scale;
     }
     input.description = description.empty() ? reference->TextOr("description", "") : description;
-    return WriteUtf16File(path, std::string_view(FormatInputFile(input, chem)));
+    return WriteUtf16File(path, std::string_view(FormatInputFile(input, chem.db())));
 }
 
 }  // namespace tormel::test

@@ -28,12 +28,12 @@ TEST(ShellDatabaseStartup, FirstStartCopiesTheRawDataAndLoadsIt) {
     DatabaseStartupResult r = s.Run();
     EXPECT_EQ(r.outcome, DatabaseStartup::Loaded);
     EXPECT_TRUE(r.refreshed);
-    EXPECT_EQ(s.chem.ComponentCount(), test::SyntheticDatabase().ComponentCount());
+    EXPECT_EQ(s.chem.db().ComponentCount(), test::SyntheticDatabase().ComponentCount());
     EXPECT_TRUE(s.ui.messages.empty());
     // the next start finds current working copies
     ChemicalSystem again;
     EXPECT_FALSE(PrepareDatabase(again, s.folders, Language(), s.ui.services).refreshed);
-    std::string summary = DatabaseSummary(again, s.folders.dataFolder);
+    std::string summary = DatabaseSummary(again.db(), s.folders.dataFolder);
     EXPECT_NE(summary.find("Components: 16"), std::string::npos) << summary;
     EXPECT_NE(summary.find("Contents: Synthetic equilibria"), std::string::npos) << summary;
 }
@@ -50,7 +50,7 @@ TEST(ShellDatabaseStartup, DamagedWorkingCopyNamesTheFile) {
     EXPECT_EQ(r.outcome, DatabaseStartup::LoadFailed);
     ASSERT_EQ(s.ui.messages.size(), 1u);
     EXPECT_NE(s.ui.messages[0].lines.at(0).find("EQUILIB.D64"), std::string::npos);
-    EXPECT_EQ(s.chem.ComponentCount(), 0);
+    EXPECT_EQ(s.chem.db().ComponentCount(), 0);
 }
 
 }  // namespace

@@ -67,8 +67,8 @@ TEST_F(Startup, RunsItsStepsInOrderAndLeavesAReadyWorkspace) {
     for (const std::string* f : {&ws.folders.dataFolder, &ws.folders.inputFolder, &ws.folders.outputFolder})
         EXPECT_TRUE(std::filesystem::is_directory(*f)) << *f;
     EXPECT_TRUE(FileExists(ws.folders.languageFile));
-    ASSERT_GT(ws.chem.ComponentCount(), 50);
-    EXPECT_EQ(ws.chem.components[ws.chem.hydrogenIndex].inputType, InpTypeFreeAct) << "program defaults: pH 7";
+    ASSERT_GT(ws.chem.db().ComponentCount(), 50);
+    EXPECT_EQ(ws.input.components[ws.chem.db().hydrogenIndex].inputType, InpTypeFreeAct) << "program defaults: pH 7";
 
     SaveSettingsAndShutDown(ws, recorder.hooks);
     EXPECT_EQ(recorder.steps.back(), "release");
@@ -93,7 +93,7 @@ TEST_F(Startup, WithoutLanguageFilesOrDatabaseTheSessionEnds) {
     const StartupOutcome noLanguage = InitializeApplication(noLanguages, CommandLine{}, recorder.hooks, {});
     EXPECT_TRUE(noLanguage.endProcess);
     EXPECT_EQ(noLanguage.exitCode, 0);
-    EXPECT_EQ(noLanguages.chem.ComponentCount(), 0);
+    EXPECT_EQ(noLanguages.chem.db().ComponentCount(), 0);
     EXPECT_EQ(recorder.steps.back(), "release");
 
     // languages but no raw data: the refresh fails and the session ends
@@ -104,7 +104,7 @@ TEST_F(Startup, WithoutLanguageFilesOrDatabaseTheSessionEnds) {
     Workspace noDatabase(FoldersUnder(folder, program), ui.services);
     const StartupOutcome refresh = InitializeApplication(noDatabase, CommandLine{}, recorder.hooks, {});
     EXPECT_TRUE(refresh.endProcess);
-    EXPECT_EQ(noDatabase.chem.ComponentCount(), 0);
+    EXPECT_EQ(noDatabase.chem.db().ComponentCount(), 0);
     ASSERT_FALSE(ui.messages.empty());
     EXPECT_EQ(ui.messages.back().icon, IconError);
 }

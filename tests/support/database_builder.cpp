@@ -23,7 +23,7 @@ Equilibrium MakeEquilibrium(int32_t type, const std::string& name, int32_t charg
     return q;
 }
 
-int32_t ChargeSquareSum(const ChemicalSystem& chem, std::initializer_list<ReactionTerm> terms) {
+int32_t ChargeSquareSum(const Database& chem, std::initializer_list<ReactionTerm> terms) {
     int32_t sum = 0;
     for (auto [c, nu] : terms) {
         const int32_t z = chem.components[c].charge;
@@ -32,7 +32,7 @@ int32_t ChargeSquareSum(const ChemicalSystem& chem, std::initializer_list<Reacti
     return sum;
 }
 
-int32_t AppendEquilibrium(ChemicalSystem& chem, Equilibrium eq, std::initializer_list<ReactionTerm> terms) {
+int32_t AppendEquilibrium(Database& chem, Equilibrium eq, std::initializer_list<ReactionTerm> terms) {
     const int32_t index = chem.EquilibriumCount();
     const int32_t columns = index + 1;
     std::vector<int32_t> widened(static_cast<size_t>(chem.ComponentCount()) * columns, 0);

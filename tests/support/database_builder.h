@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 
 namespace tormel::test {
 
@@ -18,11 +18,11 @@ Component MakeComponent(int32_t type, const std::string& name, int32_t charge, d
 Equilibrium MakeEquilibrium(int32_t type, const std::string& name, int32_t charge, double logK);
 
 // Sum of coefficient x charge^2 over the terms.
-int32_t ChargeSquareSum(const ChemicalSystem& chem, std::initializer_list<ReactionTerm> terms);
+int32_t ChargeSquareSum(const Database& chem, std::initializer_list<ReactionTerm> terms);
 
 // Appends `eq` with its column of the stoichiometry, which is laid out by
 // equilibrium count and so is widened; sets its component count and returns
 // its index.
-int32_t AppendEquilibrium(ChemicalSystem& chem, Equilibrium eq, std::initializer_list<ReactionTerm> terms);
+int32_t AppendEquilibrium(Database& chem, Equilibrium eq, std::initializer_list<ReactionTerm> terms);
 
 }  // namespace tormel::test

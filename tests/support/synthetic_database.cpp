@@ -9,7 +9,7 @@ namespace tormel::test {
 
 namespace {
 
-int32_t AddComponent(ChemicalSystem& chem, int32_t type, const std::string& name, int32_t charge, double mass = 0,
+int32_t AddComponent(Database& chem, int32_t type, const std::string& name, int32_t charge, double mass = 0,
                      double diameter = 0, int32_t model = 0) {
     Component c = MakeComponent(type, name, (type == RedSol || type == Gas) ? 0 : charge, mass, diameter);
     c.organicModel = model;
@@ -26,8 +26,8 @@ Equilibrium Eq(int32_t type, const std::string& name, int32_t charge, double log
 
 }  // namespace
 
-ChemicalSystem SyntheticDatabase() {
-    ChemicalSystem chem;
+Database SyntheticDatabase() {
+    Database chem;
     const int32_t h = AddComponent(chem, Cation, "H", 1, 1.008, 9e-10);
     const int32_t oh = AddComponent(chem, Ligand, "OH", -1, 17.007, 3.5e-10);
     const int32_t e = AddComponent(chem, Electron, "e", -1);
@@ -97,13 +97,13 @@ std::array<DatabaseFileHeader, 6> SyntheticHeaders(const std::string& version) {
             {"Synthetic Model 6", version},                      {"Synthetic Model 7", version}};
 }
 
-void WriteSyntheticWorkingCopies(const ChemicalSystem& chem, const std::string& dataFolder, const std::string& version) {
+void WriteSyntheticWorkingCopies(const Database& chem, const std::string& dataFolder, const std::string& version) {
     std::filesystem::create_directories(dataFolder);
     if (!WriteDatabaseFiles(chem, dataFolder, "D64", SyntheticHeaders(version), {}))
         throw std::runtime_error("cannot write the synthetic database");
 }
 
-void WriteSyntheticRawData(const ChemicalSystem& chem, const std::string& programFolder, const std::string& version) {
+void WriteSyntheticRawData(const Database& chem, const std::string& programFolder, const std::string& version) {
     std::filesystem::create_directories(programFolder + "RawData");
     if (!WriteDatabaseFiles(chem, programFolder + "RawData/", "RW64", SyntheticHeaders(version), {}))
         throw std::runtime_error("cannot write the synthetic raw data");

@@ -5,19 +5,19 @@
 #include <array>
 #include <string>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "core/database_files.h"
 
 namespace tormel::test {
 
-ChemicalSystem SyntheticDatabase();
+Database SyntheticDatabase();
 std::array<DatabaseFileHeader, 6> SyntheticHeaders(const std::string& version = "1.0");
 
 // Writes the synthetic database into `folder` as working copies (".D64") or
 // raw data files (".RW64", into folder + "RawData/").
-void WriteSyntheticWorkingCopies(const ChemicalSystem& chem, const std::string& dataFolder,
+void WriteSyntheticWorkingCopies(const Database& chem, const std::string& dataFolder,
                                  const std::string& version = "1.0");
-void WriteSyntheticRawData(const ChemicalSystem& chem, const std::string& programFolder,
+void WriteSyntheticRawData(const Database& chem, const std::string& programFolder,
                            const std::string& version = "1.0");
 
 }  // namespace tormel::test

@@ -61,11 +61,11 @@ TEST(DesktopCalculation, NeutralSolutionRunsTheNeutralisationWindow) {
     ASSERT_FALSE(fixture.Start().endProcess);
     Workspace& ws = fixture.Ws();
     ChemicalSystem& chem = ws.chem;
-    chem.components[chem.FindComponent("Ca")].inputValue = 1e-3;
-    chem.components[chem.FindComponent("Cl")].inputValue = 1e-3;
+    ws.input.components[chem.db().FindComponent("Ca")].inputValue = 1e-3;
+    ws.input.components[chem.db().FindComponent("Cl")].inputValue = 1e-3;
     ws.input.forceNeutral = true;
-    ws.input.neutraliseCation = chem.FindComponent("Na");
-    ws.input.neutraliseAnion = chem.FindComponent("Cl");
+    ws.input.neutraliseCation = chem.db().FindComponent("Na");
+    ws.input.neutraliseAnion = chem.db().FindComponent("Cl");
     WindowWatch watch(fixture.session->Ui(), false);
     fixture.Window().DispatchCommand(1121);
     EXPECT_TRUE(watch.sawNeutralise);

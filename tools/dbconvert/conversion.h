@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "core/database_files.h"
 #include "minteq_file.h"
 
@@ -34,7 +34,7 @@ struct ConversionReport {
 };
 
 struct ConversionResult {
-    tormel::ChemicalSystem chem;
+    tormel::Database chem;
     ConversionReport report;
     std::array<tormel::OrganicParameterDescriptions, 3> descriptions;  // by model code - 2
     std::array<tormel::DatabaseFileHeader, 6> headers;

@@ -34,7 +34,7 @@ constexpr Analogy kAnalogies[] = {
 };
 
 // "Ca" with charge 2 -> "Ca+2", the species formula the converter keys on.
-std::string SpeciesFormula(const tormel::ChemicalSystem& database, const std::string& component) {
+std::string SpeciesFormula(const tormel::Database& database, const std::string& component) {
     const int32_t charge = database.components[database.FindComponent(component)].charge;
     std::string formula = component + (charge > 0 ? "+" : "-");
     if (std::abs(charge) > 1) formula += std::to_string(std::abs(charge));
@@ -59,7 +59,7 @@ void Entry(std::string& text, const std::string& species, double diameter, const
 
 }  // namespace
 
-bool WriteDiameterTable(const std::string& path, const tormel::ChemicalSystem& database,
+bool WriteDiameterTable(const std::string& path, const tormel::Database& database,
                         const std::vector<FittedIon>& fitted, std::string& error) {
     std::string text =
         "// MSA ion diameters (m) fitted by tormel-msafit to the measured mean activity\n"

@@ -18,12 +18,12 @@ constexpr double kHighest = 12.0 * kAngstrom;
 constexpr double kTolerance = 0.002 * kAngstrom;
 constexpr int kMaxRounds = 8;
 
-double& DiameterOf(tormel::ChemicalSystem& chem, const std::string& component) {
+double& DiameterOf(tormel::Database& chem, const std::string& component) {
     return chem.components[chem.FindComponent(component)].ionDiameter;
 }
 
 // The worst relative deviation over the salts containing the ion.
-double WorstDeviation(const tormel::ChemicalSystem& chem, const std::vector<const MeasuredSalt*>& salts) {
+double WorstDeviation(const tormel::Database& chem, const std::vector<const MeasuredSalt*>& salts) {
     double worst = 0;
     for (const MeasuredSalt* salt : salts)
         for (double d : SaltDeviations(chem, *salt, kFitUpTo))
@@ -54,7 +54,7 @@ double GoldenSection(WorstAt worstAt) {
 }
 
 struct FitWork {
-    tormel::ChemicalSystem& chem;
+    tormel::Database& chem;
     std::map<std::string, std::vector<const MeasuredSalt*>> saltsOf;  // the salts an ion is fitted to
     std::map<std::string, std::vector<std::string>> cationsWith;      // anion -> cations fitted with it
 };
@@ -85,7 +85,7 @@ double FitAnion(FitWork& w, const std::string& anion) {
 
 }  // namespace
 
-double StartDiameter(const tormel::ChemicalSystem& database, const std::string& component) {
+double StartDiameter(const tormel::Database& database, const std::string& component) {
     // crystal diameters: twice the Pauling radii of the halides as Robinson &
     // Stokes (1959) tabulate them, twice the thermochemical radii of NO3- and
     // SO4-2 (Marcus Y. (1988) Chem. Rev. 88, 1475)
@@ -98,7 +98,7 @@ double StartDiameter(const tormel::ChemicalSystem& database, const std::string& 
     return database.components[database.FindComponent(component)].ionDiameter;
 }
 
-std::vector<FittedIon> FitDiameters(tormel::ChemicalSystem& database, const std::vector<MeasuredSalt>& salts) {
+std::vector<FittedIon> FitDiameters(tormel::Database& database, const std::vector<MeasuredSalt>& salts) {
     // cations first, then anions, each in the order of the table
     FitWork w{database, {}, {}};
     std::vector<FittedIon> ions;

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/chemical_system.h"
+#include "core/database.h"
 #include "measured_table.h"
 
 namespace msafit {
@@ -26,10 +26,10 @@ constexpr double kFitUpTo = 1.0;  // mol/kg
 // Start value of an anion: its crystal (Pauling) diameter where known, the
 // usual choice of MSA fits of real salts; cations start at the database's
 // present size.
-double StartDiameter(const tormel::ChemicalSystem& database, const std::string& component);
+double StartDiameter(const tormel::Database& database, const std::string& component);
 
 // Fits every ion of `salts`; `database` holds the diameters used and is
 // left with the fitted ones.
-std::vector<FittedIon> FitDiameters(tormel::ChemicalSystem& database, const std::vector<MeasuredSalt>& salts);
+std::vector<FittedIon> FitDiameters(tormel::Database& database, const std::vector<MeasuredSalt>& salts);
 
 }  // namespace msafit

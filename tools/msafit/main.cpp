@@ -20,7 +20,7 @@ namespace {
 
 // The loader reads working copies (.D64): copy the raw files to a temporary
 // folder first.
-bool LoadRawDatabase(const std::string& rawFolder, tormel::ChemicalSystem& chem) {
+bool LoadRawDatabase(const std::string& rawFolder, tormel::Database& chem) {
     namespace fs = std::filesystem;
     std::error_code ec;
     const fs::path folder = fs::temp_directory_path(ec) / ("tormel_msafit_" + std::to_string(::getpid()));
@@ -37,7 +37,7 @@ bool LoadRawDatabase(const std::string& rawFolder, tormel::ChemicalSystem& chem)
     return !error;
 }
 
-void PrintTable(const char* title, const tormel::ChemicalSystem& chem, const std::vector<msafit::MeasuredSalt>& salts) {
+void PrintTable(const char* title, const tormel::Database& chem, const std::vector<msafit::MeasuredSalt>& salts) {
     std::printf("%s (model/measured - 1, molarity scale, at molality:)\n", title);
     for (const msafit::MeasuredSalt& salt : salts) msafit::PrintDeviations(chem, salt);
 }
@@ -49,7 +49,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: tormel-msafit <RawData folder> <measured table> <diameter table>\n");
         return 2;
     }
-    tormel::ChemicalSystem chem;
+    tormel::Database chem;
     if (!LoadRawDatabase(argv[1], chem)) {
         std::fprintf(stderr, "tormel-msafit: cannot load the database in %s\n", argv[1]);
         return 1;

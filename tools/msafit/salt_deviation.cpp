@@ -8,7 +8,7 @@
 
 namespace msafit {
 
-std::vector<double> SaltDeviations(const tormel::ChemicalSystem& database, const MeasuredSalt& salt,
+std::vector<double> SaltDeviations(const tormel::Database& database, const MeasuredSalt& salt,
                                    double upToMolality) {
     std::vector<double> deviations;
     for (const MeasuredPoint& point : salt.points) {
@@ -21,7 +21,7 @@ std::vector<double> SaltDeviations(const tormel::ChemicalSystem& database, const
     return deviations;
 }
 
-void PrintDeviations(const tormel::ChemicalSystem& database, const MeasuredSalt& salt) {
+void PrintDeviations(const tormel::Database& database, const MeasuredSalt& salt) {
     const std::vector<double> deviations = SaltDeviations(database, salt, salt.points.back().molality);
     std::printf("%-7s", salt.formula.c_str());
     for (size_t i = 0; i < deviations.size(); ++i)

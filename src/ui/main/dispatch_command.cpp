@@ -29,7 +29,7 @@ namespace {
 constexpr WebLink kContactLinks[] = {WebLink::Website, WebLink::Email, WebLink::Social, WebLink::Video};
 
 InputSession SessionOf(Workspace& ws, MainWindow* window) {
-    return InputSession{ws.input, ws.chem, ws.folders, ws.language, ws.Ui(),
+    return InputSession{ws.input, ws.chem.db(), ws.folders, ws.language, ws.Ui(),
                         [&ws](const std::string& path) { AddRecentFile(ws.recentFiles.input, path, ws.settings); },
                         [window] { window->UpdateStatusLine(); }};
 }
@@ -215,7 +215,7 @@ bool MainWindow::AskSaveInput() {
                                                   ? AskFileName(true, kInputFilter, ws_.folders.inputFolder)
                                                   : std::optional<std::string>(ws_.input.currentInputFile);
             if (path && !path->empty() &&
-                WriteInputFile(*path, ws_.input, ws_.chem, ws_.Ui(), ws_.language))
+                WriteInputFile(*path, ws_.input, ws_.chem.db(), ws_.Ui(), ws_.language))
                 AddRecentFile(ws_.recentFiles.input, ws_.input.currentInputFile, ws_.settings);
         }
     }
