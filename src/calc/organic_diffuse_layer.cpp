@@ -69,7 +69,7 @@ double DiffuseLayerVolume(const OrganicParameters& p, double concentration, doub
     return shell * (kParticlesPerMolePerCubicMetre / p.molarMass) * concentration * kz / (1 + kz);
 }
 
-void OrganicDiffuseLayer(CalcContext& ctx) {
+void OrganicDiffuseLayer(CalcContext& ctx, bool solveEnrichment) {
     ChemicalSystem& chem = ctx.chem;
     SolverState& st = ctx.state;
     OrganicState& org = st.organic;
@@ -90,8 +90,8 @@ void OrganicDiffuseLayer(CalcContext& ctx) {
 
     // counter-ion enrichment of each layer
     const ChargeSums sums = CounterIonsByCharge(chem, org.layerSpecies);
-    org.counterIonCapped = false;
-    for (int32_t f = 0; f < kOrganicFractions; ++f) {
+    if (solveEnrichment) org.counterIonCapped = false;
+    for (int32_t f = 0; f < kOrganicFractions && solveEnrichment; ++f) {
         const OrganicFraction& fr = org.fractions[f];
         if (!fr.present || !(fr.volume > 0)) continue;
         const double q = org.carry[f].charge * fr.concentration / fr.volume;
