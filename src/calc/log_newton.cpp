@@ -40,6 +40,11 @@ constexpr double kLeastUsefulDecrease = 0.01;
 // Dampings of the steps tried in turn: the Newton step, then Levenberg-
 // Marquardt steps turning towards the steepest descent.
 constexpr double kStepDampings[] = {0, 1e-6, 1e-3, 1, 1e3, 1e6};
+// With organic matter a Jacobian takes a species step for each of a few
+// hundred unknowns, while between steps the charges and the ionic strength
+// move the solution only a little: the last Jacobian is used again as long
+// as its step, taken whole, cuts the squared residuals to this share.
+constexpr double kReusedJacobianDecrease = 0.1;
 
 // How the residual of one balance is formed at the start of a step (and kept
 // through its line search). A balance whose sums are positive is compared in
@@ -209,6 +214,27 @@ LineSearchResult SearchAlong(CalcContext& ctx, const FallbackValues& x, const st
     return best;
 }
 
+// The step of the last Jacobian formed, when it still fits the unknowns and
+// cuts the residuals as kReusedJacobianDecrease asks.
+bool StepOfLastJacobian(CalcContext& ctx, const FallbackValues& x, const StepFrame& frame,
+                        const std::vector<double>& f0, FallbackValues& next) {
+    const FallbackState& fb = ctx.state.fallback;
+    const int32_t size = frame.Size(ctx.state.newton);
+    if (fb.jacobian.size() != static_cast<size_t>(size) * size || fb.jacobianSolids != ctx.state.newton.solidSpecies)
+        return false;
+    std::vector<double> minusF(size), step, f;
+    for (int32_t r = 0; r < size; ++r) minusF[r] = -f0[r];
+    if (!SolvePivoted(fb.jacobian, minusF, size, step)) return false;
+    const int32_t n = frame.FreeCount();
+    double largest = 0;
+    for (int32_t u = 0; u < n; ++u) largest = std::max(largest, std::fabs(step[u]));
+    if (largest > kLargestLogStep) return false;
+    const FallbackValues trial = Along(x, step, 1.0, n);
+    if (!Residuals(ctx, trial, frame, f) || !(SquaredNorm(f) <= kReusedJacobianDecrease * SquaredNorm(f0))) return false;
+    next = trial;
+    return true;
+}
+
 }  // namespace
 
 void FallbackUpdate(CalcContext& ctx, bool& converged) {
@@ -224,9 +250,16 @@ void FallbackUpdate(CalcContext& ctx, bool& converged) {
     const FallbackValues x = ReadFallbackValues(ctx, frame.layout);
     std::vector<double> f0, jac;
     const int32_t size = frame.Size(ns);
-    bool usable = Residuals(ctx, x, frame, f0) && Jacobian(ctx, x, f0, frame, jac);
     FallbackValues next = x;
-    if (usable) {
+    bool usable = Residuals(ctx, x, frame, f0);
+    const bool organic = OrganicModelActive(ctx);
+    const bool reused = usable && organic && StepOfLastJacobian(ctx, x, frame, f0, next);
+    usable = usable && (reused || Jacobian(ctx, x, f0, frame, jac));
+    if (usable && !reused && organic) {
+        st.fallback.jacobian = jac;
+        st.fallback.jacobianSolids = ns.solidSpecies;
+    }
+    if (usable && !reused) {
         std::vector<double> minusF(size);
         for (int32_t r = 0; r < size; ++r) minusF[r] = -f0[r];
         // the Newton step first; where its line search finds no decrease
