@@ -5,14 +5,18 @@
 // acceptors in proton-balance mode) and the saturation indices of the
 // present solids. The Jacobian is formed by differences through the solver's
 // own species and totals, so that every kind of species counts as the
-// iteration counts it; the activity coefficients stay fixed within a step
-// and follow between steps.
+// iteration counts it. The activity coefficients and, with organic matter,
+// the charges of the fractions and the counter-ion enrichment of their
+// diffuse layers stay fixed within a step and follow between steps, by the
+// same updates as in the iteration. The unknowns are laid out in
+// fallback_unknowns.h.
 #include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
 
 #include "calc/dense_solve.h"
+#include "calc/fallback_unknowns.h"
 #include "calc/solver.h"
 
 namespace tormel {
@@ -36,11 +40,11 @@ constexpr double kLeastUsefulDecrease = 0.01;
 // Dampings of the steps tried in turn: the Newton step, then Levenberg-
 // Marquardt steps turning towards the steepest descent.
 constexpr double kStepDampings[] = {0, 1e-6, 1e-3, 1, 1e3, 1e6};
-
-struct Unknowns {
-    std::vector<double> logFree;  // per component unknown
-    std::vector<double> amount;   // per present solid
-};
+// With organic matter a Jacobian takes a species step for each of a few
+// hundred unknowns, while between steps the charges and the ionic strength
+// move the solution only a little: the last Jacobian is used again as long
+// as its step, taken whole, cuts the squared residuals to this share.
+constexpr double kReusedJacobianDecrease = 0.1;
 
 // How the residual of one balance is formed at the start of a step (and kept
 // through its line search). A balance whose sums are positive is compared in
@@ -55,12 +59,11 @@ struct BalanceRow {
     double positive = 1, negative = 1;  // d(residual)/d(amount) per unit of a solid's coefficient, by its sign
 };
 
-std::vector<BalanceRow> BalanceRows(const CalcContext& ctx) {
+std::vector<BalanceRow> BalanceRows(const CalcContext& ctx, const FallbackLayout& layout) {
     const SolverState& st = ctx.state;
-    const NewtonSystem& ns = st.newton;
-    std::vector<BalanceRow> rows(ns.n);
-    for (int32_t u = 0; u < ns.n; ++u) {
-        const int32_t j = ns.unknownComponent[u];
+    std::vector<BalanceRow> rows(layout.FreeCount());
+    for (int32_t u = 0; u < layout.FreeCount(); ++u) {
+        const int32_t j = layout.free[u].component;
         const SystemComponent& sc = ctx.chem.systemComponents[j];
         BalanceRow& row = rows[u];
         const double total = sc.balanceTotal;
@@ -95,34 +98,28 @@ double BalanceResidual(const CalcContext& ctx, int32_t j, const BalanceRow& row)
     return std::log(positive / negative);
 }
 
-Unknowns CurrentUnknowns(const CalcContext& ctx) {
-    const NewtonSystem& ns = ctx.state.newton;
-    Unknowns x;
-    for (int32_t u = 0; u < ns.n; ++u)
-        x.logFree.push_back(std::log(ctx.chem.systemComponents[ns.unknownComponent[u]].freeConcentration));
-    for (int32_t k = 0; k < ns.m; ++k) x.amount.push_back(ctx.chem.species[ns.solidSpecies[k]].concentration);
-    return x;
-}
+// What one step works on: the layout of the unknowns and the form of each
+// balance's residual.
+struct StepFrame {
+    FallbackLayout layout;
+    std::vector<BalanceRow> rows;
 
-void PutUnknowns(CalcContext& ctx, const Unknowns& x) {
-    const NewtonSystem& ns = ctx.state.newton;
-    for (int32_t u = 0; u < ns.n; ++u)
-        ctx.chem.systemComponents[ns.unknownComponent[u]].freeConcentration = std::exp(x.logFree[u]);
-    for (int32_t k = 0; k < ns.m; ++k) ctx.chem.species[ns.solidSpecies[k]].concentration = x.amount[k];
-    FreeFromGivenMember(ctx);
-}
+    int32_t FreeCount() const { return layout.FreeCount(); }
+    int32_t Size(const NewtonSystem& ns) const { return layout.FreeCount() + ns.m; }
+};
 
-// Residuals at the unknowns x; false when one is not finite.
-bool Residuals(CalcContext& ctx, const Unknowns& x, const std::vector<BalanceRow>& rows, std::vector<double>& f) {
+// Residuals at the unknowns x; false when one is not finite. The organic
+// diffuse layers keep their counter-ion enrichment.
+bool Residuals(CalcContext& ctx, const FallbackValues& x, const StepFrame& frame, std::vector<double>& f) {
     ChemicalSystem& chem = ctx.chem;
     SolverState& st = ctx.state;
     const NewtonSystem& ns = st.newton;
-    PutUnknowns(ctx, x);
-    SpeciesConcentrations(chem);
+    WriteFallbackValues(ctx, frame.layout, x);
     bool ignored = true;
-    TotalsAndRatios(ctx, ignored);
-    f.assign(ns.Size(), 0);
-    for (int32_t u = 0; u < ns.n; ++u) f[u] = BalanceResidual(ctx, ns.unknownComponent[u], rows[u]);
+    SpeciesAndTotals(ctx, ignored, false);
+    const int32_t n = frame.FreeCount();
+    f.assign(frame.Size(ns), 0);
+    for (int32_t u = 0; u < n; ++u) f[u] = BalanceResidual(ctx, frame.layout.free[u].component, frame.rows[u]);
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t k = 0; k < ns.m; ++k) {
         const int32_t s = ns.solidSpecies[k];
@@ -131,7 +128,7 @@ bool Residuals(CalcContext& ctx, const Unknowns& x, const std::vector<BalanceRow
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             si += term.coefficient * std::log(chem.systemComponents[term.systemComponent].freeConcentration);
         }
-        f[ns.n + k] = si;
+        f[n + k] = si;
     }
     for (double v : f)
         if (!std::isfinite(v)) return false;
@@ -147,16 +144,17 @@ double SquaredNorm(const std::vector<double>& f) {
 // Jacobian of the residuals, row-major: the component columns by forward
 // differences, the solid columns exactly (a solid adds nu * amount to the
 // sums of its components).
-bool Jacobian(CalcContext& ctx, const Unknowns& x, const std::vector<double>& f0, const std::vector<BalanceRow>& rows,
+bool Jacobian(CalcContext& ctx, const FallbackValues& x, const std::vector<double>& f0, const StepFrame& frame,
               std::vector<double>& jac) {
     const NewtonSystem& ns = ctx.state.newton;
-    const int32_t size = ns.Size();
+    const int32_t n = frame.FreeCount();
+    const int32_t size = frame.Size(ns);
     jac.assign(static_cast<size_t>(size) * size, 0);
     std::vector<double> f;
-    for (int32_t v = 0; v < ns.n; ++v) {
-        Unknowns moved = x;
+    for (int32_t v = 0; v < n; ++v) {
+        FallbackValues moved = x;
         moved.logFree[v] += kLogDifference;
-        if (!Residuals(ctx, moved, rows, f)) return false;
+        if (!Residuals(ctx, moved, frame, f)) return false;
         for (int32_t r = 0; r < size; ++r) jac[static_cast<size_t>(r) * size + v] = (f[r] - f0[r]) / kLogDifference;
     }
     const ChemicalSystem& chem = ctx.chem;
@@ -165,18 +163,18 @@ bool Jacobian(CalcContext& ctx, const Unknowns& x, const std::vector<double>& f0
         const int32_t s = ns.solidSpecies[k];
         for (int32_t e = 0; e < chem.species[s].componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            const int32_t u = ns.componentUnknown[term.systemComponent];
+            const int32_t u = frame.layout.rowOf[term.systemComponent];
             if (u < 0) continue;
-            const double perUnit = term.coefficient > 0 ? rows[u].positive : rows[u].negative;
-            jac[static_cast<size_t>(u) * size + ns.n + k] += term.coefficient * ctx.state.bulkFraction * perUnit;
+            const double perUnit = term.coefficient > 0 ? frame.rows[u].positive : frame.rows[u].negative;
+            jac[static_cast<size_t>(u) * size + n + k] += term.coefficient * ctx.state.bulkFraction * perUnit;
         }
     }
     return true;
 }
 
 // x + t * step, with a present solid's amount kept positive.
-Unknowns Along(const Unknowns& x, const std::vector<double>& step, double t, int32_t n) {
-    Unknowns y = x;
+FallbackValues Along(const FallbackValues& x, const std::vector<double>& step, double t, int32_t n) {
+    FallbackValues y = x;
     for (int32_t u = 0; u < n; ++u) y.logFree[u] += t * step[u];
     for (size_t k = 0; k < y.amount.size(); ++k)
         y.amount[k] = std::max(x.amount[k] + t * step[n + k], kLeastAmountShare * x.amount[k]);
@@ -192,9 +190,9 @@ struct LineSearchResult {
 // Backtracking along the step from x (its largest change of a logarithm cut
 // to kLargestLogStep first): the first share that decreases the squared
 // residuals sufficiently, else the share that decreased them most.
-LineSearchResult SearchAlong(CalcContext& ctx, const Unknowns& x, const std::vector<double>& step,
-                             const std::vector<BalanceRow>& rows, const std::vector<double>& f0) {
-    const int32_t n = ctx.state.newton.n;
+LineSearchResult SearchAlong(CalcContext& ctx, const FallbackValues& x, const std::vector<double>& step,
+                             const StepFrame& frame, const std::vector<double>& f0) {
+    const int32_t n = frame.FreeCount();
     double largest = 0;
     for (int32_t u = 0; u < n; ++u) largest = std::max(largest, std::fabs(step[u]));
     const double norm0 = SquaredNorm(f0);
@@ -202,7 +200,7 @@ LineSearchResult SearchAlong(CalcContext& ctx, const Unknowns& x, const std::vec
     std::vector<double> f;
     double t = largest > kLargestLogStep ? kLargestLogStep / largest : 1.0;
     for (int32_t i = 0; i < kHalvings; ++i, t /= 2) {
-        if (!Residuals(ctx, Along(x, step, t, n), rows, f)) continue;
+        if (!Residuals(ctx, Along(x, step, t, n), frame, f)) continue;
         const double norm = SquaredNorm(f);
         if (norm < best.norm) {
             best.norm = norm;
@@ -216,6 +214,27 @@ LineSearchResult SearchAlong(CalcContext& ctx, const Unknowns& x, const std::vec
     return best;
 }
 
+// The step of the last Jacobian formed, when it still fits the unknowns and
+// cuts the residuals as kReusedJacobianDecrease asks.
+bool StepOfLastJacobian(CalcContext& ctx, const FallbackValues& x, const StepFrame& frame,
+                        const std::vector<double>& f0, FallbackValues& next) {
+    const FallbackState& fb = ctx.state.fallback;
+    const int32_t size = frame.Size(ctx.state.newton);
+    if (fb.jacobian.size() != static_cast<size_t>(size) * size || fb.jacobianSolids != ctx.state.newton.solidSpecies)
+        return false;
+    std::vector<double> minusF(size), step, f;
+    for (int32_t r = 0; r < size; ++r) minusF[r] = -f0[r];
+    if (!SolvePivoted(fb.jacobian, minusF, size, step)) return false;
+    const int32_t n = frame.FreeCount();
+    double largest = 0;
+    for (int32_t u = 0; u < n; ++u) largest = std::max(largest, std::fabs(step[u]));
+    if (largest > kLargestLogStep) return false;
+    const FallbackValues trial = Along(x, step, 1.0, n);
+    if (!Residuals(ctx, trial, frame, f) || !(SquaredNorm(f) <= kReusedJacobianDecrease * SquaredNorm(f0))) return false;
+    next = trial;
+    return true;
+}
+
 }  // namespace
 
 void FallbackUpdate(CalcContext& ctx, bool& converged) {
@@ -225,13 +244,22 @@ void FallbackUpdate(CalcContext& ctx, bool& converged) {
     if (converged && st.protonBalanceMode) converged = ProtonBalanceHolds(ctx);
     st.newtonUsed = true;  // present solids are kept saturated by this step
     if (ns.Size() == 0) return;
-    const std::vector<BalanceRow> rows = BalanceRows(ctx);
-    const Unknowns x = CurrentUnknowns(ctx);
+    StepFrame frame;
+    frame.layout = FallbackLayoutOf(ctx);
+    frame.rows = BalanceRows(ctx, frame.layout);
+    const FallbackValues x = ReadFallbackValues(ctx, frame.layout);
     std::vector<double> f0, jac;
-    const int32_t size = ns.Size();
-    bool usable = Residuals(ctx, x, rows, f0) && Jacobian(ctx, x, f0, rows, jac);
-    Unknowns next = x;
-    if (usable) {
+    const int32_t size = frame.Size(ns);
+    FallbackValues next = x;
+    bool usable = Residuals(ctx, x, frame, f0);
+    const bool organic = OrganicModelActive(ctx);
+    const bool reused = usable && organic && StepOfLastJacobian(ctx, x, frame, f0, next);
+    usable = usable && (reused || Jacobian(ctx, x, f0, frame, jac));
+    if (usable && !reused && organic) {
+        st.fallback.jacobian = jac;
+        st.fallback.jacobianSolids = ns.solidSpecies;
+    }
+    if (usable && !reused) {
         std::vector<double> minusF(size);
         for (int32_t r = 0; r < size; ++r) minusF[r] = -f0[r];
         // the Newton step first; where its line search finds no decrease
@@ -243,10 +271,10 @@ void FallbackUpdate(CalcContext& ctx, bool& converged) {
             const bool solved = damping == 0 ? SolvePivoted(jac, minusF, size, step)
                                              : SolveDampedLeastSquares(jac, minusF, size, damping, step);
             if (!solved) continue;
-            const LineSearchResult found = SearchAlong(ctx, x, step, rows, f0);
+            const LineSearchResult found = SearchAlong(ctx, x, step, frame, f0);
             if (found.norm < bestNorm) {
                 bestNorm = found.norm;
-                next = Along(x, step, found.t, ns.n);
+                next = Along(x, step, found.t, frame.FreeCount());
             }
             if (found.sufficient) break;
         }
@@ -254,7 +282,7 @@ void FallbackUpdate(CalcContext& ctx, bool& converged) {
     // the species, sums and ratios of the new state, for the ionic strength,
     // the solids and the report; `converged` stays as the state before said
     std::vector<double> ignored;
-    Residuals(ctx, next, rows, ignored);
+    Residuals(ctx, next, frame, ignored);
     SaveUnknowns(ctx);
     if (!usable) converged = false;
 }

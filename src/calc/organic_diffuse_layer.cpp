@@ -57,6 +57,25 @@ bool SolveEnrichment(const ChargeSums& sums, double q, double criterion, double&
     return RelativelyEqual(s, q, criterion);
 }
 
+// The counter-ion enrichment of each layer for its fraction's charge.
+void SolveEnrichments(CalcContext& ctx) {
+    SolverState& st = ctx.state;
+    OrganicState& org = st.organic;
+    const ChargeSums sums = CounterIonsByCharge(ctx.chem, org.layerSpecies);
+    org.counterIonCapped = false;
+    for (int32_t f = 0; f < kOrganicFractions; ++f) {
+        const OrganicFraction& fr = org.fractions[f];
+        if (!fr.present || !(fr.volume > 0)) continue;
+        const double q = org.carry[f].charge * fr.concentration / fr.volume;
+        if (!SolveEnrichment(sums, q, st.inputCriterion, org.carry[f].enrichment)) {
+            org.counterIonCapped = true;
+            org.counterIonMessage = std::string(f == kFulvic ? "fulvic" : "humic") +
+                                    " diffuse layer: the counter-ion enrichment did not settle within " +
+                                    std::to_string(kMaxCounterIonPasses) + " passes";
+        }
+    }
+}
+
 }  // namespace
 
 double DiffuseLayerVolume(const OrganicParameters& p, double concentration, double charge, double ionicStrength) {
@@ -69,7 +88,7 @@ double DiffuseLayerVolume(const OrganicParameters& p, double concentration, doub
     return shell * (kParticlesPerMolePerCubicMetre / p.molarMass) * concentration * kz / (1 + kz);
 }
 
-void OrganicDiffuseLayer(CalcContext& ctx) {
+void OrganicDiffuseLayer(CalcContext& ctx, bool solveEnrichment) {
     ChemicalSystem& chem = ctx.chem;
     SolverState& st = ctx.state;
     OrganicState& org = st.organic;
@@ -88,20 +107,7 @@ void OrganicDiffuseLayer(CalcContext& ctx) {
     for (OrganicFraction& fr : org.fractions) fr.volume /= overlap;
     st.bulkFraction = 1 - org.fractions[kFulvic].volume - org.fractions[kHumic].volume;
 
-    // counter-ion enrichment of each layer
-    const ChargeSums sums = CounterIonsByCharge(chem, org.layerSpecies);
-    org.counterIonCapped = false;
-    for (int32_t f = 0; f < kOrganicFractions; ++f) {
-        const OrganicFraction& fr = org.fractions[f];
-        if (!fr.present || !(fr.volume > 0)) continue;
-        const double q = org.carry[f].charge * fr.concentration / fr.volume;
-        if (!SolveEnrichment(sums, q, st.inputCriterion, org.carry[f].enrichment)) {
-            org.counterIonCapped = true;
-            org.counterIonMessage = std::string(f == kFulvic ? "fulvic" : "humic") +
-                                    " diffuse layer: the counter-ion enrichment did not settle within " +
-                                    std::to_string(kMaxCounterIonPasses) + " passes";
-        }
-    }
+    if (solveEnrichment) SolveEnrichments(ctx);
 
     // concentrations inside the layers: counter-ions enriched, co-ions excluded
     std::array<ChargeSums, kOrganicFractions> factor{};  // R^z by charge

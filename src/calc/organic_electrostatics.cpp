@@ -65,6 +65,14 @@ void OrganicWorkingLogK(CalcContext& ctx) {
     }
 }
 
+void RestartChargeLimiter(CalcContext& ctx) {
+    OrganicState& org = ctx.state.organic;
+    org.stepLimit = kFirstStepLimit;
+    org.chargeDamping = {};
+    for (int32_t f = 0; f < kOrganicFractions; ++f)
+        org.risingCharge[f] = org.fractions[f].charge > org.carry[f].charge;
+}
+
 void OrganicElectrostaticUpdate(CalcContext& ctx, bool& converged) {
     SolverState& st = ctx.state;
     OrganicState& org = st.organic;

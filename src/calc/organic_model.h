@@ -89,12 +89,17 @@ void InitialiseOrganic(CalcContext& ctx);
 // The two halves of the solver's organic species step (OrganicSpeciesStep,
 // solver.h): site shares, metal species, charges and donor/acceptor sums;
 // then the diffuse layers (volumes, bulkFraction, counter-ion enrichment and
-// the concentrations inside the layers).
+// the concentrations inside the layers). With solveEnrichment false the
+// enrichment R of each layer stays as it is.
 void OrganicMetalSpecies(CalcContext& ctx);
-void OrganicDiffuseLayer(CalcContext& ctx);
+void OrganicDiffuseLayer(CalcContext& ctx, bool solveEnrichment);
 // Conditional constants of the organic species for the current Z, I and
 // logGamma1.
 void OrganicWorkingLogK(CalcContext& ctx);
+// The step limit and the damping of the charges as at the start of a solve
+// (the fallback starts them afresh: they only ever tighten, and after a long
+// oscillation of the iteration they hold the charges almost still).
+void RestartChargeLimiter(CalcContext& ctx);
 // Volume of the diffuse layer of one fraction before the overlap correction.
 double DiffuseLayerVolume(const OrganicParameters& p, double concentration, double charge, double ionicStrength);
 // Organically bound and diffuse-layer amounts of the mass-balance components

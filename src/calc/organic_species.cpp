@@ -91,9 +91,9 @@ void OrganicMetalSpecies(CalcContext& ctx) {
     }
 }
 
-void OrganicSpeciesStep(CalcContext& ctx) {
+void OrganicSpeciesStep(CalcContext& ctx, bool solveEnrichment) {
     OrganicMetalSpecies(ctx);
-    OrganicDiffuseLayer(ctx);
+    OrganicDiffuseLayer(ctx, solveEnrichment);
     OrganicState& org = ctx.state.organic;
     ProtonSums& ps = ctx.state.protonSums;
     ps.donorOrganic = org.ddlDonors;

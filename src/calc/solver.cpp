@@ -198,6 +198,12 @@ bool TightenCriterion(SolverState& st) {
     return false;
 }
 
+void SpeciesAndTotals(CalcContext& ctx, bool& converged, bool solveEnrichment) {
+    SpeciesConcentrations(ctx.chem);
+    if (OrganicModelActive(ctx)) OrganicSpeciesStep(ctx, solveEnrichment);
+    TotalsAndRatios(ctx, converged);
+}
+
 void InorganicUpdate(CalcContext& ctx, bool& converged) {
     SolverState& st = ctx.state;
     if (NewtonAllowed(ctx)) {
@@ -224,10 +230,8 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress) {
     for (;;) {
         ++st.iterationCount;
         bool converged = true;
-        SpeciesConcentrations(ctx.chem);
-        if (organic) OrganicSpeciesStep(ctx);
-        TotalsAndRatios(ctx, converged);
-        if (!organic && st.fallbackAllowed && !st.fallback.active && IterationStalled(ctx)) StartFallback(ctx, converged);
+        SpeciesAndTotals(ctx, converged);
+        if (st.fallbackAllowed && !st.fallback.active && IterationStalled(ctx)) StartFallback(ctx, converged);
         if (st.fallback.active) {
             WatchFallback(ctx, converged);
             FallbackUpdate(ctx, converged);

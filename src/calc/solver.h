@@ -19,6 +19,9 @@ void SpeciesConcentrations(ChemicalSystem& chem);
 // Balance sums of the mass-balance components, their ratios and the worst
 // of them; clears `converged` when the worst ratio exceeds the working criterion.
 void TotalsAndRatios(CalcContext& ctx, bool& converged);
+// The species (with organic matter, their organic part too), then the totals
+// and ratios: what each iteration starts from.
+void SpeciesAndTotals(CalcContext& ctx, bool& converged, bool solveEnrichment = true);
 // Donor and acceptor sums of the proton balance (sets H+'s sums and total).
 void ComputeProtonSums(CalcContext& ctx);
 // sumAll, the bulk sums and the calculated total of one system component.
@@ -51,7 +54,9 @@ void SaveUnknowns(CalcContext& ctx);
 
 // Watches the specified iteration after its totals and ratios: keeps its
 // best state and tells when it stalls or diverges (worst ratio not improving
-// over a window, far off after the first iterations, or not finite).
+// over a window, far off after the first iterations, or not finite). With
+// organic matter only free concentrations that are not finite, or the
+// iteration bound drawing near, hand over.
 bool IterationStalled(CalcContext& ctx);
 // Continues from the best state so far: restores it and recomputes the
 // species and the totals (clearing `converged` as they say).
@@ -74,7 +79,10 @@ bool SaturationCheck(CalcContext& ctx, bool showProgress);
 // true when an organic model runs this solve (its updates replace the
 // inorganic update).
 bool OrganicModelActive(const CalcContext& ctx);
-void OrganicSpeciesStep(CalcContext& ctx);
+// The organic part of the species step (after SpeciesConcentrations); with
+// solveEnrichment false the counter-ion enrichment of the diffuse layers is
+// held, as the fallback holds it within its Newton steps.
+void OrganicSpeciesStep(CalcContext& ctx, bool solveEnrichment = true);
 void OrganicUpdate(CalcContext& ctx, bool& converged);
 void OrganicElectrostaticUpdate(CalcContext& ctx, bool& converged);
 

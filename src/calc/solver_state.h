@@ -99,6 +99,10 @@ struct FallbackState {
     bool active = false;
     int32_t startIteration = 0;
     BestIterate best;
+    // with organic matter: the last Jacobian formed and the present solids it
+    // was formed with, used again while its steps serve
+    std::vector<double> jacobian;
+    std::vector<int32_t> jacobianSolids;
 };
 
 struct SolverState {

@@ -1,9 +1,11 @@
 // Watches the specified iteration for a stall or a divergence and keeps its
-// best state, from which the fallback continues.
+// best state, from which the fallback continues. With organic matter the
+// iteration has all but the last iterations of its bound.
 #include <cmath>
 #include <limits>
 
 #include "calc/activity.h"
+#include "calc/organic_model.h"
 #include "calc/precipitation.h"
 #include "calc/solver.h"
 
@@ -24,6 +26,12 @@ constexpr double kDivergedRatio = 1e6;
 constexpr int32_t kFirstIterations = 100;
 // However it goes, the specified iteration hands over after this many.
 constexpr int32_t kLastHandover = 3000;
+// With organic matter the charges of the fractions settle by their damped
+// update, and waters that converge may take many thousands of iterations
+// with hardly any progress of the worst ratio. The specified iteration then
+// runs until only this many of the iteration bound are left, which are the
+// fallback's.
+constexpr int32_t kOrganicFallbackIterations = 2000;
 // Iterations of the fallback without progress after which the present
 // solids are let go.
 constexpr int32_t kFallbackStallWindow = 100;
@@ -72,6 +80,9 @@ bool IterationStalled(CalcContext& ctx) {
     if (!FreeConcentrationsValid(ctx.chem)) return true;
     const int32_t withoutProgress = IterationsWithoutProgress(st, best);
     if (st.worstRatio < best.worstRatio) TakeBest(ctx, best);
+    if (OrganicModelActive(ctx))
+        return st.iterationCount > kFirstIterations &&
+               st.iterationCount >= st.maxIterations - kOrganicFallbackIterations;
     if (st.iterationCount >= kLastHandover) return true;
     if (st.iterationCount > kFirstIterations && st.worstRatio > kDivergedRatio) return true;
     return withoutProgress > kStallWindow;
@@ -94,8 +105,7 @@ void WatchFallback(CalcContext& ctx, bool& converged) {
     }
     SaveUnknowns(ctx);
     converged = false;
-    SpeciesConcentrations(chem);
-    TotalsAndRatios(ctx, converged);
+    SpeciesAndTotals(ctx, converged);
 }
 
 void StartFallback(CalcContext& ctx, bool& converged) {
@@ -125,8 +135,8 @@ void StartFallback(CalcContext& ctx, bool& converged) {
     FreeFromGivenMember(ctx);
     SaveUnknowns(ctx);
     converged = true;
-    SpeciesConcentrations(chem);
-    TotalsAndRatios(ctx, converged);
+    SpeciesAndTotals(ctx, converged);
+    if (OrganicModelActive(ctx)) RestartChargeLimiter(ctx);
     st.fallback.best.solids = -1;  // the fallback's progress is counted from here
 }
 
