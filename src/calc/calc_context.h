@@ -18,10 +18,11 @@ using TextLookup = std::function<std::string(std::string_view section, std::stri
 struct CalcContext {
     CalcContext(ChemicalSystem& chemicalSystem, InputProblem& inputProblem, SolverState& solverState,
                 const UiServices* services = nullptr)
-        : db(chemicalSystem.db()), chem(chemicalSystem), input(inputProblem), state(solverState), ui(services) {}
+        : chem(chemicalSystem), input(inputProblem), state(solverState), ui(services) {}
 
-    const Database& db;    // read only, possibly shared with other calculations
-    ChemicalSystem& chem;  // the assembled layer this calculation builds
+    // the assembled layer this calculation builds; its database (chem.db())
+    // is read only, possibly shared with other calculations
+    ChemicalSystem& chem;
     // Read by the calculation; a neutralisation adjusts the input value of
     // the ion it neutralises with.
     InputProblem& input;
