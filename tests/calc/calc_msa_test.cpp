@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 
 #include "calc/real_database.h"
 #include "calc/run_calculation.h"
@@ -18,20 +19,24 @@ namespace tormel::test {
 namespace {
 
 // Largest deviation allowed up to 1 mol/kg, per salt: what the fitted
-// diameters reach, rounded up. The primitive MSA with one fixed diameter per
-// ion and the permittivity of pure water cannot follow the rise of the 2:1
-// chlorides towards 1 mol/kg as closely as that of the 1:1 salts.
+// diameters reach, rounded up. 2 % is out of reach for the rest:
+// - 2:1 chlorides: even with both diameters free for the one salt the best
+//   is 3.1 % (CaCl2, BaCl2) and 3.5 % (MgCl2); the model lies low near
+//   0.3 mol/kg and high at 1 mol/kg whatever the sizes.
+// - KNO3: K+ holds its halide diameter, and NO3- would need 0.55 Angstrom;
+//   NO3- stays at the 2 Angstrom floor (the database has no KNO3 pair).
+// - Sulfates: alone each fits within 1 % with Na+ 4.4 and K+ 4.2 Angstrom;
+//   with the halide diameters the sized pair KSO4- brings both to 3.9 %.
+// - CoCl2: the database's pair CoCl+ pulls the salt down at 1 mol/kg.
 struct SaltBound {
     const char* formula;
     double bound;
 };
 
-// KNO3 falls far below NaNO3 (K+ and NO3- associate, and the database has
-// no such pair), so the one nitrate diameter serves neither well; the two
-// sulfates pull the sulfate diameter apart the same way.
 constexpr SaltBound kBounds[] = {
-    {"NaCl", 0.02},   {"KCl", 0.02},    {"LiCl", 0.02},   {"HCl", 0.02},    {"NaBr", 0.02},  {"KNO3", 0.19},
-    {"CaCl2", 0.033}, {"MgCl2", 0.036}, {"BaCl2", 0.035}, {"Na2SO4", 0.09}, {"K2SO4", 0.09},
+    {"NaCl", 0.02},   {"KCl", 0.02},    {"LiCl", 0.02},   {"HCl", 0.02},     {"NaBr", 0.02},
+    {"KNO3", 0.19},   {"CaCl2", 0.033}, {"MgCl2", 0.036}, {"BaCl2", 0.035},  {"Na2SO4", 0.04},
+    {"K2SO4", 0.04},  {"CoCl2", 0.056}, {"Cd(NO3)2", 0.03},
 };
 
 }  // namespace
@@ -43,24 +48,27 @@ TEST(CalcMsa, MeanActivityCoefficientsOfSimpleSalts) {
     const auto salts = msafit::ReadMeasuredSalts(
         std::string(TORMEL_SOURCE_DIR) + "/tools/msafit/measured_mean_activity_coefficients.tsv", error);
     ASSERT_TRUE(salts.has_value()) << error;
-    for (const SaltBound& expected : kBounds) {
-        const msafit::MeasuredSalt* salt = nullptr;
-        for (const msafit::MeasuredSalt& s : *salts)
-            if (s.formula == expected.formula) salt = &s;
-        ASSERT_NE(salt, nullptr) << expected.formula << " is not in the measured table";
-        // printed to the end of the table, asserted up to 1 mol/kg
+    size_t asserted = 0;
+    // every salt printed to the end of its table, the listed ones asserted up
+    // to 1 mol/kg
+    for (const msafit::MeasuredSalt& salt : *salts) {
+        const SaltBound* expected = nullptr;
+        for (const SaltBound& b : kBounds)
+            if (salt.formula == b.formula) expected = &b;
+        asserted += expected != nullptr;
         const std::vector<double> deviations =
-            msafit::SaltDeviations(database->db(), *salt, salt->points.back().molality);
-        std::printf("[msa] %-7s", salt->formula.c_str());
+            msafit::SaltDeviations(database->db(), salt, salt.points.back().molality);
+        std::printf("[msa] %-8s", salt.formula.c_str());
         for (size_t i = 0; i < deviations.size(); ++i) {
-            const double m = salt->points[i].molality;
+            const double m = salt.points[i].molality;
             std::printf(" %g:%+.1f%%", m, 100 * deviations[i]);
-            if (m <= 1.0) {
-                EXPECT_LE(std::fabs(deviations[i]), expected.bound) << salt->formula << " at " << m << " mol/kg";
+            if (expected && m <= 1.0) {
+                EXPECT_LE(std::fabs(deviations[i]), expected->bound) << salt.formula << " at " << m << " mol/kg";
             }
         }
         std::printf("\n");
     }
+    EXPECT_EQ(asserted, std::size(kBounds)) << "a bounded salt is missing from the measured table";
 }
 
 TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
@@ -72,6 +80,7 @@ TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
         "NaCl\tNa\tCl\t18.6\t7\tboth\tRS59\t0.1=0.778",            // pair without colon
         "NaCl\tNa\tCl\t18.6\t7\tsalt\tRS59\t0.1:0.778",            // unknown fit choice
         "NaCl\tNa\tCl\t18.6\t7\tRS59\t0.1:0.778",                  // fit choice missing
+        "NaCl\tNa\tCl\t18.6\t7\tboth,salt\tRS59\t0.1:0.778",        // unknown addition to the choice
     };
     for (const char* line : bad) {
         FILE* f = std::fopen(path.c_str(), "w");
@@ -84,7 +93,7 @@ TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
     }
     FILE* f = std::fopen(path.c_str(), "w");
     ASSERT_NE(f, nullptr);
-    std::fprintf(f, "AlCl3\tAl\tCl\t20\t3\tcation\tRS59\t0.1:0.337 1.0:0.539\n");
+    std::fprintf(f, "CoCl2\tCo(II)\tCl\t14\t7\tcation,pair\tCRC92\t0.1:0.528 1.0:0.532\n");
     std::fclose(f);
     std::string error;
     const auto good = msafit::ReadMeasuredSalts(path, error);
@@ -92,6 +101,8 @@ TEST(CalcMsa, MeasuredTableRejectsMalformedLines) {
     ASSERT_EQ(good->size(), 1u);
     EXPECT_TRUE((*good)[0].fitsCation);
     EXPECT_FALSE((*good)[0].fitsAnion);
+    EXPECT_TRUE((*good)[0].fitsPair);
+    EXPECT_EQ(msafit::PairName((*good)[0]), "CoCl");  // the complex CoCl+ of the database
     EXPECT_EQ((*good)[0].points.size(), 2u);
 }
 

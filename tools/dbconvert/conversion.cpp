@@ -14,7 +14,7 @@
 
 namespace dbconvert {
 
-const char* const kDatabaseVersion = "1.1";
+const char* const kDatabaseVersion = "1.2";
 
 namespace {
 

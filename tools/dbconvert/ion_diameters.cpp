@@ -7,7 +7,8 @@ namespace dbconvert {
 const char* const kFittedSizeSource =
     "fitted by tormel-msafit (tools/msafit) with the program's own MSA to the measured mean activity "
     "coefficients of single salts at 25 °C in tools/msafit/measured_mean_activity_coefficients.tsv "
-    "(Robinson & Stokes 1959, Appendix 8.10; Hamer & Wu 1972; Goldberg & Nuttall 1978); anions started "
+    "(Robinson & Stokes 1959, Appendix 8.10; Hamer & Wu 1972; Goldberg & Nuttall 1978; for CoCl2 and "
+    "Cd(NO3)2 the CRC Handbook, 92nd ed., 5-106, from Goldberg et al. 1979-1981); anions started "
     "from their crystal diameters, as MSA fits of real salts do (Simonin, Blum & Turq 1996, "
     "J. Phys. Chem. 100, 7704)";
 

@@ -13,30 +13,34 @@ namespace {
 
 // Ions without measured tables here take the diameter of a fitted ion of the
 // same charge and nearly the same crystal radius (Shannon 1976, six-fold
-// coordination: Mg 0.72, Mn 0.83, Fe 0.78, Co 0.745, Ni 0.69, Cu 0.73,
-// Zn 0.74, Cd 0.95, Ca 1.00 Angstrom) or the same shape.
+// coordination: Mg 0.72, Mn 0.83, Fe 0.78, Ni 0.69, Cu 0.73, Zn 0.74
+// Angstrom) or the same shape. The divalent transition metals follow Mg+2,
+// whose salt the database leaves unpaired, rather than Co+2, whose large
+// fitted diameter goes with the size fitted to its pair CoCl+.
 struct Analogy {
     const char* species;
     const char* like;  // component name of the fitted ion
     const char* why;
 };
 
+constexpr const char* kHexaaqua = "hexaaqua ion of nearly the same crystal radius";
+
 constexpr Analogy kAnalogies[] = {
-    {"Mn+2", "Mg", "hexaaqua ion of nearly the same crystal radius"},
-    {"Fe+2", "Mg", "hexaaqua ion of nearly the same crystal radius"},
-    {"Co+2", "Mg", "hexaaqua ion of nearly the same crystal radius"},
-    {"Ni+2", "Mg", "hexaaqua ion of nearly the same crystal radius"},
-    {"Cu+2", "Mg", "hexaaqua ion of nearly the same crystal radius"},
-    {"Zn+2", "Mg", "hexaaqua ion of nearly the same crystal radius"},
-    {"Cd+2", "Ca", "nearly the same crystal radius"},
-    {"OH-", "F", "nearly the same crystal radius"},
+    {"Mn+2", "Mg", kHexaaqua}, {"Fe+2", "Mg", kHexaaqua}, {"Ni+2", "Mg", kHexaaqua},
+    {"Cu+2", "Mg", kHexaaqua}, {"Zn+2", "Mg", kHexaaqua}, {"OH-", "F", "nearly the same crystal radius"},
     {"HCO3-", "NO3", "planar anion of three oxygens"},
 };
 
-// "Ca" with charge 2 -> "Ca+2", the species formula the converter keys on.
-std::string SpeciesFormula(const tormel::Database& database, const std::string& component) {
-    const int32_t charge = database.components[database.FindComponent(component)].charge;
-    std::string formula = component + (charge > 0 ? "+" : "-");
+// "Ca" with charge 2 -> "Ca+2", the species formula the converter keys on;
+// a component named with its oxidation state drops it ("Co(II)" -> "Co+2");
+// an ion pair is named by its complex ("KSO4" -> "KSO4-").
+std::string SpeciesFormula(const tormel::Database& database, const std::string& name) {
+    const int32_t component = database.FindComponent(name);
+    const int32_t charge = component >= 0 ? database.components[component].charge
+                                          : database.equilibria[database.FindEquilibrium(name)].charge;
+    std::string formula = name.substr(0, name.find("(I"));
+    if (charge == 0) return formula;
+    formula += charge > 0 ? "+" : "-";
     if (std::abs(charge) > 1) formula += std::to_string(std::abs(charge));
     return formula;
 }

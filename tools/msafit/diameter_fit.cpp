@@ -18,8 +18,11 @@ constexpr double kHighest = 12.0 * kAngstrom;
 constexpr double kTolerance = 0.002 * kAngstrom;
 constexpr int kMaxRounds = 8;
 
-double& DiameterOf(tormel::Database& chem, const std::string& component) {
-    return chem.components[chem.FindComponent(component)].ionDiameter;
+// A free ion's diameter, or an ion pair's (a complex, by its name).
+double& DiameterOf(tormel::Database& chem, const std::string& name) {
+    const int32_t component = chem.FindComponent(name);
+    if (component >= 0) return chem.components[component].ionDiameter;
+    return chem.equilibria[chem.FindEquilibrium(name)].complexDiameter;
 }
 
 // The worst relative deviation over the salts containing the ion.
@@ -34,9 +37,9 @@ double WorstDeviation(const tormel::Database& chem, const std::vector<const Meas
 // Golden-section search for the diameter with the smallest worst deviation;
 // `worstAt` sets the diameter and answers the worst deviation there.
 template <typename WorstAt>
-double GoldenSection(WorstAt worstAt) {
+double GoldenSection(WorstAt worstAt, double highest = kHighest) {
     const double ratio = (std::sqrt(5.0) - 1) / 2;
-    double a = kLowest, b = kHighest;
+    double a = kLowest, b = highest;
     double c = b - ratio * (b - a), d = a + ratio * (b - a);
     double fc = worstAt(c), fd = worstAt(d);
     while (b - a > kTolerance) {
@@ -56,26 +59,34 @@ double GoldenSection(WorstAt worstAt) {
 struct FitWork {
     tormel::Database& chem;
     std::map<std::string, std::vector<const MeasuredSalt*>> saltsOf;  // the salts an ion is fitted to
-    std::map<std::string, std::vector<std::string>> cationsWith;      // anion -> cations fitted with it
+    // anion -> the cations and ion pairs fitted with it
+    std::map<std::string, std::vector<std::string>> followersOf;
+    std::map<std::string, const MeasuredSalt*> saltOfPair;
 };
 
-// The best diameter of one ion, the others held.
+// The best diameter of one ion or ion pair, the others held. A pair is no
+// larger than its two ions side by side.
 double FitIon(FitWork& w, const std::string& ion) {
+    double highest = kHighest;
+    if (auto pair = w.saltOfPair.find(ion); pair != w.saltOfPair.end())
+        highest = DiameterOf(w.chem, pair->second->cation) + DiameterOf(w.chem, pair->second->anion);
     double& diameter = DiameterOf(w.chem, ion);
-    diameter = GoldenSection([&](double d) {
-        diameter = d;
-        return WorstDeviation(w.chem, w.saltsOf[ion]);
-    });
+    diameter = GoldenSection(
+        [&](double d) {
+            diameter = d;
+            return WorstDeviation(w.chem, w.saltsOf[ion]);
+        },
+        highest);
     return diameter;
 }
 
-// The best diameter of an anion when the cations fitted to its salts follow
-// every trial value: held cations would pin a shared anion such as Cl- to
-// whatever value it started from.
+// The best diameter of an anion when the cations and ion pairs fitted to its
+// salts follow every trial value: held cations would pin a shared anion such
+// as Cl- to whatever value it started from.
 double FitAnion(FitWork& w, const std::string& anion) {
     auto worstAt = [&](double d) {
         DiameterOf(w.chem, anion) = d;
-        for (const std::string& cation : w.cationsWith[anion]) FitIon(w, cation);
+        for (const std::string& follower : w.followersOf[anion]) FitIon(w, follower);
         return WorstDeviation(w.chem, w.saltsOf[anion]);
     };
     const double best = GoldenSection(worstAt);
@@ -95,24 +106,30 @@ double StartDiameter(const tormel::Database& database, const std::string& compon
     };
     auto it = crystal.find(component);
     if (it != crystal.end()) return it->second;
-    return database.components[database.FindComponent(component)].ionDiameter;
+    const int32_t c = database.FindComponent(component);
+    return c >= 0 ? database.components[c].ionDiameter : 0;
 }
 
 std::vector<FittedIon> FitDiameters(tormel::Database& database, const std::vector<MeasuredSalt>& salts) {
-    // cations first, then anions, each in the order of the table
-    FitWork w{database, {}, {}};
+    // cations first, then anions, then ion pairs, each in the order of the
+    // table
+    enum Kind { kCation, kAnion, kPair };
+    FitWork w{database, {}, {}, {}};
     std::vector<FittedIon> ions;
     std::vector<bool> isAnion;
-    for (int anion = 0; anion < 2; ++anion)
+    for (int kind : {kCation, kAnion, kPair})
         for (const MeasuredSalt& salt : salts) {
-            if (!(anion ? salt.fitsAnion : salt.fitsCation)) continue;
-            const std::string& name = anion ? salt.anion : salt.cation;
+            const bool fits = kind == kCation ? salt.fitsCation : kind == kAnion ? salt.fitsAnion : salt.fitsPair;
+            if (!fits) continue;
+            const std::string name = kind == kCation ? salt.cation : kind == kAnion ? salt.anion : PairName(salt);
             if (!w.saltsOf.count(name)) {
                 ions.push_back({name, 0, 0, {}, {}});
-                isAnion.push_back(anion == 1);
+                isAnion.push_back(kind == kAnion);
             }
             w.saltsOf[name].push_back(&salt);
-            if (anion && salt.fitsCation) w.cationsWith[name].push_back(salt.cation);
+            if (kind == kAnion && salt.fitsCation) w.followersOf[name].push_back(salt.cation);
+            if (kind == kPair) w.saltOfPair[name] = &salt;
+            if (kind == kPair && salt.fitsAnion) w.followersOf[salt.anion].push_back(name);
         }
     for (FittedIon& ion : ions) {
         DiameterOf(database, ion.component) = StartDiameter(database, ion.component);

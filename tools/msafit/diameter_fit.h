@@ -1,9 +1,9 @@
 #pragma once
 // Fits one MSA diameter per ion to the measured mean activity coefficients:
 // each ion's diameter is chosen to make the worst deviation over all its
-// salts (up to 1 mol/kg) as small as it can be, a cation with the others
-// held, an anion with the cations of its salts following, and the rounds
-// over cations and anions repeat until no diameter moves.
+// salts (up to 1 mol/kg) as small as it can be, a cation or ion pair with
+// the others held, an anion with the cations and ion pairs of its salts
+// following, and the rounds repeat until no diameter moves.
 #include <map>
 #include <string>
 #include <vector>
@@ -14,7 +14,7 @@
 namespace msafit {
 
 struct FittedIon {
-    std::string component;           // database component name
+    std::string component;           // database component name, or the ion pair's complex name
     double diameter = 0;             // m
     double worstDeviation = 0;       // relative, over its salts up to kFitUpTo
     std::vector<std::string> salts;  // formulas of the salts it was fitted to

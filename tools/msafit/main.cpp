@@ -67,6 +67,14 @@ int main(int argc, char** argv) {
                              salt.formula.c_str());
                 return 1;
             }
+    for (const msafit::MeasuredSalt& salt : *salts) {
+        const int32_t pair = chem.FindEquilibrium(msafit::PairName(salt));
+        if (salt.fitsPair && (pair < 0 || chem.equilibria[pair].type != tormel::EqComplex)) {
+            std::fprintf(stderr, "tormel-msafit: the ion pair %s of %s is not a complex of the database\n",
+                         msafit::PairName(salt).c_str(), salt.formula.c_str());
+            return 1;
+        }
+    }
     PrintTable("Before", chem, *salts);
     const std::vector<msafit::FittedIon> fitted = msafit::FitDiameters(chem, *salts);
     PrintTable("After", chem, *salts);

@@ -34,7 +34,24 @@ bool ReadPoints(const std::string& text, std::vector<MeasuredPoint>& points) {
     return !points.empty();
 }
 
+// The fit column: "both", "cation" or "anion", optionally followed by
+// ",pair".
+bool ReadFitChoice(const std::string& text, MeasuredSalt& salt) {
+    const size_t comma = text.find(',');
+    const std::string ions = text.substr(0, comma);
+    if (ions != "both" && ions != "cation" && ions != "anion") return false;
+    if (comma != std::string::npos && text.substr(comma + 1) != "pair") return false;
+    salt.fitsCation = ions != "anion";
+    salt.fitsAnion = ions != "cation";
+    salt.fitsPair = comma != std::string::npos;
+    return true;
+}
+
 }  // namespace
+
+std::string PairName(const MeasuredSalt& salt) {
+    return salt.cation.substr(0, salt.cation.find("(I")) + salt.anion;
+}
 
 double Molarity(const MeasuredSalt& salt, double molality) {
     // litres of solution per kg of water: the water's own volume and the
@@ -58,13 +75,11 @@ std::optional<std::vector<MeasuredSalt>> ReadMeasuredSalts(const std::string& pa
         if (line.empty() || line[0] == '#') continue;
         const std::vector<std::string> f = SplitTabs(line);
         MeasuredSalt salt;
-        bool ok = f.size() == 8 && (f[5] == "both" || f[5] == "cation" || f[5] == "anion");
+        bool ok = f.size() == 8 && ReadFitChoice(f[5], salt);
         if (ok) {
             salt.formula = f[0];
             salt.cation = f[1];
             salt.anion = f[2];
-            salt.fitsCation = f[5] != "anion";
-            salt.fitsAnion = f[5] != "cation";
             salt.sources = f[6];
             auto volume = tormel::ParseDoubleC(f[3]);
             auto pH = f[4] == "-" ? std::optional<double>(0) : tormel::ParseDoubleC(f[4]);

@@ -21,9 +21,14 @@ struct MeasuredSalt {
     double pH;                   // 0: an acid, H+ is the cation
     bool fitsCation = true;      // the salt takes part in the fit of its cation
     bool fitsAnion = true;       // and of its anion
+    bool fitsPair = false;       // and of the size of its ion pair (the complex PairName)
     std::string sources;
     std::vector<MeasuredPoint> points;
 };
+
+// The database name of the salt's ion pair: cation and anion names joined
+// ("K" + "SO4" -> "KSO4"; "Co(II)" + "Cl" -> "CoCl").
+std::string PairName(const MeasuredSalt& salt);
 
 // The molarity (mol/L) of a solution of molality m.
 double Molarity(const MeasuredSalt& salt, double molality);
