@@ -136,8 +136,11 @@ ReactionDefinition DatabaseReactionDefinition(const Database& db, const Language
             if (linked.type == RedSol) solidInvolved = true;
         }
     } else if (eq.type == EqGas) {
-        if (eq.name.find("(g)") != std::string::npos && eq.name.size() >= 4) {
-            formed.name = eq.name.substr(0, eq.name.size() - 4);
+        // the phase label replaces the "(g)" of the name, with or without a blank before it
+        const size_t label = eq.name.rfind("(g)");
+        if (label != std::string::npos) {
+            formed.name = eq.name.substr(0, label);
+            while (!formed.name.empty() && formed.name.back() == ' ') formed.name.pop_back();
             formed.phase = "(g)";
         }
     } else if (eq.type != EqSolid && eq.charge == 0) {

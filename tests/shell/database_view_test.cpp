@@ -27,7 +27,7 @@ struct ViewDatabase {
         Equilibrium complex = MakeEquilibrium(EqComplex, "CaCO3", 0, 3.22);
         complex.literatureRef = 1;
         AppendEquilibrium(db, complex, {{1, 1}, {2, 1}});
-        Equilibrium gas = MakeEquilibrium(EqGas, "CO2 (g)", 0, 18.15);
+        Equilibrium gas = MakeEquilibrium(EqGas, "CO2(g)", 0, 18.15);
         gas.linkedComponent = 3;
         AppendEquilibrium(db, gas, {{0, 2}, {2, 1}});
         Equilibrium redox = MakeEquilibrium(EqRedox, "Fe+3/Fe+2", 2, 13.03);
@@ -108,15 +108,15 @@ TEST(DatabaseView, SummaryAndEquilibriumLinesOfEachMode) {
     const Case cases[] = {
         {ViewByComponent, 1,
          {"Component: H+", "Charge: 1", "Molar mass (g/mol): 1,008", "There are 3 equilibria with H+", "OH- #0",
-          "CO3-2 / CO2 (g) #2", "CaHS #5"}},
+          "CO3-2 / CO2(g) #2", "CaHS #5"}},
         // the gas component counts through the equilibrium's link; the organic line carries its model
         {ViewByComponent, 4,
          {"Component: CO2", "Charge: 0", "Molar mass (g/mol): 44,010", "There are 1 equilibria with CO2",
-          "CO3-2 / CO2 (g) #2"}},
+          "CO3-2 / CO2(g) #2"}},
         {ViewByComponent, 2,
          {"Component: Ca+2", "Charge: 2", "Molar mass (g/mol): 40,078", "There are 4 equilibria with Ca+2", "CaCO3 #1",
           "Calcite #4", "CaHS #5", "FA-Ca (Model 6) #-1"}},
-        {ViewByType, EqGas, {"There are 1 equilibria of this type.", "CO3-2 / CO2 (g) #2"}},
+        {ViewByType, EqGas, {"There are 1 equilibria of this type.", "CO3-2 / CO2(g) #2"}},
         {ViewByType, EqAdsorption, {"There are 0 equilibria of this type."}},
         {ViewByLiterature, 1, {"There are 1 equilibria from this reference.", "OH- #0"}},
     };

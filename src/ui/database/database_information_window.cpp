@@ -24,12 +24,15 @@ DatabaseInformationWindow::DatabaseInformationWindow(Workspace& ws, QWidget* own
     text_ = new QPlainTextEdit(Q(info.text), this);
     text_->setObjectName(QStringLiteral("originText"));
     text_->setReadOnly(true);
-    const int textHeight = static_cast<int>(6.6 * fontMetrics().height());
+    // 6.6 lines of text inside the field's frame and margins
+    const int textHeight = static_cast<int>(6.6 * fontMetrics().lineSpacing()) + 2 * text_->frameWidth() +
+                           2 * static_cast<int>(text_->document()->documentMargin());
     text_->setGeometry(Scaled(16), Scaled(16), Scaled(868), textHeight);
 
     table_ = new QTableWidget(6, 7, this);
     table_->setObjectName(QStringLiteral("headerTable"));
     table_->verticalHeader()->hide();
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().height() + Scaled(8));
     table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setGeometry(Scaled(16), text_->geometry().bottom() + 1 + Scaled(16), Scaled(868), Scaled(200));

@@ -9,6 +9,7 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 
 #include "core/messages.h"
@@ -83,6 +84,8 @@ OptionsDialog::OptionsDialog(Workspace& ws, QWidget* owner, int page) : QDialog(
     tabs_ = new QTabWidget(this);
     tabs_->setObjectName(QStringLiteral("optionPages"));
     tabs_->setGeometry(Scaled(14), Scaled(15), Scaled(445), Scaled(285));
+    // narrower tabs, so that the five captions fit side by side in longer languages too
+    tabs_->tabBar()->setStyleSheet(QStringLiteral("QTabBar::tab { padding: %1px %2px; }").arg(Scaled(5)).arg(Scaled(7)));
     QWidget* pages[] = {RememberPage(), UpdatesPage(), AssociationPage(), LanguagePage(), ColourPage()};
     for (int p = 0; p < 5; ++p) {
         pages[p]->setObjectName(QStringLiteral("FrmOptionsTab"));
@@ -96,7 +99,8 @@ OptionsDialog::OptionsDialog(Workspace& ws, QWidget* owner, int page) : QDialog(
     auto button = [&](const char* key, const char* name, int x) {
         auto* b = new QPushButton(LangQ(ws.language, "Options", key), this);
         b->setObjectName(QLatin1String(name));
-        b->setGeometry(Scaled(x), y, Scaled(81), Scaled(28));
+        b->setGeometry(Scaled(x), y, std::max(Scaled(81), b->fontMetrics().horizontalAdvance(b->text()) + Scaled(16)),
+                       Scaled(28));
         return b;
     };
     QPushButton* ok = button("CmdBtn-1", "okButton", 14);
