@@ -4,7 +4,7 @@
 # reads our exports). Safe to run again.
 set -euo pipefail
 packages=(build-essential cmake ninja-build pkg-config googletest libgtest-dev libgmock-dev libbenchmark-dev
-  qt6-base-dev qt6-svg-dev libgl-dev)
+  qt6-base-dev qt6-svg-dev libgl-dev libreoffice-writer-nogui)
 if [ "${1:-}" = "--test" ]; then
   packages+=(clang libclang-rt-14-dev locales-all libreoffice-calc-nogui xvfb xauth poppler-utils
     xdg-utils shared-mime-info libfile-mimeinfo-perl desktop-file-utils)

@@ -1,9 +1,45 @@
 #include "updates/open_document.h"
 
-#include "ui/main/not_available.h"
+#include <QUrl>
+#include <filesystem>
+
+#include "core/messages.h"
+#include "core/text_file.h"
+#include "shell/file_date.h"
+#include "shell/workspace.h"
+#include "updates/web_access.h"
 
 namespace tormel {
 
-void OpenDocument(Workspace& ws, QWidget* /*owner*/, const std::string& /*name*/) { ShowNotAvailableYet(ws); }
+namespace {
+
+bool Download(Workspace& ws, const std::string& name, const std::string& path) {
+    if (DownloadFile(UpdateSiteAddress(ws.settings) + name, path)) return true;
+    ShowMessage(ws.Ui(), ws.language, LanguageText(ws.language, "TOOLS", "DocDownLError") + " " + name, {}, IconWarning);
+    return false;
+}
+
+}  // namespace
+
+void OpenDocument(Workspace& ws, QWidget* /*owner*/, const std::string& name) {
+    const std::string folder = ws.folders.documentsFolder;
+    const std::string path = folder + name;
+    std::error_code error;
+    if (!std::filesystem::is_directory(folder, error)) {
+        std::filesystem::create_directories(folder, error);
+        if (!Download(ws, name, path)) return;
+    } else if (!FileExists(path)) {
+        if (!Download(ws, name, path)) return;
+    } else if (ws.settings.ReadSettingBool("Options", "Check_Updates")) {
+        const std::vector<std::string> signature = FetchTextLines(UpdateSiteAddress(ws.settings) + name + ".dtsig");
+        if (!signature.empty() && SignatureIsNewer(signature.front(), FileDateText(path, DateZone::Utc)))
+            Download(ws, name, path);
+    }
+    const UiServices& ui = ws.Ui();
+    const std::string url = QUrl::fromLocalFile(QString::fromStdString(path)).toString().toStdString();
+    if (!ui.openExternal || !ui.openExternal(url))
+        ShowMessage(ui, ws.language, LanguageText(ws.language, "TOOLS", "DocOpenError") + " " + name, {},
+                    IconInformation);
+}
 
 }  // namespace tormel

@@ -38,6 +38,7 @@ DesktopFixture::DesktopFixture(const std::string& language) {
     Settings settings(folders.settingsFile);
     settings.WriteSettingBool("Options", "OfferGetStarted", false);
     settings.WriteSettingBool("Options", "Check_Updates", false);
+    settings.WriteSettingString("Links", "UpdateSite", "http://127.0.0.1:9/");  // nothing listens: no test leaves the machine
     session = std::make_unique<DesktopSession>(folders, TestInstanceName());
     services = session->Ui().Services();
     services.showMessageBox = [this](const MessageBoxRequest& request) {

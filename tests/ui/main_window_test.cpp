@@ -83,6 +83,9 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
     for (const MenuItem& item : CommandTable()) {
         SCOPED_TRACE(item.command);
         const size_t before = window.CommandLog().size();
+        // the database windows and the options dialog are closed as soon as they show
+        if ((item.command >= 1151 && item.command <= 1155) || item.command == 1141 || item.command == 1143)
+            test::WhenWindowShows(QString(), [](QWidget* modal) { modal->close(); });
         window.DispatchCommand(item.command);
         if (AlwaysDisabled(item.command)) {
             EXPECT_EQ(window.CommandLog().size(), before) << "a disabled command has no action";
@@ -101,8 +104,8 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
     int notAvailable = 0;
     for (const MessageBoxRequest& r : fixture.boxes)
         if (!r.lines.empty() && r.lines[0].find(notYet) != std::string::npos) ++notAvailable;
-    EXPECT_EQ(notAvailable, 1 + 2 + 1 + 5 + 2 + 1 + 2)
-        << "editor, viewer and printing, the viewer after Calculate, options, database, comparison, the two documents";
+    EXPECT_EQ(notAvailable, 1 + 2 + 1 + 1)
+        << "editor, viewer and printing, the viewer after Calculate, comparison";
 }
 
 TEST(MainWindow, AcceleratorsOpenTheTilePanels) {

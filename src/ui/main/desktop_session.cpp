@@ -12,6 +12,7 @@
 #include "ui/main/window_placement.h"
 #include "ui/output/open_output_viewer.h"
 #include "ui/output/print_without_dialog.h"
+#include "updates/update_check.h"
 
 namespace tormel {
 
@@ -51,6 +52,9 @@ DesktopSession::DesktopSession(AppFolders folders, const QString& instanceName)
     hooks_.updateStatusLine = [window] { window->UpdateStatusLine(); };
     hooks_.saveWindowPlacement = [this, window] { SaveMainWindowPlacement(ws_.settings, window); };
     hooks_.releaseResources = [this] { server_->Close(); };
+    // The update check runs on the main thread, with its own event loops, when start-up waits for it.
+    hooks_.startUpdateCheck = [] {};
+    hooks_.waitForUpdateCheck = [this, window] { return RunUpdateCheck(ws_, window) == 1; };
     window_->Services().shutDown = [this] {
         if (shutDown_) return;
         shutDown_ = true;
