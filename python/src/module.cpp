@@ -127,6 +127,15 @@ py::dict SolveFrameColumns(const Session& session, const std::vector<std::string
                            const std::vector<std::string>& solids, int32_t jobs) {
     if (values.ndim() != 2 || static_cast<size_t>(values.shape(1)) != columns.size())
         throw py::value_error("values must be a 2-D array with one column per column name");
+    // a column that names nothing would fail every row: say so once
+    for (const std::string& column : columns) {
+        InputProblem probe;
+        const WaterField field{column, "0"};
+        auto error = ReadWaterFields(std::span<const WaterField>(&field, 1), probe, session.base.chem.db());
+        if (error && error->key == "ErrorOpen3")
+            Raise("InputFileError", "column \"" + column + "\": " +
+                                        WithoutLeadingLineFeeds(InputFileErrorText(session.base.language, *error)));
+    }
     FrameRequest request;
     request.columns = columns;
     request.values = std::span<const double>(values.data(), static_cast<size_t>(values.size()));

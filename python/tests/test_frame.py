@@ -2,6 +2,9 @@
 
 import pandas
 import pandas.testing
+import pytest
+
+import tormel
 
 from conftest import WATER_OPTIONS
 
@@ -28,3 +31,6 @@ def test_a_failing_row_never_stops_the_others(db):
     assert list(out["converged"]) == [True, False, True, False, True]
     assert "Ca" in out["message"].iloc[1] and "Temperature" in out["message"].iloc[3]
     assert out["pH"].iloc[[0, 2, 4]].notna().all() and out["pH"].iloc[[1, 3]].isna().all()
+    # a column that names no field would fail every row: it is refused at once
+    with pytest.raises(tormel.InputFileError, match='column "Xy"'):
+        db.solve_frame(frame.assign(Xy=1.0))

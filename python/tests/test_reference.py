@@ -30,6 +30,15 @@ def test_python_agrees_with_command_line(case, db, cli, tmp_path):
     assert code == 0, err
     assert result.printed_tables(wide=True) == plain_quotes(printed)
 
+    # the program's files: the same output file and tab-separated export
+    result.write_output(tmp_path / "python.o64")
+    assert (tmp_path / "python.o64").read_bytes() == (tmp_path / "water.o64").read_bytes()
+    code, _, err = cli("/run:" + written, str(tmp_path / "water.csv"))
+    assert code == 0, err
+    result.to_csv(tmp_path / "python.csv")
+    assert (tmp_path / "python.csv").read_bytes() == (tmp_path / "water.csv").read_bytes()
+    assert db.input_file_lines(db.read_input(written)) == db.input_file_lines(water)
+
     read_back = tormel.read_output(tmp_path / "water.o64", db)
     for table in ("components", "species", "solids", "gases"):
         pandas.testing.assert_frame_equal(getattr(result, table), getattr(read_back, table).replace(QUOTES, regex=True),
