@@ -78,7 +78,8 @@ class Database:
         "Temperature"; a missing value (NaN) leaves the field out of that row.
         `options` (a dict of water fields) applies to every row. Returns a
         DataFrame with the frame's index: "converged", "message" (why a row
-        failed), "iterations", "pH", "ionic strength", "[species]" and
+        failed), "consistency" (the consistency report; the row
+        is calculated all the same), "iterations", "pH", "ionic strength", "[species]" and
         "{species}" (concentration and activity, mol/L) of the free species
         or of the `species` named, and "SI solid" for each of `solids`.
         A row that fails never stops the others.

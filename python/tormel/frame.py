@@ -9,12 +9,11 @@ def solve_frame_columns(session, frame, jobs, options, species, solids):
     import pandas
     columns = [str(c) for c in frame.columns]
     values = numpy.ascontiguousarray(frame.to_numpy(dtype=float, na_value=numpy.nan), dtype=float)
-    if values.ndim != 2:
-        values = values.reshape(len(frame), len(columns))
     solids = list(solids or [])
     raw = session.solve_frame(columns, values, fields_of(options or {}), list(species or []), solids,
                               max(1, int(jobs)))
-    out = {key: raw[key] for key in ("converged", "message", "iterations", "pH", "ionic strength")}
+    out = {key: raw[key] for key in ("converged", "message", "consistency", "iterations", "pH",
+                                     "ionic strength")}
     names = list(species or [])
     for row_names, _, _ in raw["species"]:
         for name in row_names:
@@ -37,7 +36,8 @@ def solve_frame_columns(session, frame, jobs, options, species, solids):
 
 def frame_columns(species, solids):
     """The result columns for the named species and solids, with their dtypes."""
-    columns = {"converged": bool, "message": object, "iterations": "int64", "pH": float, "ionic strength": float}
+    columns = {"converged": bool, "message": object, "consistency": object, "iterations": "int64", "pH": float,
+               "ionic strength": float}
     for name in species:
         columns["[%s]" % name] = float
         columns["{%s}" % name] = float
