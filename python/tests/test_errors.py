@@ -36,3 +36,9 @@ def test_input_file_errors_name_the_file(db, tmp_path):
         db.read_input(tmp_path / "missing.i64")
     with pytest.raises(tormel.OutputFileError, match="missing.o64"):
         db.read_output(tmp_path / "missing.o64")
+
+
+def test_consistency_findings_warn_and_the_water_is_calculated_all_the_same(db):
+    with pytest.warns(tormel.ConsistencyWarning, match="35"):
+        result = db.solve({"pH": 7, "Ca": 1e-3, "Temperature": 40, "Temperature correction": 2})
+    assert "35" in result.consistency and result.iterations > 0
