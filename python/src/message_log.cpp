@@ -4,6 +4,11 @@
 
 namespace tormel::python {
 
+std::string WithoutLeadingLineFeeds(std::string text) {
+    while (!text.empty() && text.front() == '\n') text.erase(0, 1);
+    return text;
+}
+
 MessageLog::MessageLog() {
     services_.showMessageBox = [this](const MessageBoxRequest& request) {
         messages_.push_back(request);
@@ -19,8 +24,7 @@ std::string MessageLog::Text() const {
             if (!text.empty()) text += "\n";
             text += line;
         }
-    while (!text.empty() && text.front() == '\n') text.erase(0, 1);
-    return text;
+    return WithoutLeadingLineFeeds(std::move(text));
 }
 
 }  // namespace tormel::python

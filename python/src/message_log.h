@@ -9,6 +9,10 @@
 
 namespace tormel::python {
 
+// `text` without the line feeds it starts with (messages of the program
+// often begin with one).
+std::string WithoutLeadingLineFeeds(std::string text);
+
 class MessageLog {
 public:
     MessageLog();

@@ -7,7 +7,9 @@
 
 #include <memory>
 
-#include "frame_solve.h"
+#include "frame_binding.h"
+#include "raise_error.h"
+#include "water_lines.h"
 #include "input/input_file_reader.h"
 #include "input/input_file_writer.h"
 #include "input/input_type_text.h"
@@ -29,59 +31,12 @@ using namespace tormel::python;
 
 namespace {
 
-[[noreturn]] void Raise(const char* errorClass, const std::string& message) {
-    py::object cls = py::module_::import("tormel.errors").attr(errorClass);
-    PyErr_SetString(cls.ptr(), message.c_str());
-    throw py::error_already_set();
-}
-
-std::string WithoutLeadingLineFeeds(std::string text) {
-    while (!text.empty() && text.front() == '\n') text.erase(0, 1);
-    return text;
-}
-
 // A result set with what showing, saving and exporting it needs.
 struct Result {
     std::unique_ptr<MessageLog> log = std::make_unique<MessageLog>();
     Workspace ws;
     WaterOutcome outcome;
 };
-
-using Fields = std::vector<std::pair<std::string, std::string>>;
-
-std::vector<WaterField> ToFields(const Fields& pairs) {
-    std::vector<WaterField> fields;
-    fields.reserve(pairs.size());
-    for (const auto& [name, value] : pairs) fields.push_back({name, value});
-    return fields;
-}
-
-// The input problem of a water; raises InputFileError when the reader refuses a field.
-InputProblem ReadFields(const Session& session, const Fields& pairs) {
-    InputProblem input;
-    if (auto error = ReadWaterFields(ToFields(pairs), input, session.base.chem.db()))
-        Raise("InputFileError", WithoutLeadingLineFeeds(InputFileErrorText(session.base.language, *error)));
-    return input;
-}
-
-// The labelled lines of an input problem as the input file writes them.
-Fields InputLines(const InputProblem& input, const Database& db) {
-    Fields lines;
-    const std::string text = FormatInputFile(input, db);
-    size_t start = 0;
-    for (int number = 1; start < text.size(); ++number) {
-        size_t end = text.find('\n', start);
-        if (end == std::string::npos) end = text.size();
-        const std::string line = text.substr(start, end - start);
-        start = end + 1;
-        if (number <= 2) continue;  // header and format version
-        const size_t colon = line.find(':');
-        if (colon == std::string::npos) continue;
-        size_t value = line.find_first_not_of(' ', colon + 1);
-        lines.emplace_back(line.substr(0, colon), value == std::string::npos ? "" : line.substr(value));
-    }
-    return lines;
-}
 
 std::unique_ptr<Result> Solve(const Session& session, const Fields& pairs) {
     const std::vector<WaterField> fields = ToFields(pairs);
@@ -93,10 +48,10 @@ std::unique_ptr<Result> Solve(const Session& session, const Fields& pairs) {
     }
     switch (result->outcome.status) {
         case WaterStatus::Solved: break;
-        case WaterStatus::InputRefused: Raise("InputFileError", result->outcome.message);
-        case WaterStatus::Unsolvable: Raise("UnsolvableInputError", result->outcome.message);
-        case WaterStatus::NotCalculated: Raise("CalculationError", result->outcome.message);
-        case WaterStatus::NotConverged: Raise("NotConvergedError", result->outcome.message);
+        case WaterStatus::InputRefused: RaiseError("InputFileError", result->outcome.message);
+        case WaterStatus::Unsolvable: RaiseError("UnsolvableInputError", result->outcome.message);
+        case WaterStatus::NotCalculated: RaiseError("CalculationError", result->outcome.message);
+        case WaterStatus::NotConverged: RaiseError("NotConvergedError", result->outcome.message);
     }
     return result;
 }
@@ -107,9 +62,9 @@ std::unique_ptr<Result> ReadOutput(const Session& session, const std::string& pa
     Workspace& ws = result->ws;
     OutputReadReport report;
     if (auto error = ReadOutputFile(path, ws.results, 0, &ws.input, &ws.Ui(), &report))
-        Raise("OutputFileError", WithoutLeadingLineFeeds(OutputFileErrorText(ws.language, *error)));
+        RaiseError("OutputFileError", WithoutLeadingLineFeeds(OutputFileErrorText(ws.language, *error)));
     if (!report.complete)
-        Raise("OutputFileError", LanguageText(ws.language, "Output", "ErrorIncomplete") + "\n" + path + ":" +
+        RaiseError("OutputFileError", LanguageText(ws.language, "Output", "ErrorIncomplete") + "\n" + path + ":" +
                                      std::to_string(report.stoppedAtLine));
     BuildOtherInfo(ws.results, 0, MakeResultContext(ws), &ws.chem.db());
     result->outcome.solve.converged = true;
@@ -118,59 +73,7 @@ std::unique_ptr<Result> ReadOutput(const Session& session, const std::string& pa
 }
 
 void Written(bool ok, const FileError& error, const std::string& path) {
-    if (!ok) Raise("FileWriteError", path + ": " + error.message);
-}
-
-py::dict SolveFrameColumns(const Session& session, const std::vector<std::string>& columns,
-                           const py::array_t<double, py::array::c_style | py::array::forcecast>& values,
-                           const Fields& constants, const std::vector<std::string>& species,
-                           const std::vector<std::string>& solids, int32_t jobs) {
-    if (values.ndim() != 2 || static_cast<size_t>(values.shape(1)) != columns.size())
-        throw py::value_error("values must be a 2-D array with one column per column name");
-    // a column that names nothing would fail every row: say so once
-    for (const std::string& column : columns) {
-        InputProblem probe;
-        const WaterField field{column, "0"};
-        auto error = ReadWaterFields(std::span<const WaterField>(&field, 1), probe, session.base.chem.db());
-        if (error && error->key == "ErrorOpen3")
-            Raise("InputFileError", "column \"" + column + "\": " +
-                                        WithoutLeadingLineFeeds(InputFileErrorText(session.base.language, *error)));
-    }
-    FrameRequest request;
-    request.columns = columns;
-    request.values = std::span<const double>(values.data(), static_cast<size_t>(values.size()));
-    request.constants = ToFields(constants);
-    request.species = species;
-    request.solids = solids;
-    request.jobs = jobs;
-    std::vector<FrameRow> rows;
-    {
-        py::gil_scoped_release release;
-        rows = SolveFrame(session, request);
-    }
-    py::list converged, messages, consistency, iterations, ph, ionic;
-    py::list speciesRows;
-    py::list saturation;
-    for (const FrameRow& row : rows) {
-        converged.append(row.converged);
-        messages.append(row.message);
-        consistency.append(row.consistency);
-        iterations.append(row.iterations);
-        ph.append(row.ph);
-        ionic.append(row.ionicStrength);
-        speciesRows.append(py::make_tuple(row.speciesNames, row.concentrations, row.activities));
-        saturation.append(row.saturationIndices);
-    }
-    py::dict out;
-    out["converged"] = converged;
-    out["message"] = messages;
-    out["consistency"] = consistency;
-    out["iterations"] = iterations;
-    out["pH"] = ph;
-    out["ionic strength"] = ionic;
-    out["species"] = speciesRows;
-    out["saturation"] = saturation;
-    return out;
+    if (!ok) RaiseError("FileWriteError", path + ": " + error.message);
 }
 
 }  // namespace
@@ -186,7 +89,7 @@ PYBIND11_MODULE(_tormel, m) {
                      py::gil_scoped_release release;
                      session = OpenSession(programFolder, dataFolder, error);
                  }
-                 if (!session) Raise("DatabaseError", error);
+                 if (!session) RaiseError("DatabaseError", error);
                  return session;
              }),
              py::arg("program_folder"), py::arg("data_folder") = "")
@@ -206,7 +109,7 @@ PYBIND11_MODULE(_tormel, m) {
              [](const Session& s, const std::string& path) {
                  InputProblem input;
                  if (auto error = LoadInputFile(path, input, s.base.chem.db()))
-                     Raise("InputFileError", WithoutLeadingLineFeeds(InputFileErrorText(s.base.language, *error)));
+                     RaiseError("InputFileError", WithoutLeadingLineFeeds(InputFileErrorText(s.base.language, *error)));
                  return InputLines(input, s.base.chem.db());
              })
         .def("write_input",
@@ -215,7 +118,7 @@ PYBIND11_MODULE(_tormel, m) {
                  MessageLog log;
                  FileError error;
                  const bool ok = WriteInputFile(path, input, s.base.chem.db(), log.Services(), s.base.language, &error);
-                 if (!ok) Raise("FileWriteError", WithoutLeadingLineFeeds(log.Text()));
+                 if (!ok) RaiseError("FileWriteError", WithoutLeadingLineFeeds(log.Text()));
                  return InputFileWritePath(path);
              })
         .def("read_output", &ReadOutput, py::arg("path"));
@@ -255,7 +158,7 @@ PYBIND11_MODULE(_tormel, m) {
     m.def("read_water_table", [](const std::string& path) {
         WaterTableError error;
         std::optional<WaterTable> table = ReadWaterTable(path, &error);
-        if (!table) Raise("WaterTableError", error.Describe());
+        if (!table) RaiseError("WaterTableError", error.Describe());
         py::array_t<double> values({static_cast<py::ssize_t>(table->RowCount()),
                                     static_cast<py::ssize_t>(table->columns.size())});
         std::copy(table->values.begin(), table->values.end(), values.mutable_data());

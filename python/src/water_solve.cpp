@@ -5,15 +5,6 @@
 
 namespace tormel::python {
 
-namespace {
-
-std::string WithoutLeadingLineFeeds(std::string text) {
-    while (!text.empty() && text.front() == '\n') text.erase(0, 1);
-    return text;
-}
-
-}  // namespace
-
 WaterOutcome SolveWater(Workspace& worker, MessageLog& log, std::span<const WaterField> fields) {
     WaterOutcome out;
     log.Clear();
