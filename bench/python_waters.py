@@ -32,8 +32,12 @@ def best_of(runs, work):
 def main():
     if not WATERS.exists():
         sys.exit("%s not found: the benchmark needs the shared waters beside the repository" % WATERS)
-    home = tempfile.mkdtemp(prefix="tormel-python-bench-")
-    os.environ["TORMEL64_HOME"] = home
+    with tempfile.TemporaryDirectory(prefix="tormel-python-bench-") as home:
+        os.environ["TORMEL64_HOME"] = home
+        measure(home)
+
+
+def measure(home):
     import tormel
     import tormel.dask
     import dask.dataframe as dd
