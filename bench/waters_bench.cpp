@@ -15,18 +15,16 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "bench_workspace.h"
-#include "calc/component_inputs.h"
 #include "core/c_number.h"
 #include "core/text_file.h"
 #include "input/input_file_writer.h"
+#include "input/water_fields.h"
+#include "input/water_table.h"
 #include "shell/batch_run.h"
 
 namespace {
@@ -36,59 +34,31 @@ using namespace tormel;
 const std::string kWatersFile = TORMEL_SOURCE_DIR "/../shared/bench/waters1000.tsv";
 constexpr const char* kMissingWaters =
     "../shared/bench/waters1000.tsv not found beside the source tree: the waters benchmarks need it";
-constexpr std::array<const char*, 7> kTotals = {"Ca", "Mg", "Na", "K", "Cl", "SO4", "CO3"};
 
-struct Water {
-    double ph = 7;
-    std::array<double, kTotals.size()> totals{};  // mol/L, in the order of kTotals
-};
-
-// Lines "n pH Ca Mg Na K Cl SO4 CO3", tab-separated; comments and the header
-// line are skipped.
-std::vector<Water> ReadWaters() {
-    std::vector<Water> waters;
-    std::ifstream file(kWatersFile);
-    std::string line;
-    while (std::getline(file, line)) {
-        if (line.empty() || line[0] == '#' || line[0] == 'n') continue;
-        std::string_view rest(line);
-        std::array<double, 2 + kTotals.size()> fields{};
-        bool complete = true;
-        for (double& field : fields) {
-            size_t used = 0;
-            field = StrToDoubleC(rest, &used);
-            if (used == 0) complete = false;
-            rest.remove_prefix(std::min(used, rest.size()));
-        }
-        if (!complete) continue;
-        Water water;
-        water.ph = fields[1];
-        std::copy(fields.begin() + 2, fields.end(), water.totals.begin());
-        waters.push_back(water);
-    }
-    return waters;
+// The fields of row `row` of the table: every column but the row number "n".
+std::vector<WaterField> RowFields(const WaterTable& table, size_t row) {
+    std::vector<WaterField> fields;
+    for (size_t c = 0; c < table.columns.size(); ++c)
+        if (table.columns[c] != "n") fields.push_back({table.columns[c], FormatC("%.17G", table.At(row, c))});
+    fields.push_back({"Ionic strength model", "1"});  // Davies
+    fields.push_back({"Convergence criterion", "1.0001"});
+    return fields;
 }
 
-// Puts one water into the workspace's input.
-void ApplyWater(Workspace& ws, const Water& water) {
-    ChemicalSystem& chem = ws.chem;
-    ws.input = InputProblem{};
-    test::ClearInputs(ws.input, chem);
-    ws.input.components[chem.db().hydrogenIndex] = {std::pow(10.0, -water.ph), InpTypeFreeAct};
-    for (size_t k = 0; k < kTotals.size(); ++k)
-        ws.input.components[chem.db().FindComponent(kTotals[k])] = {water.totals[k], InpTypeTotalConc};
-    ws.input.ionicStrengthModel = kDaviesModel;
-    ws.input.convergenceCriterion = 1.0001;
+// Puts one water into the workspace's input; false when the input refuses it.
+bool ApplyWater(Workspace& ws, const std::vector<WaterField>& water) {
+    return !ReadWaterFields(water, ws.input, ws.chem.db());
 }
 
 // The waters, their input files and the batch file, made once for all runs.
 struct WatersSetUp {
     bench::BenchWorkspace folder{"waters-bench"};
-    std::vector<Water> waters = ReadWaters();
+    std::vector<std::vector<WaterField>> waters;
     std::string error;
 
     WatersSetUp() {
-        if (waters.empty()) {
+        const std::optional<WaterTable> table = ReadWaterTable(kWatersFile);
+        if (!table) {
             error = kMissingWaters;
             return;
         }
@@ -97,12 +67,13 @@ struct WatersSetUp {
             return;
         }
         Workspace& ws = *folder.ws;
-        for (const char* name : kTotals)
-            if (ws.chem.db().FindComponent(name) < 0) error = std::string("no component ") + name + " in the database";
-        if (!error.empty()) return;
+        for (size_t row = 0; row < table->RowCount(); ++row) waters.push_back(RowFields(*table, row));
         std::string batch;
         for (size_t i = 0; i < waters.size(); ++i) {
-            ApplyWater(ws, waters[i]);
+            if (!ApplyWater(ws, waters[i])) {
+                error = "water " + std::to_string(i + 1) + " is refused by the input reader";
+                return;
+            }
             const std::string name = "water" + std::to_string(i + 1);
             if (!WriteUtf16File(ws.folders.inputFolder + name + ".i64",
                                 std::string_view(FormatInputFile(ws.input, ws.chem.db())))) {
@@ -156,7 +127,7 @@ void Calculation(benchmark::State& state) {
     Workspace& ws = *setUp.folder.ws;
     int failed = 0;
     for (auto _ : state)
-        for (const Water& water : setUp.waters) {
+        for (const std::vector<WaterField>& water : setUp.waters) {
             ApplyWater(ws, water);
             ws.solver = SolverState{};
             const CalculationOutcome out = CalculateInput(ws, false);

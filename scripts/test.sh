@@ -32,7 +32,7 @@ if [ -x build/bin/tormel_ui_tests ]; then
 fi
 
 phase "sanitizer build (ASan + UBSan)"
-scripts/build.sh build-asan -DCMAKE_BUILD_TYPE=Debug -DTORMEL_SANITIZE=ON -DTORMEL_BUILD_BENCH=OFF -DTORMEL_BUILD_DOCUMENTS=OFF
+scripts/build.sh build-asan -DCMAKE_BUILD_TYPE=Debug -DTORMEL_SANITIZE=ON -DTORMEL_BUILD_BENCH=OFF -DTORMEL_BUILD_DOCUMENTS=OFF -DTORMEL_BUILD_PYTHON=OFF
 
 phase "sanitizer tests"
 (cd build-asan && ASAN_OPTIONS=detect_leaks=1 LSAN_OPTIONS=suppressions="$root/tests/lsan.supp" \
@@ -40,7 +40,7 @@ phase "sanitizer tests"
 
 phase "thread sanitizer build (the parallel batch and shared lookups)"
 scripts/build.sh build-tsan --target tormel_tests --target tormel-cli -- -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTORMEL_TSAN=ON \
-  -DTORMEL_BUILD_GUI=OFF -DTORMEL_BUILD_BENCH=OFF
+  -DTORMEL_BUILD_GUI=OFF -DTORMEL_BUILD_BENCH=OFF -DTORMEL_BUILD_PYTHON=OFF
 
 phase "thread sanitizer tests"
 (cd build-tsan && TSAN_OPTIONS=halt_on_error=1 ctest -j "$jobs" --output-on-failure \
@@ -49,7 +49,7 @@ phase "thread sanitizer tests"
 if ls tests/fuzz/*.cpp >/dev/null 2>&1; then
   phase "fuzz build"
   scripts/build.sh build-fuzz -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo -DTORMEL_FUZZ=ON \
-    -DTORMEL_BUILD_TESTS=OFF -DTORMEL_BUILD_BENCH=OFF -DTORMEL_BUILD_GUI=OFF -DTORMEL_BUILD_DOCUMENTS=OFF
+    -DTORMEL_BUILD_TESTS=OFF -DTORMEL_BUILD_BENCH=OFF -DTORMEL_BUILD_GUI=OFF -DTORMEL_BUILD_DOCUMENTS=OFF -DTORMEL_BUILD_PYTHON=OFF
   phase "fuzz targets"
   for src in tests/fuzz/*.cpp; do
     name=$(basename "$src" .cpp)
