@@ -35,7 +35,11 @@ struct EditorFixture : test::DesktopFixture {
     }
     int32_t Index(const char* name) { return Ws().chem.db().FindComponent(name); }
     double Value(const char* name) { return Ws().input.components[size_t(Index(name))].inputValue; }
-    InputList* List(InputEditor::ListId id) { return editor->List(id); }
+    // The list, with its page shown.
+    InputList* List(InputEditor::ListId id) {
+        if (id >= InputEditor::RedoxList) editor->Pages()->setCurrentIndex(id);
+        return editor->List(id);
+    }
     int RowOf(InputEditor::ListId id, const char* name) {
         InputList* list = List(id);
         for (int r = 0; r < list->rowCount(); ++r)
@@ -208,12 +212,10 @@ TEST(InputEditor, SearchSelectsTheComponentAsOneTypes) {
     InputList* cations = f.List(InputEditor::CationList);
     EXPECT_EQ(cations->EditedRow(), f.RowOf(InputEditor::CationList, "Cu(II)"));
     EXPECT_TRUE(f.editor->isEnabled());
-
-    // a redox solid while redox is off is refused with a warning
-    const int32_t solid = EditorRowsOf(f.Ws().chem.db()).redoxSolids.front();
-    EXPECT_FALSE(f.editor->SelectComponent(solid));
-    ASSERT_FALSE(f.boxes.empty());
-    EXPECT_EQ(f.boxes.back().lines.front(), LanguageText(f.Ws().language, "InputEditSearch", "TurnOnRedox"));
+    // a gas is chosen on its page
+    EXPECT_TRUE(f.editor->SelectComponent(f.Index("CO2(g)")));
+    EXPECT_EQ(f.editor->Pages()->currentIndex(), 3);
+    EXPECT_EQ(f.editor->List(InputEditor::GasList)->EditedRow(), 0);
 }
 
 TEST(InputEditor, CancelPutsEverythingBack) {
@@ -272,31 +274,35 @@ std::vector<double> Concentrations(const Workspace& ws) {
 }
 
 TEST(InputEditor, EditedSavedAndReopenedWaterCalculatesAsTheFileEditedByHand) {
+    std::vector<double> edited;
+    {
+        test::DesktopFixture fixture;
+        ASSERT_FALSE(fixture.Start().endProcess);
+        MainWindow& window = fixture.Window();
+        const std::string path = fixture.ExampleInput();
+        window.ReceiveHandover(275, QString::fromStdString(path));
+        test::WhenWindowShows(QStringLiteral("FrmEditInput"), [](QWidget* window) {
+            auto* editor = static_cast<InputEditor*>(window);
+            InputList* cations = editor->List(InputEditor::CationList);
+            for (int r = 0; r < cations->rowCount(); ++r)
+                if (cations->item(r, 0)->text() == QStringLiteral("Ca")) {
+                    QTest::mouseClick(cations->viewport(), Qt::LeftButton, {},
+                                      cations->visualItemRect(cations->item(r, 1)).center());
+                    cations->Editor()->clear();
+                    QTest::keyClicks(cations->Editor(), QStringLiteral("0.003"));
+                    QTest::keyClick(cations->Editor(), Qt::Key_Return);
+                }
+            editor->Pages()->Precipitation()->click();
+            editor->ToolButton(0)->click();
+        });
+        window.DispatchCommand(1114);
+        window.DispatchCommand(1115);  // save to the opened file
+        window.ReceiveHandover(275, QString::fromStdString(path));
+        window.DispatchCommand(1121);
+        edited = Concentrations(fixture.Ws());
+    }
     test::DesktopFixture fixture;
     ASSERT_FALSE(fixture.Start().endProcess);
-    MainWindow& window = fixture.Window();
-    const std::string path = fixture.ExampleInput();
-    window.ReceiveHandover(275, QString::fromStdString(path));
-    test::WhenWindowShows(QStringLiteral("FrmEditInput"), [](QWidget* window) {
-        auto* editor = static_cast<InputEditor*>(window);
-        InputList* cations = editor->List(InputEditor::CationList);
-        for (int r = 0; r < cations->rowCount(); ++r)
-            if (cations->item(r, 0)->text() == QStringLiteral("Ca")) {
-                QTest::mouseClick(cations->viewport(), Qt::LeftButton, {},
-                                  cations->visualItemRect(cations->item(r, 1)).center());
-                cations->Editor()->clear();
-                QTest::keyClicks(cations->Editor(), QStringLiteral("0.003"));
-                QTest::keyClick(cations->Editor(), Qt::Key_Return);
-            }
-        editor->Pages()->Precipitation()->click();
-        editor->ToolButton(0)->click();
-    });
-    window.DispatchCommand(1114);
-    window.DispatchCommand(1115);  // save to the opened file
-    window.ReceiveHandover(275, QString::fromStdString(path));
-    window.DispatchCommand(1121);
-    const std::vector<double> edited = Concentrations(fixture.Ws());
-
     std::u16string text = ReadUtf16File(std::string(TORMEL_SOURCE_DIR) + "/data/examples/hard_water.i64").value();
     auto replace = [&text](std::u16string_view from, std::u16string_view to) {
         text.replace(text.find(from), from.size(), to);
@@ -305,8 +311,8 @@ TEST(InputEditor, EditedSavedAndReopenedWaterCalculatesAsTheFileEditedByHand) {
     replace(u"Precipitation equilibria: not included", u"Precipitation equilibria: included");
     const std::string byHand = fixture.Ws().folders.inputFolder + "by_hand.i64";
     ASSERT_TRUE(WriteUtf16File(byHand, text));
-    window.ReceiveHandover(275, QString::fromStdString(byHand));
-    window.DispatchCommand(1121);
+    fixture.Window().ReceiveHandover(275, QString::fromStdString(byHand));
+    fixture.Window().DispatchCommand(1121);
     ASSERT_FALSE(edited.empty());
     EXPECT_EQ(Concentrations(fixture.Ws()), edited);
 }

@@ -39,8 +39,8 @@ TEST(UnitOptions, OkTakesTheControlsCancelNeverConfirms) {
         SCOPED_TRACE(c.decimals);
         test::WhenWindowShows(QStringLiteral("FrmUnitPlus"), [&](QWidget* window) {
             auto* dialog = static_cast<UnitOptionsDialog*>(window);
-            dialog->Decimals()->lineEdit()->selectAll();
-            QTest::keyClicks(dialog->Decimals()->lineEdit(), QString::fromLatin1(c.decimals));
+            dialog->Decimals()->selectAll();
+            QTest::keyClicks(dialog->Decimals(), QString::fromLatin1(c.decimals));
             QTest::mouseClick(dialog->UnitButton(c.unitButton), Qt::LeftButton, {}, QPoint(5, 5));
             EXPECT_EQ(dialog->PressureUnit()->text(), QString::fromUtf8(c.pressure));
             EXPECT_EQ(dialog->ShowAll(), nullptr) << "no output part";

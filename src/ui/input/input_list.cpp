@@ -40,6 +40,12 @@ InputList::InputList(const QStringList& headers, QWidget* parent) : QTableWidget
     });
 }
 
+InputList::~InputList() {
+    // the edit field loses the focus while it is destroyed: nothing to commit then
+    editor_->removeEventFilter(this);
+    callbacks_ = {};
+}
+
 void InputList::SetRows(const std::vector<Row>& rows) {
     CloseEditor();
     clearContents();

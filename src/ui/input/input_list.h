@@ -34,6 +34,7 @@ public:
 
     // `headers`: three columns (name, value, unit) or four (with the type).
     InputList(const QStringList& headers, QWidget* parent);
+    ~InputList() override;
     void SetCallbacks(Callbacks callbacks) { callbacks_ = std::move(callbacks); }
     void SetRows(const std::vector<Row>& rows);
     void SetUnitChoices(const QStringList& units, int current);

@@ -89,14 +89,25 @@ QString InputOptionPages::Text(const char* key) const { return LangQ(ws_.languag
 QLineEdit* InputOptionPages::Field(TypedRange range, std::function<void(double)> store) {
     auto* field = new QLineEdit;
     field->setMaximumWidth(Scaled(150));
+    // Text that is refused puts back the value the field held before the
+    // typing began ("lastGood", set when the field is filled or left).
     connect(field, &QLineEdit::textChanged, this, [this, field, range, store](const QString& text) {
         if (filling_) return;
         const TypedNumber typed = ReadTypedNumber(S(text), ws_.decimalSeparator, range);
         field->setStyleSheet(typed.value ? QString() : QStringLiteral("QLineEdit { background: #ffd8d8; }"));
         showHint_(typed.value ? QString() : Text(typed.hintKey.c_str()));
-        if (!typed.value) return;
         filling_ = true;  // the partner field is rewritten once, without echo
-        store(*typed.value);
+        store(typed.value ? *typed.value : field->property("lastGood").toDouble());
+        filling_ = false;
+    });
+    connect(field, &QLineEdit::editingFinished, this, [this, field, range] {
+        const TypedNumber typed = ReadTypedNumber(S(field->text()), ws_.decimalSeparator, range);
+        if (typed.value) {
+            field->setProperty("lastGood", *typed.value);
+            return;
+        }
+        filling_ = true;
+        SetField(field, field->property("lastGood").toDouble(), field->property("format").toByteArray().constData());
         filling_ = false;
     });
     return field;
@@ -105,6 +116,8 @@ QLineEdit* InputOptionPages::Field(TypedRange range, std::function<void(double)>
 void InputOptionPages::SetField(QLineEdit* field, double value, const char* format) {
     field->setText(Q(FormatNumber(value, format, false, ws_.decimalSeparator)));
     field->setStyleSheet(QString());
+    field->setProperty("lastGood", value);
+    field->setProperty("format", QByteArray(format));
 }
 
 QWidget* InputOptionPages::GeneralPage() {
