@@ -18,8 +18,9 @@ InputList::InputList(const QStringList& headers, QWidget* parent) : QTableWidget
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
-    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-    horizontalHeader()->setStretchLastSection(true);
+    // every text whole; a list narrower than its texts scrolls sideways
+    horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    horizontalHeader()->setStretchLastSection(headers.size() < 4);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
 
     editor_ = new QLineEdit(viewport());
@@ -57,14 +58,6 @@ void InputList::SetRows(const std::vector<Row>& rows) {
     }
 }
 
-void InputList::resizeEvent(QResizeEvent* event) {
-    QTableWidget::resizeEvent(event);
-    const int width = viewport()->width();
-    const bool main = columnCount() == 4;
-    setColumnWidth(0, width * (main ? 18 : 35) / 100);
-    setColumnWidth(1, width * (main ? 27 : 35) / 100);
-    setColumnWidth(2, width * 14 / 100);
-}
 
 void InputList::SetUnitChoices(const QStringList& units, int current) {
     unitList_->clear();

@@ -11,32 +11,18 @@
 #include <QMouseEvent>
 #include <QRadioButton>
 #include <QScrollArea>
+#include <QTabBar>
 #include <QVBoxLayout>
 
 #include "shell/input_editing.h"
 #include "shell/workspace.h"
+#include "ui/input/button_label.h"
 #include "ui/input/input_list.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
 
 namespace tormel {
 namespace {
-
-// A label that wraps its text and clicks its button when clicked.
-class ButtonLabel : public QLabel {
-public:
-    ButtonLabel(const QString& text, QAbstractButton* button, QWidget* parent) : QLabel(text, parent), button_(button) {
-        setWordWrap(true);
-    }
-
-protected:
-    void mousePressEvent(QMouseEvent*) override {
-        if (button_->isEnabled()) button_->click();
-    }
-
-private:
-    QAbstractButton* button_;
-};
 
 // A radio button or check box whose text wraps within the page: the button
 // and its label share one row widget (disable the row to grey both).
@@ -46,7 +32,6 @@ Button* AddButton(QBoxLayout* layout, const QString& text, QButtonGroup* group =
     auto* rowLayout = new QHBoxLayout(row);
     rowLayout->setContentsMargins(0, 0, 0, 0);
     auto* button = new Button(row);
-    button->setAccessibleName(text);
     rowLayout->addWidget(button, 0, Qt::AlignTop);
     rowLayout->addWidget(new ButtonLabel(text, button, row), 1);
     if (group) group->addButton(button, id);
@@ -77,6 +62,8 @@ QScrollArea* ScrollPage(QVBoxLayout*& layout) {
 
 InputOptionPages::InputOptionPages(Workspace& ws, std::function<void(const QString&)> showHint, QWidget* parent)
     : QTabWidget(parent), ws_(ws), showHint_(std::move(showHint)) {
+    // five captions side by side in a third of the screen
+    tabBar()->setStyleSheet(QStringLiteral("QTabBar::tab { padding: %1px %2px; }").arg(Scaled(4)).arg(Scaled(5)));
     addTab(GeneralPage(), Text("CaptionTab1"));
     addTab(OrganicPage(), Text("CaptionTab2"));
     addTab(RedoxPage(), Text("CaptionTab3"));

@@ -11,6 +11,7 @@
 
 #include "shell/unit_choice.h"
 #include "shell/workspace.h"
+#include "ui/input/button_label.h"
 #include "ui/main/image_resources.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
@@ -73,10 +74,10 @@ UnitOptionsDialog::UnitOptionsDialog(Workspace& ws, bool withOutputPart, QWidget
     const int current = UnitButtonIndex(units);
     if (current >= 0 && current < 8) unitButtons_[static_cast<size_t>(current)]->setChecked(true);
     auto* gasLabel = new QLabel(text("TxtStaticGas"), unitGroup);
-    gasLabel->setGeometry(At(16, 104, 240, 24));
+    gasLabel->setGeometry(Scaled(16), Scaled(104), gasLabel->sizeHint().width(), Scaled(24));
     pressureUnit_ = new QLabel(Q(PressureLabelOfButton(current)), unitGroup);
     pressureUnit_->setObjectName(QStringLiteral("PressureUnit"));
-    pressureUnit_->setGeometry(At(260, 104, 100, 24));
+    pressureUnit_->setGeometry(gasLabel->geometry().right() + Scaled(8), Scaled(104), Scaled(100), Scaled(24));
     connect(buttons, &QButtonGroup::idClicked, this,
             [this](int id) { pressureUnit_->setText(Q(PressureLabelOfButton(id))); });
 
@@ -106,10 +107,11 @@ void UnitOptionsDialog::BuildOutputPart() {
     onlyAbove_->setGeometry(Scaled(16), Scaled(42), radioWidth, Scaled(26));
     cutOff_ = new QLineEdit(Q(CutOffText(options.cutOff, ws_.decimalSeparator)), speciesGroup);
     cutOff_->setObjectName(QStringLiteral("CutOff"));
-    cutOff_->setGeometry(Scaled(16) + radioWidth + Scaled(4), Scaled(42), Scaled(60), Scaled(26));
+    cutOff_->setGeometry(Scaled(16) + radioWidth + Scaled(4), Scaled(42), Scaled(56), Scaled(26));
     auto* percent = new QLabel(text("OutputOnlyAbove2"), speciesGroup);
     const int percentX = cutOff_->geometry().right() + Scaled(6);
-    percent->setGeometry(percentX, Scaled(42), Scaled(384) - percentX, Scaled(26));
+    percent->setWordWrap(true);
+    percent->setGeometry(percentX, Scaled(36), Scaled(384) - percentX, Scaled(38));
     freeAlways_ = new QCheckBox(text("OutputOnlyAbove3"), speciesGroup);
     freeAlways_->setGeometry(At(40, 76, 340, 26));
     freeAlways_->setChecked(options.freeAlways);
@@ -119,10 +121,10 @@ void UnitOptionsDialog::BuildOutputPart() {
 
     auto* logsGroup = new QGroupBox(this);
     logsGroup->setGeometry(At(16, 348, 390, 56));
-    showLogs_ = new QCheckBox(text("OutputShowLogs"), logsGroup);
-    showLogs_->setGeometry(At(16, 8, 370, 40));
+    showLogs_ = new QCheckBox(logsGroup);
+    showLogs_->setGeometry(At(16, 17, 20, 20));
     showLogs_->setChecked(options.showLogs);
-    showLogs_->setStyleSheet(QStringLiteral("QCheckBox { padding: 0px; }"));
+    (new ButtonLabel(text("OutputShowLogs"), showLogs_, logsGroup))->setGeometry(At(40, 6, 340, 44));
 }
 
 void UnitOptionsDialog::UpdateOutputEnabling() {
