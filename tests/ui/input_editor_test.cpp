@@ -165,6 +165,16 @@ TEST(InputEditor, KeysMoveTheEditField) {
     EXPECT_EQ(list->EditedRow(), 1);
     QTest::keyClick(list->Editor(), Qt::Key_PageDown);
     EXPECT_GT(list->EditedRow(), 2);
+
+    // Ctrl+Tab and Ctrl+Shift+Tab turn the pages round
+    QApplication::setActiveWindow(f.editor.get());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(f.editor.get()));
+    QTabWidget* pages = f.editor->Pages();
+    QTest::keyClick(list->Editor(), Qt::Key_Tab, Qt::ControlModifier);
+    EXPECT_EQ(pages->currentIndex(), 1);
+    QTest::keyClick(list->Editor(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(list->Editor(), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(pages->currentIndex(), 4);
 }
 
 TEST(InputEditor, TextThatIsNoNumberInRangeIsRefused) {

@@ -104,6 +104,15 @@ InputEditor::InputEditor(Workspace& ws, QWidget* owner) : QDialog(owner), ws_(ws
     FillLists();
 }
 
+InputEditor::~InputEditor() {
+    // hiding the window moves the focus out of an open edit field: nothing
+    // may be committed into an editor that is going away
+    for (InputList* list : lists_) {
+        list->SetCallbacks({});
+        list->CloseEditor();
+    }
+}
+
 const std::vector<int32_t>& InputEditor::Rows(ListId id) const { return rows_[static_cast<size_t>(id)]; }
 
 void InputEditor::BindList(ListId id) {

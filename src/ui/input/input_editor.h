@@ -26,6 +26,7 @@ public:
     enum ListId { CationList, LigandList, RedoxList, GasList, AdsorbentList };
 
     InputEditor(Workspace& ws, QWidget* owner);
+    ~InputEditor() override;
 
     // Clears and refills the five lists in the current display units.
     void FillLists();
