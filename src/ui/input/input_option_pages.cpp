@@ -317,8 +317,9 @@ void InputOptionPages::Fill() {
     temperatureChoice_->button(TemperatureChoiceOf(in))->setChecked(true);
     SetField(temperature_, in.temperature, "%.6G");
     neutral_->button(in.forceNeutral ? 1 : 0)->setChecked(true);
-    cation_->setCurrentIndex(cation_->findData(in.neutraliseCation));
-    anion_->setCurrentIndex(anion_->findData(in.neutraliseAnion));
+    // 0 means none chosen (not H+, which is component 0)
+    cation_->setCurrentIndex(in.neutraliseCation == 0 ? -1 : cation_->findData(in.neutraliseCation));
+    anion_->setCurrentIndex(in.neutraliseAnion == 0 ? -1 : anion_->findData(in.neutraliseAnion));
     organic_->button(OrganicChoiceOf(in))->setChecked(true);
     SetField(doc_, in.docConcentration, "%.6G");
     SetField(fraction_, in.fulvicFraction, "%.6G");
