@@ -50,7 +50,6 @@ QScrollArea* ScrollPage(QVBoxLayout*& layout) {
     auto* area = new QScrollArea;
     area->setObjectName(QStringLiteral("FrmEditInputTab"));
     area->setWidgetResizable(true);
-    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     area->setFrameShape(QFrame::NoFrame);
     auto* content = new QWidget;
     layout = new QVBoxLayout(content);
