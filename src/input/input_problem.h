@@ -21,6 +21,7 @@ constexpr size_t kDescriptionLimit = 259;
 struct ComponentInput {
     double inputValue = 0;
     int32_t inputType = InpTypeNotSpecified;
+    bool operator==(const ComponentInput&) const = default;
 };
 
 struct InputProblem {
@@ -47,6 +48,8 @@ struct InputProblem {
 
     std::string currentInputFile;
     bool modified = false;
+
+    bool operator==(const InputProblem&) const = default;
 };
 
 }  // namespace tormel

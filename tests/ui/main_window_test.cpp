@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDialog>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
@@ -86,6 +87,8 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
         // the database windows and the options dialog are closed as soon as they show
         if ((item.command >= 1151 && item.command <= 1155) || item.command == 1141 || item.command == 1143)
             test::WhenWindowShows(QString(), [](QWidget* modal) { modal->close(); });
+        if (item.command == 1114)  // the input editor: closed with Cancel
+            test::WhenWindowShows(QStringLiteral("FrmEditInput"), [](QWidget* w) { static_cast<QDialog*>(w)->reject(); });
         window.DispatchCommand(item.command);
         if (AlwaysDisabled(item.command)) {
             EXPECT_EQ(window.CommandLog().size(), before) << "a disabled command has no action";
@@ -104,8 +107,8 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
     int notAvailable = 0;
     for (const MessageBoxRequest& r : fixture.boxes)
         if (!r.lines.empty() && r.lines[0].find(notYet) != std::string::npos) ++notAvailable;
-    EXPECT_EQ(notAvailable, 1 + 2 + 1 + 1)
-        << "editor, viewer and printing, the viewer after Calculate, comparison";
+    EXPECT_EQ(notAvailable, 2 + 1 + 1)
+        << "viewer and printing, the viewer after Calculate, comparison";
 }
 
 TEST(MainWindow, AcceleratorsOpenTheTilePanels) {
