@@ -3,6 +3,8 @@
 // line, the question before closing, and the German texts.
 #include <gtest/gtest.h>
 
+#include <QTimer>
+
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
@@ -79,6 +81,13 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
     };
     std::vector<int> helpTopics;
     window.Services().openHelp = [&](int topic) { helpTopics.push_back(topic); };
+    // the printing dialog is modal: cancel it as soon as it shows
+    QTimer cancelPrinting;
+    QObject::connect(&cancelPrinting, &QTimer::timeout, [] {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->isVisible() && w->objectName() == QStringLiteral("FrmPrintOutput")) w->close();
+    });
+    cancelPrinting.start(10);
 
     for (const MenuItem& item : CommandTable()) {
         SCOPED_TRACE(item.command);
@@ -101,8 +110,7 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
     int notAvailable = 0;
     for (const MessageBoxRequest& r : fixture.boxes)
         if (!r.lines.empty() && r.lines[0].find(notYet) != std::string::npos) ++notAvailable;
-    EXPECT_EQ(notAvailable, 1 + 2 + 1 + 5 + 2 + 1 + 2)
-        << "editor, viewer and printing, the viewer after Calculate, options, database, comparison, the two documents";
+    EXPECT_EQ(notAvailable, 1 + 5 + 2 + 2) << "editor, options, database, the two documents";
 }
 
 TEST(MainWindow, AcceleratorsOpenTheTilePanels) {
