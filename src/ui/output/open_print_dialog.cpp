@@ -22,6 +22,7 @@
 #include "core/messages.h"
 #include "shell/workspace.h"
 #include "ui/main/image_resources.h"
+#include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
 #include "ui/output/result_print.h"
 
@@ -39,6 +40,7 @@ PrintDialog::PrintDialog(Workspace& ws, int32_t set, QWidget* owner) : QDialog(o
     printer_->addItem(text("PdfFile"));
     printer_->addItems(QPrinterInfo::availablePrinterNames());
     pdfFile_ = new QLineEdit;
+    pdfFile_->setMinimumWidth(Scaled(280));
     auto* browse = new QToolButton;
     browse->setText(QStringLiteral("…"));
     const bool toPdf = PrintsToPdf(stored) || printer_->findText(Q(stored.printer)) < 0;

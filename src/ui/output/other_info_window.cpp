@@ -1,5 +1,7 @@
 #include "ui/output/other_info_window.h"
 
+#include <algorithm>
+
 #include <QHeaderView>
 #include <QLabel>
 #include <QTabWidget>
@@ -89,6 +91,10 @@ OtherInfoWindow::OtherInfoWindow(Workspace& ws, int32_t set, QWidget* viewer)
             if (b == kSolidsBlock)
                 if (const std::optional<QColor> colour = RowClassColour(static_cast<int32_t>(key)))
                     for (int c = 0; c < list->columnCount(); ++c) item->setBackground(c, *colour);
+        }
+        for (int c = 0; c < list->columnCount(); ++c) {  // at least 100 wide, wider for longer texts
+            list->resizeColumnToContents(c);
+            list->setColumnWidth(c, std::clamp(list->columnWidth(c), Scaled(100), Scaled(400)));
         }
         const int tab = static_cast<int>(lists_.size());
         connect(list, &QTreeWidget::itemClicked, this, [this, tab, list](QTreeWidgetItem* item, int column) {

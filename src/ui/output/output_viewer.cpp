@@ -50,7 +50,7 @@ QTreeWidget* MakeList(const Language& language, std::initializer_list<std::pair<
     int i = 0;
     const int last = static_cast<int>(columns.size()) - 1;
     for (const auto& c : columns) {
-        list->setColumnWidth(i, Scaled(c.second));
+        list->setColumnWidth(i, std::max(Scaled(c.second), list->header()->sectionSizeHint(i)));
         const bool left = i == 0 || (lastLeft && i == last);
         list->headerItem()->setTextAlignment(i, (left ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
         ++i;
@@ -156,8 +156,13 @@ OutputViewer::OutputViewer(Workspace& ws, int32_t set, QWidget* owner, std::func
     const bool remember = s.ReadSettingBool("Options", "Remember-Windows", true);
     const int horTop = std::max(40, remember ? s.ReadSettingInt("Options", "HorBarTop", 130) : 0);
     const int vertLeft = std::max(40, remember ? s.ReadSettingInt("Options", "VertBarLeft", 175) : 0);
-    rows_->setSizes({Scaled(horTop), Scaled(2000)});
-    columns_->setSizes({Scaled(vertLeft), Scaled(2000)});
+    // the bars keep their distance from the tree's edges when the window is resized
+    for (QSplitter* bar : {rows_, columns_}) {
+        bar->setStretchFactor(0, 0);
+        bar->setStretchFactor(1, 1);
+    }
+    barTop_ = Scaled(horTop);
+    barLeft_ = Scaled(vertLeft);
 
     const QRect area = QGuiApplication::primaryScreen() ? QGuiApplication::primaryScreen()->availableGeometry()
                                                         : QRect(0, 0, 1280, 800);
@@ -277,6 +282,11 @@ void OutputViewer::LayOut() {
     const int right = width() - Scaled(16) - (placement_ == 1 ? Scaled(490) : 0);
     const int bottom = height() - Scaled(16) - (placement_ == 2 ? Scaled(270) : 0);
     rows_->setGeometry(left, top, std::max(0, right - left), std::max(0, bottom - top));
+    if (barTop_ > 0) {  // the stored bar positions, once the content area is known
+        rows_->setSizes({barTop_, std::max(0, rows_->height() - barTop_)});
+        columns_->setSizes({barLeft_, std::max(0, rows_->width() - barLeft_)});
+        barTop_ = 0;
+    }
     const QSize pie(Scaled(480), Scaled(260));
     for (PiePanel* p : pies_) p->setVisible(placement_ != 0);
     if (placement_ == 1) {

@@ -67,6 +67,8 @@ private:
     int32_t set_;
     int32_t shown_ = -1;
     int placement_ = 0;
+    int barTop_ = 0;   // until the first layout: the bars' stored distances from the tree's edges
+    int barLeft_ = 0;
     std::function<void(int)> help_;
     std::array<QToolButton*, 7> buttons_{};
     QComboBox* placementBox_ = nullptr;
