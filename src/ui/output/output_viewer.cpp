@@ -161,6 +161,14 @@ OutputViewer::OutputViewer(Workspace& ws, int32_t set, QWidget* owner, std::func
         bar->setStretchFactor(0, 0);
         bar->setStretchFactor(1, 1);
     }
+    // a bar stays between 15% and 85% of its span
+    for (QSplitter* bar : {rows_, columns_})
+        connect(bar, &QSplitter::splitterMoved, bar, [bar] {
+            const QList<int> sizes = bar->sizes();
+            const int span = sizes.value(0) + sizes.value(1);
+            const int first = std::clamp(sizes.value(0), span * 15 / 100, span * 85 / 100);
+            if (first != sizes.value(0)) bar->setSizes({first, span - first});
+        });
     barTop_ = Scaled(horTop);
     barLeft_ = Scaled(vertLeft);
 

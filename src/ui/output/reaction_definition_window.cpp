@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QPainter>
 #include <QPointer>
 
@@ -36,7 +38,10 @@ void ReactionDefinitionWindow::Show(const ReactionDefinition& definition) {
     definition_ = definition;
     layout_ = LayOutReaction(definition_, ws_.language, ws_.decimalSeparator, fonts_);
     const int margin = Scaled(5);
-    resize(std::max(width(), static_cast<int>(layout_.width) + margin), static_cast<int>(layout_.height));
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    const int widest = screen ? screen->availableGeometry().width() : 1280;
+    resize(std::min(widest, std::max(width(), static_cast<int>(layout_.width) + margin)),
+           static_cast<int>(layout_.height));
     update();
 }
 

@@ -100,7 +100,7 @@ TEST(Screenshots, ComparisonOfThreeSets) {
         files.push_back(fixture.Ws().folders.outputFolder + example + ".o64");
         ASSERT_TRUE(WriteOutputFile(files.back(), fixture.Ws().results, 0));
     }
-    ComparisonWindow window(fixture.Ws(), &fixture.Window());
+    auto& window = *new ComparisonWindow(fixture.Ws(), &fixture.Window());  // deletes itself on closing
     window.show();
     for (const std::string& file : files) ASSERT_TRUE(window.AddFile(file));
     for (int i = 0; i < 10; ++i) QApplication::processEvents();

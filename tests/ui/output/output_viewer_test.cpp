@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include <QApplication>
+#include <QSplitter>
 #include <QTabWidget>
 #include <QTreeWidget>
 
@@ -119,9 +120,18 @@ TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
     EXPECT_GE(viewer->height(), Scaled(648));
     EXPECT_TRUE(viewer->FractionsPie()->isVisibleTo(viewer));
     EXPECT_EQ(ws.settings.ReadSettingInt("Output", "ViewGraphs", 0), 1);
+    // a bar dragged to the edge stops at 15% of its span
+    viewer->resize(Scaled(1200), Scaled(1000));
+    QSplitter* rows = viewer->Rows();
+    const int span = rows->sizes().value(0) + rows->sizes().value(1);
+    rows->setSizes({1, span - 1});
+    emit rows->splitterMoved(1, 1);
+    EXPECT_NEAR(rows->sizes().value(0), span * 0.15, 1);
+
     viewer->close();
     QApplication::processEvents();
     EXPECT_GT(ws.settings.ReadSettingInt("Options", "OutputWindow_Width", 0), 0) << "the size is stored on closing";
+    EXPECT_NEAR(ws.settings.ReadSettingInt("Options", "HorBarTop", 0), span * 0.15 / DpiScale(), 1);
 }
 
 TEST(OtherInfoWindow, SolidsTabColoursAndReactions) {
@@ -164,7 +174,7 @@ TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
         files.push_back(fixture.folder.File(std::string(example) + ".o64"));
         ASSERT_TRUE(WriteOutputFile(files.back(), ws.results, 0));
     }
-    ComparisonWindow window(ws, &fixture.Window());
+    auto& window = *new ComparisonWindow(ws, &fixture.Window());  // deletes itself on closing
     window.show();
     for (const std::string& file : files) ASSERT_TRUE(window.AddFile(file));
     ASSERT_EQ(ws.results.SetCount(), 3);
