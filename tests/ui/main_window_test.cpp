@@ -3,13 +3,12 @@
 // line, the question before closing, and the German texts.
 #include <gtest/gtest.h>
 
-#include <QTimer>
-
 #include <QApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
 
 #include "ui/desktop_fixture.h"
