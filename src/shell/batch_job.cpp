@@ -31,12 +31,12 @@ ResultFileKind ResultFileKindOf(const std::string& path) {
     return ResultFileKind::Unknown;
 }
 
-SaveOutcome SaveResults(const Workspace& ws, const std::string& path) {
+SaveOutcome SaveResults(const Workspace& ws, const std::string& path, int32_t set) {
     SaveOutcome outcome;
     switch (ResultFileKindOf(path)) {
         case ResultFileKind::OutputFile: {
             FileError error;
-            if (!WriteOutputFile(path, ws.results, 0, &error)) {
+            if (!WriteOutputFile(path, ws.results, set, &error)) {
                 outcome.status = SaveStatus::Failed;
                 outcome.detail = path + ": " + error.message;
             }
@@ -47,8 +47,8 @@ SaveOutcome SaveResults(const Workspace& ws, const std::string& path) {
             FileError error;
             const ExportContext context{ws.language, ws.outputOptions};
             const bool written = ResultFileKindOf(path) == ResultFileKind::Csv
-                                     ? ExportCsv(path, "\t", ws.results, 0, context, &error)
-                                     : ExportXml(path, ws.results, 0, context, &error);
+                                     ? ExportCsv(path, "\t", ws.results, set, context, &error)
+                                     : ExportXml(path, ws.results, set, context, &error);
             if (!written) {
                 outcome.status = SaveStatus::Failed;
                 outcome.detail = path + ": " + error.message;

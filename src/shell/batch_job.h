@@ -29,8 +29,8 @@ struct SaveOutcome {
     std::string detail;  // why the save failed (English)
 };
 
-// Writes result set 0 to `path` as its extension asks.
-SaveOutcome SaveResults(const Workspace& ws, const std::string& path);
+// Writes result set `set` to `path` as its extension asks.
+SaveOutcome SaveResults(const Workspace& ws, const std::string& path, int32_t set = 0);
 
 enum class JobStatus {
     Saved,

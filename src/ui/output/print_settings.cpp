@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
+
+#include <QPageSize>
 
 namespace tormel {
 namespace {
@@ -37,6 +40,32 @@ PrintSettings ReadPrintSettings(const Settings& settings) {
     p.fontSize = std::clamp(static_cast<int>(settings.ReadSettingInt("Output", "PrintFontSize")), kMinFontSize,
                             kMaxFontSize);
     return p;
+}
+
+void WritePrintSettings(const PrintSettings& p, Settings& settings) {
+    settings.WriteSettingBool("Output", "PrintSummmary", p.summary);
+    settings.WriteSettingBool("Output", "PrintDetails", p.details);
+    settings.WriteSettingBool("Output", "PrintOtherInfo", p.otherInfo);
+    settings.WriteSettingBool("Output", "PrintGraphs", p.graphs);
+    settings.WriteSettingBool("Output", "GraphsColor", p.graphsColour);
+    settings.WriteSettingString("Output", "Printer", p.printer);
+    settings.WriteSettingInt("Output", "Orientation", p.orientation == QPageLayout::Landscape ? 2 : 1);
+    const double margins[4] = {p.marginsMm.left(), p.marginsMm.top(), p.marginsMm.right(), p.marginsMm.bottom()};
+    for (int i = 0; i < 4; ++i)
+        settings.WriteSettingInt("Output", "PrintMargin" + std::to_string(i + 1),
+                                 static_cast<int32_t>(std::lround(margins[i] * kMarginScale)));
+    settings.WriteSettingInt("Output", "TableStyle", static_cast<int32_t>(p.tableStyle));
+    settings.WriteSettingString("Output", "PrintFontType", p.fontFamily);
+    settings.WriteSettingInt("Output", "PrintFontSize", p.fontSize);
+}
+
+QPageLayout PrintPageLayout(QPageLayout layout, const PrintSettings& settings, bool toPdf) {
+    if (toPdf) layout.setPageSize(QPageSize(QPageSize::A4));
+    layout.setOrientation(settings.orientation);
+    layout.setUnits(QPageLayout::Millimeter);
+    layout.setMinimumMargins(QMarginsF());
+    layout.setMargins(settings.marginsMm);
+    return layout;
 }
 
 bool PrintsToPdf(const PrintSettings& settings) {

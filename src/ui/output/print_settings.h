@@ -34,6 +34,12 @@ struct PrintSettings {
 
 PrintSettings ReadPrintSettings(const Settings& settings);
 
+// Stores the choices under [Output] as ReadPrintSettings reads them.
+void WritePrintSettings(const PrintSettings& print, Settings& settings);
+
+// Sets the page size (A4 for PDF files), orientation and margins of `layout`.
+QPageLayout PrintPageLayout(QPageLayout layout, const PrintSettings& settings, bool toPdf);
+
 // True when the printer setting asks for a PDF file rather than a printer:
 // empty, or a name ending in ".pdf" (any letter case).
 bool PrintsToPdf(const PrintSettings& settings);

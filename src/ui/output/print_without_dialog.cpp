@@ -2,7 +2,6 @@
 
 #include <QDir>
 #include <QFileInfo>
-#include <QPageSize>
 #include <QPrinter>
 #include <QPrinterInfo>
 
@@ -34,13 +33,7 @@ PrintJobOutcome PrintLoadedOutputWithoutDialog(Workspace& ws, const std::string&
         outcome.target = settings.printer;
         printer.setPrinterName(printerName);
     }
-    QPageLayout layout = printer.pageLayout();
-    if (outcome.toPdf) layout.setPageSize(QPageSize(QPageSize::A4));
-    layout.setOrientation(settings.orientation);
-    layout.setUnits(QPageLayout::Millimeter);
-    layout.setMinimumMargins(QMarginsF());
-    layout.setMargins(settings.marginsMm);
-    printer.setPageLayout(layout);
+    printer.setPageLayout(PrintPageLayout(printer.pageLayout(), settings, outcome.toPdf));
 
     outcome.pages = PrintResultSet(printer, ws, 0, settings,
                                    QFileInfo(QString::fromStdString(outputPath)).fileName());
