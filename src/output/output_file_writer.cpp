@@ -21,6 +21,18 @@ std::string OneLine(std::string text, size_t limit) {
 
 std::string Quoted(std::string_view text) { return "\"" + QuotedFieldText(text) + "\""; }
 
+// Appends Quoted(text) to `out`; a text that needs no change (no quote, no
+// line break, short enough) is copied straight in.
+void AppendQuoted(std::string& out, std::string_view text) {
+    if (text.size() <= kQuotedLimit && text.find_first_of("\"\n\r") == std::string_view::npos) {
+        out += '"';
+        out += text;
+        out += '"';
+    } else {
+        out += Quoted(text);
+    }
+}
+
 int Flag(bool on) { return on ? 1 : 0; }
 
 // A saturation index or value as "%.16G"; minus infinity as the word the
@@ -46,8 +58,11 @@ void AppendSide(std::string& out, const std::array<ReactionEntry, kMaxReactionEn
     out += FormatC("%i ", n);
     for (int32_t j = 0; j < n; ++j) {
         const ReactionEntry& entry = side[j];
-        out += FormatC("%i ", entry.coefficient) + Quoted(entry.name) + FormatC(" %i ", entry.charge) +
-               Quoted(entry.phase) + " ";
+        out += FormatC("%i ", entry.coefficient);
+        AppendQuoted(out, entry.name);
+        out += FormatC(" %i ", entry.charge);
+        AppendQuoted(out, entry.phase);
+        out += ' ';
     }
 }
 
@@ -72,10 +87,12 @@ void AppendComponents(std::string& out, const SetView& view, bool organic) {
 void AppendSpecies(std::string& out, const SetView& view) {
     out += FormatC("%i\n", static_cast<int>(view.species.size()));
     for (const SpeciesResult& s : view.species) {
-        out += Quoted(s.name) + FormatC(" %i", s.kind) + FormatC(" %.16G", s.concentration);
+        AppendQuoted(out, s.name);
+        out += FormatC(" %i", s.kind);
+        out += FormatC(" %.16G", s.concentration);
         out += s.hasActivity ? FormatC(" 1 %9.9E", s.activity) : std::string(" 0 ");
         out += s.hasConstants ? FormatC(" 1 %9.9E %9.9E ", s.intrinsicLogK, s.conditionalLogK) : std::string(" 0 ");
-        out += Quoted(s.literatureIndex >= 0 ? s.literature : std::string());
+        AppendQuoted(out, s.literatureIndex >= 0 ? std::string_view(s.literature) : std::string_view());
         out += FormatC(" %i ", s.category) + FormatC("%lld\n", s.reactionDefinition >= 0 ? Number(s.reactionDefinition) : 0LL);
     }
 }
@@ -114,6 +131,7 @@ std::string QuotedFieldText(std::string_view text) {
 std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     std::string out;
     if (set < 0 || set >= store.SetCount()) return out;
+    out.reserve(32768);
     const ResultSet& rs = store.sets[set];
     const ResultHeader& header = rs.header;
     const InputSnapshot& snap = rs.snapshot;
@@ -166,10 +184,14 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     }
 
     out += FormatC("%i\n", static_cast<int>(view.solidChecks.size()));
-    for (const SolidSaturation& s : view.solidChecks)
-        out += Quoted(s.name) + " " + Saturation(s.saturationIndex) +
-               FormatC(" %.16G %.16G %lld ", s.logK, s.conditionalLogK, Number(s.reactionDefinition)) +
-               Quoted(s.literature) + "\n";
+    for (const SolidSaturation& s : view.solidChecks) {
+        AppendQuoted(out, s.name);
+        out += ' ';
+        out += Saturation(s.saturationIndex);
+        out += FormatC(" %.16G %.16G %lld ", s.logK, s.conditionalLogK, Number(s.reactionDefinition));
+        AppendQuoted(out, s.literature);
+        out += '\n';
+    }
 
     if (in.precipitation) {
         out += FormatC(" %lld %lld \n", Number(header.firstPrecipitatedSolid), Number(header.lastPrecipitatedSolid));
@@ -181,11 +203,13 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     }
 
     out += FormatC("%i\n", static_cast<int>(view.gases.size()));
-    for (const GasResult& g : view.gases)
-        out += Quoted(g.name) +
-               FormatC(" %.16G %.16G %.16G %.16G %lld ", g.partialPressure, g.ligandConcentration, g.logK,
-                       g.conditionalLogK, Number(g.reactionDefinition)) +
-               Quoted(g.literature) + "\n";
+    for (const GasResult& g : view.gases) {
+        AppendQuoted(out, g.name);
+        out += FormatC(" %.16G %.16G %.16G %.16G %lld ", g.partialPressure, g.ligandConcentration, g.logK,
+                       g.conditionalLogK, Number(g.reactionDefinition));
+        AppendQuoted(out, g.literature);
+        out += '\n';
+    }
 
     if (in.adsorption) out += "0\n";
 
@@ -195,15 +219,20 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     if (in.ionicStrengthFixed) out += FormatC("\n%.16G", in.fixedIonicStrength);
     out += "\n";
 
-    for (const ComponentInfo& info : view.componentInfos)
-        out += Quoted(info.name) + FormatC(" %i %9.9E %9.9E %i\n", info.kind, info.inputValue, info.molarMass,
-                                           info.inputType);
+    for (const ComponentInfo& info : view.componentInfos) {
+        AppendQuoted(out, info.name);
+        out += FormatC(" %i %9.9E %9.9E %i\n", info.kind, info.inputValue, info.molarMass, info.inputType);
+    }
 
     out += FormatC("%i\n", static_cast<int>(view.reactions.size()));
     for (const ReactionDefinition& r : view.reactions) {
         AppendSide(out, r.reactants);
         AppendSide(out, r.products);
-        out += FormatC("%.16G ", r.logK) + Quoted(r.literature) + " " + Quoted(r.note) + "\n";
+        out += FormatC("%.16G ", r.logK);
+        AppendQuoted(out, r.literature);
+        out += ' ';
+        AppendQuoted(out, r.note);
+        out += '\n';
     }
     return out;
 }
