@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdarg>
 #include <cstring>
@@ -43,6 +44,12 @@ void AppendC(std::string& out, const char* format, Args... args) {
         out += FormatC(format, args...);
 }
 
+// out += FormatC("%lld", value) (or "%i"), without the format.
+void AppendInteger(std::string& out, long long value) {
+    char digits[24];
+    out.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+}
+
 // Appends Quoted(text) to `out`; a text that needs no change (no quote, no
 // line break, short enough) is copied straight in.
 void AppendQuoted(std::string& out, std::string_view text) {
@@ -78,12 +85,16 @@ int32_t EntriesWritten(const std::array<ReactionEntry, kMaxReactionEntries>& sid
 
 void AppendSide(std::string& out, const std::array<ReactionEntry, kMaxReactionEntries>& side) {
     const int32_t n = EntriesWritten(side);
-    AppendC(out, "%i ", n);
+    AppendInteger(out, n);
+    out += ' ';
     for (int32_t j = 0; j < n; ++j) {
         const ReactionEntry& entry = side[j];
-        AppendC(out, "%i ", entry.coefficient);
+        AppendInteger(out, entry.coefficient);
+        out += ' ';
         AppendQuoted(out, entry.name);
-        AppendC(out, " %i ", entry.charge);
+        out += ' ';
+        AppendInteger(out, entry.charge);
+        out += ' ';
         AppendQuoted(out, entry.phase);
         out += ' ';
     }
@@ -123,7 +134,8 @@ void AppendSpecies(std::string& out, const SetView& view) {
             out += " 0 ";
         AppendQuoted(out, s.literatureIndex >= 0 ? std::string_view(s.literature) : std::string_view());
         AppendC(out, " %i ", s.category);
-        AppendC(out, "%lld\n", s.reactionDefinition >= 0 ? Number(s.reactionDefinition) : 0LL);
+        AppendInteger(out, s.reactionDefinition >= 0 ? Number(s.reactionDefinition) : 0LL);
+        out += '\n';
     }
 }
 
@@ -218,13 +230,19 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
         AppendQuoted(out, s.name);
         out += ' ';
         out += Saturation(s.saturationIndex);
-        AppendC(out, " %.16G %.16G %lld ", s.logK, s.conditionalLogK, Number(s.reactionDefinition));
+        AppendC(out, " %.16G %.16G ", s.logK, s.conditionalLogK);
+        AppendInteger(out, Number(s.reactionDefinition));
+        out += ' ';
         AppendQuoted(out, s.literature);
         out += '\n';
     }
 
     if (in.precipitation) {
-        AppendC(out, " %lld %lld \n", Number(header.firstPrecipitatedSolid), Number(header.lastPrecipitatedSolid));
+        out += ' ';
+        AppendInteger(out, Number(header.firstPrecipitatedSolid));
+        out += ' ';
+        AppendInteger(out, Number(header.lastPrecipitatedSolid));
+        out += " \n";
         for (int64_t s = header.firstPrecipitatedSolid; s <= header.lastPrecipitatedSolid; ++s)
             out += " " + Saturation(s >= 0 && static_cast<size_t>(s) < view.species.size()
                                         ? view.species[s].saturationValue
@@ -235,8 +253,10 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     AppendC(out, "%i\n", static_cast<int>(view.gases.size()));
     for (const GasResult& g : view.gases) {
         AppendQuoted(out, g.name);
-        AppendC(out, " %.16G %.16G %.16G %.16G %lld ", g.partialPressure, g.ligandConcentration, g.logK,
-                       g.conditionalLogK, Number(g.reactionDefinition));
+        AppendC(out, " %.16G %.16G %.16G %.16G ", g.partialPressure, g.ligandConcentration, g.logK,
+                g.conditionalLogK);
+        AppendInteger(out, Number(g.reactionDefinition));
+        out += ' ';
         AppendQuoted(out, g.literature);
         out += '\n';
     }
