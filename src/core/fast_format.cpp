@@ -44,14 +44,21 @@ bool ParseSpec(const char* p, Spec& spec) {
     return spec.conversion == 's' && spec.precision < 0;
 }
 
-bool Supported(const char* format) {
+// The conversions this file handles, read once per call.
+constexpr int kMaxSpecs = 16;
+
+// Reads every conversion of `format` into `specs`; false when one is not
+// handled here or there are more than kMaxSpecs.
+bool ParseAll(const char* format, std::array<Spec, kMaxSpecs>& specs) {
+    int count = 0;
     for (const char* p = format; *p; ++p) {
         if (*p != '%') continue;
         if (p[1] == '%') {
             ++p;
             continue;
         }
-        Spec spec;
+        if (count == kMaxSpecs) return false;
+        Spec& spec = specs[static_cast<size_t>(count++)];
         if (!ParseSpec(p + 1, spec)) return false;
         p = spec.end - 1;
     }
@@ -128,8 +135,10 @@ void AppendDouble(std::string& out, double value, const Spec& spec) {
 }  // namespace
 
 bool FormatFast(const char* format, va_list args, std::string& out) {
-    if (!Supported(format)) return false;
+    std::array<Spec, kMaxSpecs> specs;
+    if (!ParseAll(format, specs)) return false;
     out.clear();
+    size_t specIndex = 0;
     for (const char* p = format; *p; ++p) {
         if (*p != '%') {
             const char* next = std::strchr(p, '%');
@@ -143,8 +152,7 @@ bool FormatFast(const char* format, va_list args, std::string& out) {
             ++p;
             continue;
         }
-        Spec spec;
-        ParseSpec(p + 1, spec);
+        const Spec& spec = specs[specIndex++];
         p = spec.end - 1;
         if (spec.conversion == 'd' || spec.conversion == 'i') {
             std::array<char, 16> buffer;
