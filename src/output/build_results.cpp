@@ -1,6 +1,7 @@
 #include "output/build_results.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "core/chemical_types.h"
@@ -169,8 +170,12 @@ void AddSpeciesLists(const ChemicalSystem& chem, SetRecords& records) {
             if (term.systemComponent < 0 || static_cast<size_t>(term.systemComponent) >= records.components.size())
                 continue;
             if (chem.systemComponents[term.systemComponent].type == Organic) continue;
-            records.components[term.systemComponent].speciesList += std::to_string(s + 1) + "=" +
-                                                                    std::to_string(term.coefficient) + ";";
+            char entry[32];
+            char* end = std::to_chars(entry, entry + 12, s + 1).ptr;
+            *end++ = '=';
+            end = std::to_chars(end, entry + 30, term.coefficient).ptr;
+            *end++ = ';';
+            records.components[term.systemComponent].speciesList.append(entry, end);
         }
     }
 }
