@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace tormel {
 
@@ -12,7 +13,7 @@ constexpr double kNegligiblePivot = 1e-13;
 
 }  // namespace
 
-bool SolvePivoted(std::vector<double> a, std::vector<double> b, int32_t size, std::vector<double>& x) {
+bool SolvePivotedInPlace(std::span<double> a, std::span<double> b, int32_t size, double negligiblePivot) {
     const auto at = [&](int32_t row, int32_t col) -> double& { return a[static_cast<size_t>(row) * size + col]; };
     for (int32_t c = 0; c < size; ++c) {
         int32_t pivot = c;
@@ -22,7 +23,7 @@ bool SolvePivoted(std::vector<double> a, std::vector<double> b, int32_t size, st
             if (std::fabs(at(r, c)) > std::fabs(at(pivot, c))) pivot = r;
         }
         for (int32_t r = 0; r < c; ++r) columnMax = std::max(columnMax, std::fabs(at(r, c)));
-        if (!(std::fabs(at(pivot, c)) > kNegligiblePivot * columnMax)) return false;
+        if (!(std::fabs(at(pivot, c)) > negligiblePivot * columnMax)) return false;
         if (pivot != c) {
             for (int32_t k = 0; k < size; ++k) std::swap(at(c, k), at(pivot, k));
             std::swap(b[c], b[pivot]);
@@ -34,13 +35,18 @@ bool SolvePivoted(std::vector<double> a, std::vector<double> b, int32_t size, st
             b[r] -= f * b[c];
         }
     }
-    x.assign(size, 0);
     for (int32_t r = size - 1; r >= 0; --r) {
         double sum = b[r];
-        for (int32_t k = r + 1; k < size; ++k) sum -= at(r, k) * x[k];
-        x[r] = sum / at(r, r);
-        if (!std::isfinite(x[r])) return false;
+        for (int32_t k = r + 1; k < size; ++k) sum -= at(r, k) * b[k];
+        b[r] = sum / at(r, r);
+        if (!std::isfinite(b[r])) return false;
     }
+    return true;
+}
+
+bool SolvePivoted(std::vector<double> a, std::vector<double> b, int32_t size, std::vector<double>& x) {
+    if (!SolvePivotedInPlace(a, b, size, kNegligiblePivot)) return false;
+    x = std::move(b);
     return true;
 }
 

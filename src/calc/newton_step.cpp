@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "calc/gauss_jordan.h"
+#include "calc/dense_solve.h"
 #include "calc/solver.h"
 
 namespace tormel {
@@ -61,13 +61,42 @@ bool JacobianTerm(const ChemicalSystem& chem, int32_t s, int32_t nuU, int32_t v,
     return std::isfinite(value);
 }
 
+// c_s of every dissolved species from the current unknowns, formed once per
+// step: the component block's entry of s for unknowns u and v is then
+// nu_u nu_v c_s / c_v. A species that holds a component in more than one
+// entry, or whose c_s is not a finite non-zero number, gets 0 and its
+// entries are formed term by term.
+void SpeciesTerms(const ChemicalSystem& chem, int32_t end, NewtonSystem& ns) {
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    if (ns.speciesTerm.size() < static_cast<size_t>(end)) ns.speciesTerm.resize(static_cast<size_t>(end));
+    ns.logFree.resize(chem.systemComponents.size());
+    for (size_t j = 0; j < ns.logFree.size(); ++j) ns.logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+    for (int32_t s = 0; s < end; ++s) {
+        const Species& sp = chem.species[s];
+        double exponent = sp.workingLogK;
+        bool distinct = true;
+        for (int32_t e = 0; e < sp.componentTerms; ++e) {
+            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+            for (int32_t f = 0; f < e; ++f)
+                if (chem.composition[Position(s, f, speciesCount)].systemComponent == term.systemComponent)
+                    distinct = false;
+            if (term.coefficient == 0) continue;
+            exponent += term.coefficient * ns.logFree[static_cast<size_t>(term.systemComponent)];
+        }
+        const double c = std::exp(exponent * kLn10);
+        ns.speciesTerm[static_cast<size_t>(s)] = distinct && std::isfinite(c) && c != 0 ? c : 0;
+    }
+}
+
 bool BuildJacobian(const ChemicalSystem& chem, NewtonSystem& ns) {
     const int32_t size = ns.Size();
     std::fill(ns.jacobian.begin(), ns.jacobian.end(), 0.0);
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     const int32_t end = chem.solidSpeciesRange.empty() ? speciesCount : chem.solidSpeciesRange.first;
+    SpeciesTerms(chem, end, ns);
     for (int32_t s = 0; s < end; ++s) {
         const Species& sp = chem.species[s];
+        const double cs = ns.speciesTerm[static_cast<size_t>(s)];
         for (int32_t a = 0; a < sp.componentTerms; ++a) {
             const CompositionTerm& ta = chem.composition[Position(s, a, speciesCount)];
             const int32_t u = ns.componentUnknown[ta.systemComponent];
@@ -76,8 +105,11 @@ bool BuildJacobian(const ChemicalSystem& chem, NewtonSystem& ns) {
                 const CompositionTerm& tb = chem.composition[Position(s, b, speciesCount)];
                 const int32_t v = ns.componentUnknown[tb.systemComponent];
                 if (v < 0 || tb.coefficient == 0) continue;
-                double value;
-                if (!JacobianTerm(chem, s, ta.coefficient, tb.systemComponent, tb.coefficient, value)) return false;
+                double value = static_cast<double>(ta.coefficient * tb.coefficient) * cs /
+                               chem.systemComponents[tb.systemComponent].freeConcentration;
+                if ((cs == 0 || !std::isfinite(value)) &&
+                    !JacobianTerm(chem, s, ta.coefficient, tb.systemComponent, tb.coefficient, value))
+                    return false;
                 ns.jacobian[u * size + v] += value;
             }
         }
@@ -135,12 +167,9 @@ bool NewtonStep(CalcContext& ctx, bool& converged) {
     for (int32_t k = 0; k < ns.m; ++k)
         if (std::fabs(ns.r[ns.n + k]) > std::log(st.workingCriterion)) converged = false;
     if (!BuildJacobian(chem, ns)) return false;
-    if (!GaussJordanInvert(ns.jacobian, size, ns.inverse)) return false;
-    for (int32_t u = 0; u < size; ++u) {
-        double sum = 0;
-        for (int32_t v = 0; v < size; ++v) sum += ns.inverse[u * size + v] * ns.r[v];
-        ns.delta[u] = sum;
-    }
+    std::copy(ns.r.begin(), ns.r.begin() + size, ns.delta.begin());
+    if (!SolvePivotedInPlace(ns.jacobian, std::span<double>(ns.delta).first(static_cast<size_t>(size)), size, 0))
+        return false;
     ShortenForSolids(ns);
     for (int32_t u = 0; u < size; ++u) {
         const double y = ns.x[u] - ns.delta[u];

@@ -10,7 +10,6 @@ namespace {
 void ResizeMatrices(NewtonSystem& ns) {
     const size_t size = static_cast<size_t>(ns.Size());
     ns.jacobian.assign(size * size, 0.0);
-    ns.inverse.assign(size * size, 0.0);
 }
 
 }  // namespace

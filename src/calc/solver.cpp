@@ -88,7 +88,6 @@ void BuildNewtonSystem(const ChemicalSystem& chem, NewtonSystem& ns) {
     ns.delta.assign(size, 0);
     ns.kind.assign(size, UnknownComponent);
     ns.jacobian.assign(size * size, 0);
-    ns.inverse.assign(size * size, 0);
 }
 
 // Whether this iteration may take a Newton step.

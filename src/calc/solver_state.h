@@ -35,8 +35,11 @@ struct NewtonSystem {
     std::vector<int32_t> solidSpecies;      // present solids in the order they entered
     std::vector<double> x, r, delta;
     std::vector<int16_t> kind;
-    std::vector<double> jacobian;  // (n+m) x (n+m), row-major
-    std::vector<double> inverse;
+    std::vector<double> jacobian;  // (n+m) x (n+m), row-major; overwritten by its LU factors in each step
+    // per species: c_s formed from the current unknowns, for the Jacobian;
+    // sized by the step itself and reused by every later step of the solve
+    std::vector<double> speciesTerm;
+    std::vector<double> logFree;  // per system component: log10 of its free concentration, for the same
 
     int32_t Size() const { return n + m; }
 };

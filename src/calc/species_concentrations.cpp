@@ -22,8 +22,10 @@ bool ComputedHere(int32_t kind) {
 }  // namespace
 
 void SpeciesConcentrations(ChemicalSystem& chem) {
-    // log10 of each unknown once, not once per species term
-    std::vector<double> logFree(chem.systemComponents.size());
+    // log10 of each unknown once, not once per species term; the buffer
+    // stays with the thread, so iterations allocate nothing
+    thread_local std::vector<double> logFree;
+    logFree.resize(chem.systemComponents.size());
     for (size_t j = 0; j < logFree.size(); ++j) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {

@@ -42,6 +42,21 @@ bool FreeConcentrationsValid(const ChemicalSystem& chem) {
     return true;
 }
 
+// The unknowns of a Newton system: everything but the Jacobian and the
+// per-step buffers, which every step fills anew before it reads them (the
+// Jacobian alone is hundreds of kilobytes with organic matter).
+void CopyUnknowns(const NewtonSystem& from, NewtonSystem& to) {
+    to.n = from.n;
+    to.m = from.m;
+    to.unknownComponent = from.unknownComponent;
+    to.componentUnknown = from.componentUnknown;
+    to.solidSpecies = from.solidSpecies;
+    to.x = from.x;
+    to.r = from.r;
+    to.delta = from.delta;
+    to.kind = from.kind;
+}
+
 void TakeBest(const CalcContext& ctx, BestIterate& best) {
     const ChemicalSystem& chem = ctx.chem;
     best.worstRatio = ctx.state.worstRatio;
@@ -51,7 +66,7 @@ void TakeBest(const CalcContext& ctx, BestIterate& best) {
     const TypeRange range = chem.solidSpeciesRange;
     if (!range.empty())
         for (int32_t s = range.first; s <= range.last; ++s) best.amounts.push_back(chem.species[s].concentration);
-    best.newton = ctx.state.newton;
+    CopyUnknowns(ctx.state.newton, best.newton);
     best.ionicStrength = ctx.state.ionicStrength;
 }
 
@@ -121,7 +136,9 @@ void StartFallback(CalcContext& ctx, bool& converged) {
             chem.species[range.first + k].concentration = best.amounts[k];
             if (k < st.solidPreviousAmount.size()) st.solidPreviousAmount[k] = best.amounts[k];
         }
-        st.newton = best.newton;
+        CopyUnknowns(best.newton, st.newton);
+        const size_t size = static_cast<size_t>(st.newton.Size());
+        st.newton.jacobian.resize(size * size);
         st.ionicStrength = best.ionicStrength;
         UpdateActivity(ctx);
         FreeFromActivity(ctx);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <cmath>
 #include <cstring>
 
@@ -43,14 +44,21 @@ bool ParseSpec(const char* p, Spec& spec) {
     return spec.conversion == 's' && spec.precision < 0;
 }
 
-bool Supported(const char* format) {
+// The conversions this file handles, read once per call.
+constexpr int kMaxSpecs = 16;
+
+// Reads every conversion of `format` into `specs`; false when one is not
+// handled here or there are more than kMaxSpecs.
+bool ParseAll(const char* format, std::array<Spec, kMaxSpecs>& specs) {
+    int count = 0;
     for (const char* p = format; *p; ++p) {
         if (*p != '%') continue;
         if (p[1] == '%') {
             ++p;
             continue;
         }
-        Spec spec;
+        if (count == kMaxSpecs) return false;
+        Spec& spec = specs[static_cast<size_t>(count++)];
         if (!ParseSpec(p + 1, spec)) return false;
         p = spec.end - 1;
     }
@@ -62,6 +70,37 @@ void Pad(std::string& out, const char* text, size_t length, const Spec& spec) {
     if (!spec.left) out.append(fill, ' ');
     out.append(text, length);
     if (spec.left) out.append(fill, ' ');
+}
+
+// %.Nf for N <= 6 of a value whose scaled magnitude stays below 1e9 (so the
+// scaled double is within 1e-7 of the exact product): the digits are the
+// rounded integer, unless the scaled value lies so close to a half that the
+// product's own rounding could decide it; then (false) to_chars, which
+// rounds the exact binary value, formats it.
+bool AppendSmallFixed(char* buffer, size_t& length, double value, int precision) {
+    static constexpr double kPowers[] = {1, 10, 100, 1e3, 1e4, 1e5, 1e6};
+    static constexpr uint32_t kIntPowers[] = {1, 10, 100, 1000, 10000, 100000, 1000000};
+    if (precision < 0 || precision > 6) return false;
+    const double scaled = std::fabs(value) * kPowers[precision];
+    if (!(scaled < 1e9)) return false;
+    const double whole = std::floor(scaled);
+    const double fraction = scaled - whole;
+    if (std::fabs(fraction - 0.5) < 1e-6) return false;
+    const uint64_t n = static_cast<uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
+    char* p = buffer;
+    if (std::signbit(value)) *p++ = '-';
+    p = std::to_chars(p, p + 24, n / kIntPowers[precision]).ptr;
+    if (precision > 0) {
+        *p++ = '.';
+        uint64_t rest = n % kIntPowers[precision];
+        for (int d = precision - 1; d >= 0; --d) {
+            p[d] = static_cast<char>('0' + rest % 10);
+            rest /= 10;
+        }
+        p += precision;
+    }
+    length = static_cast<size_t>(p - buffer);
+    return true;
 }
 
 void AppendDouble(std::string& out, double value, const Spec& spec) {
@@ -80,6 +119,11 @@ void AppendDouble(std::string& out, double value, const Spec& spec) {
     // %g with precision 0 means one significant digit
     const int digits = kind == 'g' && precision == 0 ? 1 : precision;
     std::array<char, 400> buffer;  // the widest: %.40f of 1.8e308
+    size_t length = 0;
+    if (kind == 'f' && AppendSmallFixed(buffer.data(), length, value, precision)) {
+        Pad(out, buffer.data(), length, spec);
+        return;
+    }
     const std::to_chars_result r = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format, digits);
     char* end = r.ec == std::errc() ? r.ptr : buffer.data();
     if (upper)
@@ -91,8 +135,10 @@ void AppendDouble(std::string& out, double value, const Spec& spec) {
 }  // namespace
 
 bool FormatFast(const char* format, va_list args, std::string& out) {
-    if (!Supported(format)) return false;
+    std::array<Spec, kMaxSpecs> specs;
+    if (!ParseAll(format, specs)) return false;
     out.clear();
+    size_t specIndex = 0;
     for (const char* p = format; *p; ++p) {
         if (*p != '%') {
             const char* next = std::strchr(p, '%');
@@ -106,8 +152,7 @@ bool FormatFast(const char* format, va_list args, std::string& out) {
             ++p;
             continue;
         }
-        Spec spec;
-        ParseSpec(p + 1, spec);
+        const Spec& spec = specs[specIndex++];
         p = spec.end - 1;
         if (spec.conversion == 'd' || spec.conversion == 'i') {
             std::array<char, 16> buffer;

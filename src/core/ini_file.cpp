@@ -328,15 +328,15 @@ std::vector<std::string> IniFile::Keys(std::string_view section) const {
 }
 
 std::string FoldCase(std::string_view text) {
+    std::string folded(text);
     bool ascii = true;
-    for (char c : text) ascii = ascii && static_cast<unsigned char>(c) < 0x80;
-    const locale_t locale = Utf8CaseLocale();
-    if (ascii || locale == static_cast<locale_t>(0)) {
-        std::string folded(text);
-        for (char& c : folded)
-            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-        return folded;
+    for (char& c : folded) {
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+        ascii = ascii && static_cast<unsigned char>(c) < 0x80;
     }
+    if (ascii) return folded;
+    const locale_t locale = Utf8CaseLocale();
+    if (locale == static_cast<locale_t>(0)) return folded;
     std::u16string units = Utf8ToUtf16(text);
     for (char16_t& unit : units)
         if (unit < 0xD800 || unit > 0xDFFF) unit = static_cast<char16_t>(towlower_l(unit, locale));
@@ -346,6 +346,8 @@ std::string FoldCase(std::string_view text) {
 bool EqualIgnoringCase(std::string_view a, std::string_view b) { return FoldCase(a) == FoldCase(b); }
 
 std::string CutToUtf16Units(std::string_view text, size_t maxChars) {
+    // a UTF-8 text never has more UTF-16 code units than bytes
+    if (text.size() <= maxChars) return std::string(text);
     size_t units = 0;
     size_t pos = 0;
     while (pos < text.size()) {

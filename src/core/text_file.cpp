@@ -1,5 +1,6 @@
 #include "core/text_file.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -110,19 +111,24 @@ bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileEr
         fs::remove(tmp, ec);
         return false;
     };
+    // one open, as few writes as the kernel takes (normally one), one close
+    // and one rename per file
     errno = 0;
-    FILE* f = std::fopen(tmp.c_str(), "wb");
-    if (!f) return fail("cannot create the file");
-    bool ok = std::fwrite(bytes.data(), 1, bytes.size(), f) == bytes.size();
-    ok = (std::fflush(f) == 0) && ok;
-    ok = (std::fclose(f) == 0) && ok;
-    if (!ok) return fail("cannot write the file");
-    std::error_code ec;
-    fs::rename(tmp, target, ec);
-    if (ec) {
-        errno = ec.value();
-        return fail("cannot replace the file");
+    const int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (fd < 0) return fail("cannot create the file");
+    bool ok = true;
+    for (size_t done = 0; ok && done < bytes.size();) {
+        const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+        if (n > 0)
+            done += static_cast<size_t>(n);
+        else if (n < 0 && errno == EINTR)
+            continue;
+        else
+            ok = false;
     }
+    ok = (::close(fd) == 0) && ok;
+    if (!ok) return fail("cannot write the file");
+    if (std::rename(tmp.c_str(), target.c_str()) != 0) return fail("cannot replace the file");
     return true;
 }
 
@@ -158,8 +164,40 @@ bool WriteUtf16File(const std::string& path, std::u16string_view text, FileError
 }
 
 bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileError* error) {
-    std::string bytes = Utf16Buffer(utf8Text.size());
-    ForEachUtf16Unit(utf8Text, [&bytes](char16_t c) { PutTextUnit(bytes, c); });
+    // Room for the worst case (a line feed: one byte in, four out), filled
+    // through a pointer: ASCII, nearly all of what is written, goes byte by
+    // byte; anything else through the decoder, as ForEachUtf16Unit splits it
+    // (no line feed among it).
+    std::string bytes(2 + 4 * utf8Text.size(), '\0');
+    char* out = bytes.data();
+    *out++ = static_cast<char>(0xFF);
+    *out++ = static_cast<char>(0xFE);
+    for (size_t i = 0; i < utf8Text.size();) {
+        const char c = utf8Text[i];
+        if (static_cast<unsigned char>(c) < 0x80) {
+            if (c == '\n') {
+                *out++ = '\r';
+                *out++ = '\0';
+            }
+            *out++ = c;
+            *out++ = '\0';
+            ++i;
+            continue;
+        }
+        char32_t cp = DecodeUtf8(utf8Text, i);
+        auto put = [&out](char16_t unit) {
+            *out++ = static_cast<char>(unit & 0xFF);
+            *out++ = static_cast<char>(unit >> 8);
+        };
+        if (cp >= 0x10000) {
+            cp -= 0x10000;
+            put(static_cast<char16_t>(0xD800 + (cp >> 10)));
+            put(static_cast<char16_t>(0xDC00 + (cp & 0x3FF)));
+        } else {
+            put(static_cast<char16_t>(cp));
+        }
+    }
+    bytes.resize(static_cast<size_t>(out - bytes.data()));
     return WriteFileAtomically(path, bytes, error);
 }
 

@@ -1,5 +1,7 @@
 #include "output/build_results.h"
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 
 #include "core/chemical_types.h"
@@ -136,14 +138,14 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
 // species order, give them their constant, reference and note.
 void AddReactionDefinitions(const ChemicalSystem& chem, SetRecords& records) {
     const int32_t width = chem.db().maxComponentsPerEquilibrium;
+    records.reactions.reserve(static_cast<size_t>(std::max(chem.reactionRowCount, 0)));
     for (int32_t r = 0; r < chem.reactionRowCount; ++r) {
-        ReactionDefinition definition;
+        ReactionDefinition& definition = records.reactions.emplace_back();
         for (int32_t j = 0; j < width && j < kMaxReactionEntries; ++j) {
             const size_t at = static_cast<size_t>(Position(j, r, width));
             if (at < chem.reactionReactants.size()) definition.reactants[j] = chem.reactionReactants[at];
             if (at < chem.reactionProducts.size()) definition.products[j] = chem.reactionProducts[at];
         }
-        records.reactions.push_back(std::move(definition));
     }
     size_t n = 0;
     for (const Species& sp : chem.species) {
@@ -168,8 +170,12 @@ void AddSpeciesLists(const ChemicalSystem& chem, SetRecords& records) {
             if (term.systemComponent < 0 || static_cast<size_t>(term.systemComponent) >= records.components.size())
                 continue;
             if (chem.systemComponents[term.systemComponent].type == Organic) continue;
-            records.components[term.systemComponent].speciesList += std::to_string(s + 1) + "=" +
-                                                                    std::to_string(term.coefficient) + ";";
+            char entry[32];
+            char* end = std::to_chars(entry, entry + 12, s + 1).ptr;
+            *end++ = '=';
+            end = std::to_chars(end, entry + 30, term.coefficient).ptr;
+            *end++ = ';';
+            records.components[term.systemComponent].speciesList.append(entry, end);
         }
     }
 }
@@ -221,12 +227,15 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     SetRecords records;
 
     const int32_t componentCount = static_cast<int32_t>(chem.systemComponents.size());
+    records.components.reserve(static_cast<size_t>(componentCount));
+    records.componentInfos.reserve(static_cast<size_t>(componentCount));
     for (int32_t c = 0; c < componentCount; ++c) {
         records.components.push_back(MakeComponentResult(calc, c));
         if (records.components.back().kind > 0) ++header.reportedComponentCount;
     }
 
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    records.species.reserve(static_cast<size_t>(speciesCount));
     bool organicSeen = false;
     for (int32_t s = 0; s < speciesCount; ++s) {
         records.species.push_back(MakeSpeciesResult(calc, s));

@@ -1,7 +1,11 @@
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstdarg>
+#include <cstring>
 
 #include "core/c_number.h"
+#include "core/fast_format.h"
 #include "core/ini_file.h"
 #include "output/output_file.h"
 
@@ -20,6 +24,44 @@ std::string OneLine(std::string text, size_t limit) {
 }
 
 std::string Quoted(std::string_view text) { return "\"" + QuotedFieldText(text) + "\""; }
+
+__attribute__((format(printf, 2, 3))) bool FormatFastInto(std::string& text, const char* format, ...) {
+    va_list args;
+    va_start(args, format);
+    const bool formatted = FormatFast(format, args, text);
+    va_end(args);
+    return formatted;
+}
+
+// out += FormatC(format, args...), through one buffer kept by the thread
+// rather than a string per call.
+template <class... Args>
+void AppendC(std::string& out, const char* format, Args... args) {
+    thread_local std::string text;
+    if (FormatFastInto(text, format, args...))
+        out += text;
+    else
+        out += FormatC(format, args...);
+}
+
+// out += FormatC("%lld", value) (or "%i"), without the format.
+void AppendInteger(std::string& out, long long value) {
+    char digits[24];
+    out.append(digits, std::to_chars(digits, digits + sizeof digits, value).ptr);
+}
+
+// Appends Quoted(text) to `out`; a text that needs no change (no quote, no
+// line break, short enough) is copied straight in.
+void AppendQuoted(std::string& out, std::string_view text) {
+    const auto holds = [text](char c) { return std::memchr(text.data(), c, text.size()) != nullptr; };
+    if (text.size() <= kQuotedLimit && !holds('"') && !holds('\n') && !holds('\r')) {
+        out += '"';
+        out += text;
+        out += '"';
+    } else {
+        out += Quoted(text);
+    }
+}
 
 int Flag(bool on) { return on ? 1 : 0; }
 
@@ -43,11 +85,18 @@ int32_t EntriesWritten(const std::array<ReactionEntry, kMaxReactionEntries>& sid
 
 void AppendSide(std::string& out, const std::array<ReactionEntry, kMaxReactionEntries>& side) {
     const int32_t n = EntriesWritten(side);
-    out += FormatC("%i ", n);
+    AppendInteger(out, n);
+    out += ' ';
     for (int32_t j = 0; j < n; ++j) {
         const ReactionEntry& entry = side[j];
-        out += FormatC("%i ", entry.coefficient) + Quoted(entry.name) + FormatC(" %i ", entry.charge) +
-               Quoted(entry.phase) + " ";
+        AppendInteger(out, entry.coefficient);
+        out += ' ';
+        AppendQuoted(out, entry.name);
+        out += ' ';
+        AppendInteger(out, entry.charge);
+        out += ' ';
+        AppendQuoted(out, entry.phase);
+        out += ' ';
     }
 }
 
@@ -56,13 +105,13 @@ void AppendComponents(std::string& out, const SetView& view, bool organic) {
         if (c.kind <= 0) continue;
         out += Quoted(c.name) + " " + Quoted(c.displayName) + " " + Quoted(c.gasText) + " ";
         out += FormatC("%i ", c.kind) + (c.percentagesAllowed ? " 1 " : " 0 ");
-        for (double amount : c.amounts) out += FormatC("%.16G ", amount);
+        for (double amount : c.amounts) AppendC(out, "%.16G ", amount);
         out += FormatC("%9.9E %i ", c.molarMass, static_cast<int>(c.speciesList.size())) + c.speciesList + "\n";
         if (organic) {
             const auto& a = c.siteAmounts;
-            out += FormatC(" %.16G %.16G %.16G %.16G", a[SiteMonoFulvic], a[SiteBiFulvic], a[SiteTriFulvic],
+            AppendC(out, " %.16G %.16G %.16G %.16G", a[SiteMonoFulvic], a[SiteBiFulvic], a[SiteTriFulvic],
                            a[SiteDiffuseFulvic]);
-            out += FormatC(" %.16G %.16G %.16G %.16G", a[SiteMonoHumic], a[SiteBiHumic], a[SiteTriHumic],
+            AppendC(out, " %.16G %.16G %.16G %.16G", a[SiteMonoHumic], a[SiteBiHumic], a[SiteTriHumic],
                            a[SiteDiffuseHumic]);
             out += "\n";
         }
@@ -70,27 +119,37 @@ void AppendComponents(std::string& out, const SetView& view, bool organic) {
 }
 
 void AppendSpecies(std::string& out, const SetView& view) {
-    out += FormatC("%i\n", static_cast<int>(view.species.size()));
+    AppendC(out, "%i\n", static_cast<int>(view.species.size()));
     for (const SpeciesResult& s : view.species) {
-        out += Quoted(s.name) + FormatC(" %i", s.kind) + FormatC(" %.16G", s.concentration);
-        out += s.hasActivity ? FormatC(" 1 %9.9E", s.activity) : std::string(" 0 ");
-        out += s.hasConstants ? FormatC(" 1 %9.9E %9.9E ", s.intrinsicLogK, s.conditionalLogK) : std::string(" 0 ");
-        out += Quoted(s.literatureIndex >= 0 ? s.literature : std::string());
-        out += FormatC(" %i ", s.category) + FormatC("%lld\n", s.reactionDefinition >= 0 ? Number(s.reactionDefinition) : 0LL);
+        AppendQuoted(out, s.name);
+        AppendC(out, " %i", s.kind);
+        AppendC(out, " %.16G", s.concentration);
+        if (s.hasActivity)
+            AppendC(out, " 1 %9.9E", s.activity);
+        else
+            out += " 0 ";
+        if (s.hasConstants)
+            AppendC(out, " 1 %9.9E %9.9E ", s.intrinsicLogK, s.conditionalLogK);
+        else
+            out += " 0 ";
+        AppendQuoted(out, s.literatureIndex >= 0 ? std::string_view(s.literature) : std::string_view());
+        AppendC(out, " %i ", s.category);
+        AppendInteger(out, s.reactionDefinition >= 0 ? Number(s.reactionDefinition) : 0LL);
+        out += '\n';
     }
 }
 
 void AppendMsa(std::string& out, const SetView& view, const MsaSummary& msa) {
-    out += FormatC("%i\n", static_cast<int>(view.salts.size()));
+    AppendC(out, "%i\n", static_cast<int>(view.salts.size()));
     for (const SaltRecord& salt : view.salts)
         out += Quoted(salt.formula) + FormatC(" %i %i %.16G\n", salt.cation, salt.ligand, salt.meanActivityCoefficient);
-    out += FormatC("%i \n", static_cast<int>(view.msaIons.size()));
+    AppendC(out, "%i \n", static_cast<int>(view.msaIons.size()));
     for (const MsaIonResult& ion : view.msaIons)
         out += Quoted(ion.name) + FormatC(" %i %.16G %.16G %.16G %.16G %.16G \n", ion.charge, ion.gamma, ion.lnGamma,
                                           ion.lnGammaHardSphere, ion.lnGammaElectrostatic, ion.ionSize);
-    out += FormatC("%.16G %.16G %.16G %.16G ", msa.delta, msa.hardSphere[0], msa.hardSphere[1], msa.hardSphere[2]);
-    out += FormatC("%.16G %.16G %.16G %.16G ", msa.zeta[0], msa.zeta[1], msa.zeta[2], msa.zeta[3]);
-    out += FormatC("%.16G %.16G %.16G\n", msa.screening, msa.pPrime, msa.omega);
+    AppendC(out, "%.16G %.16G %.16G %.16G ", msa.delta, msa.hardSphere[0], msa.hardSphere[1], msa.hardSphere[2]);
+    AppendC(out, "%.16G %.16G %.16G %.16G ", msa.zeta[0], msa.zeta[1], msa.zeta[2], msa.zeta[3]);
+    AppendC(out, "%.16G %.16G %.16G\n", msa.screening, msa.pPrime, msa.omega);
 }
 
 }  // namespace
@@ -114,6 +173,7 @@ std::string QuotedFieldText(std::string_view text) {
 std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     std::string out;
     if (set < 0 || set >= store.SetCount()) return out;
+    out.reserve(32768);
     const ResultSet& rs = store.sets[set];
     const ResultHeader& header = rs.header;
     const InputSnapshot& snap = rs.snapshot;
@@ -130,7 +190,7 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     description.erase(0, std::min(description.find_first_not_of(' '), description.size()));
     description.erase(description.find_last_not_of(' ') + 1);
     out += description + "\n";
-    out += FormatC("%i %i %i %i %i %i %i\n", Flag(in.adsorption), Flag(in.redox), Flag(in.precipitation),
+    AppendC(out, "%i %i %i %i %i %i %i\n", Flag(in.adsorption), Flag(in.redox), Flag(in.precipitation),
                    Flag(in.organicComplexation), Flag(snap.protonBalance), static_cast<int>(view.components.size()),
                    reported);
     AppendComponents(out, view, in.organicComplexation);
@@ -138,41 +198,51 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
 
     for (const InfoBlock& block : rs.otherInfo)
         out += OneLine(block.title, kWholeLineLimit) + "\n" + OneLine(block.longText, kWholeLineLimit) + "\n";
-    for (const InfoBlock& block : rs.otherInfo) out += FormatC("%i %i \n", block.rowCount, block.columnCount);
+    for (const InfoBlock& block : rs.otherInfo) AppendC(out, "%i %i \n", block.rowCount, block.columnCount);
 
-    out += FormatC("%i %i ", header.iterationCount, Flag(in.ionicStrengthFixed));
-    out += FormatC("%.16G ", snap.ReportedIonicStrength());
-    out += FormatC("%.16G %.16G", header.cationCharge, header.anionCharge);
-    if (header.fallbackIteration > 0) out += FormatC(" %s %i", kFallbackMark, header.fallbackIteration);
+    AppendC(out, "%i %i ", header.iterationCount, Flag(in.ionicStrengthFixed));
+    AppendC(out, "%.16G ", snap.ReportedIonicStrength());
+    AppendC(out, "%.16G %.16G", header.cationCharge, header.anionCharge);
+    if (header.fallbackIteration > 0) AppendC(out, " %s %i", kFallbackMark, header.fallbackIteration);
     out += "\n";
 
     if (in.organicComplexation) {
         const auto& f = snap.fractions;
-        out += FormatC(" %.16G %.16G", f[0].charge, f[0].enrichment);
-        out += FormatC(" %.16G %.16G", f[1].charge, f[1].enrichment);
-        out += FormatC(" %.16G %.16G ", f[0].volumeFraction, f[1].volumeFraction);
+        AppendC(out, " %.16G %.16G", f[0].charge, f[0].enrichment);
+        AppendC(out, " %.16G %.16G", f[1].charge, f[1].enrichment);
+        AppendC(out, " %.16G %.16G ", f[0].volumeFraction, f[1].volumeFraction);
     }
-    out += FormatC(" %.16G\n", snap.bulkFraction);
+    AppendC(out, " %.16G\n", snap.bulkFraction);
 
     const bool msa = in.ionicStrengthModel != kDaviesModel;
-    out += FormatC("%i\n", Flag(msa));
+    AppendC(out, "%i\n", Flag(msa));
     if (msa) AppendMsa(out, view, rs.msa);
 
     if (in.organicComplexation) {
-        out += FormatC("%i %.16G %.16G ", in.organicModel, snap.fractions[0].concentration,
+        AppendC(out, "%i %.16G %.16G ", in.organicModel, snap.fractions[0].concentration,
                        snap.fractions[1].concentration);
-        out += FormatC("%.16G %.16G ", in.docConcentration, in.fulvicFraction);
+        AppendC(out, "%.16G %.16G ", in.docConcentration, in.fulvicFraction);
         out += OneLine(header.organicReference, kOrganicReferenceLimit) + "\n";
     }
 
-    out += FormatC("%i\n", static_cast<int>(view.solidChecks.size()));
-    for (const SolidSaturation& s : view.solidChecks)
-        out += Quoted(s.name) + " " + Saturation(s.saturationIndex) +
-               FormatC(" %.16G %.16G %lld ", s.logK, s.conditionalLogK, Number(s.reactionDefinition)) +
-               Quoted(s.literature) + "\n";
+    AppendC(out, "%i\n", static_cast<int>(view.solidChecks.size()));
+    for (const SolidSaturation& s : view.solidChecks) {
+        AppendQuoted(out, s.name);
+        out += ' ';
+        out += Saturation(s.saturationIndex);
+        AppendC(out, " %.16G %.16G ", s.logK, s.conditionalLogK);
+        AppendInteger(out, Number(s.reactionDefinition));
+        out += ' ';
+        AppendQuoted(out, s.literature);
+        out += '\n';
+    }
 
     if (in.precipitation) {
-        out += FormatC(" %lld %lld \n", Number(header.firstPrecipitatedSolid), Number(header.lastPrecipitatedSolid));
+        out += ' ';
+        AppendInteger(out, Number(header.firstPrecipitatedSolid));
+        out += ' ';
+        AppendInteger(out, Number(header.lastPrecipitatedSolid));
+        out += " \n";
         for (int64_t s = header.firstPrecipitatedSolid; s <= header.lastPrecipitatedSolid; ++s)
             out += " " + Saturation(s >= 0 && static_cast<size_t>(s) < view.species.size()
                                         ? view.species[s].saturationValue
@@ -180,30 +250,39 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
         out += "\n";
     }
 
-    out += FormatC("%i\n", static_cast<int>(view.gases.size()));
-    for (const GasResult& g : view.gases)
-        out += Quoted(g.name) +
-               FormatC(" %.16G %.16G %.16G %.16G %lld ", g.partialPressure, g.ligandConcentration, g.logK,
-                       g.conditionalLogK, Number(g.reactionDefinition)) +
-               Quoted(g.literature) + "\n";
+    AppendC(out, "%i\n", static_cast<int>(view.gases.size()));
+    for (const GasResult& g : view.gases) {
+        AppendQuoted(out, g.name);
+        AppendC(out, " %.16G %.16G %.16G %.16G ", g.partialPressure, g.ligandConcentration, g.logK,
+                g.conditionalLogK);
+        AppendInteger(out, Number(g.reactionDefinition));
+        out += ' ';
+        AppendQuoted(out, g.literature);
+        out += '\n';
+    }
 
     if (in.adsorption) out += "0\n";
 
-    out += FormatC("%i %.16G %.16G %i %i", in.ionicStrengthModel, in.convergenceCriterion, in.temperature,
+    AppendC(out, "%i %.16G %.16G %i %i", in.ionicStrengthModel, in.convergenceCriterion, in.temperature,
                    in.temperatureCorrection, Flag(in.forceNeutral));
-    if (in.forceNeutral) out += FormatC("\n%i %i", in.neutraliseCation, in.neutraliseAnion);
-    if (in.ionicStrengthFixed) out += FormatC("\n%.16G", in.fixedIonicStrength);
+    if (in.forceNeutral) AppendC(out, "\n%i %i", in.neutraliseCation, in.neutraliseAnion);
+    if (in.ionicStrengthFixed) AppendC(out, "\n%.16G", in.fixedIonicStrength);
     out += "\n";
 
-    for (const ComponentInfo& info : view.componentInfos)
-        out += Quoted(info.name) + FormatC(" %i %9.9E %9.9E %i\n", info.kind, info.inputValue, info.molarMass,
-                                           info.inputType);
+    for (const ComponentInfo& info : view.componentInfos) {
+        AppendQuoted(out, info.name);
+        AppendC(out, " %i %9.9E %9.9E %i\n", info.kind, info.inputValue, info.molarMass, info.inputType);
+    }
 
-    out += FormatC("%i\n", static_cast<int>(view.reactions.size()));
+    AppendC(out, "%i\n", static_cast<int>(view.reactions.size()));
     for (const ReactionDefinition& r : view.reactions) {
         AppendSide(out, r.reactants);
         AppendSide(out, r.products);
-        out += FormatC("%.16G ", r.logK) + Quoted(r.literature) + " " + Quoted(r.note) + "\n";
+        AppendC(out, "%.16G ", r.logK);
+        AppendQuoted(out, r.literature);
+        out += ' ';
+        AppendQuoted(out, r.note);
+        out += '\n';
     }
     return out;
 }

@@ -12,6 +12,10 @@ int32_t Count(size_t n) { return static_cast<int32_t>(n); }
 // Replaces the range [first, first + oldCount) of `all` by `records`.
 template <typename T>
 void ReplaceRange(std::vector<T>& all, int32_t first, int32_t oldCount, std::vector<T>&& records) {
+    if (first == 0 && oldCount >= 0 && static_cast<size_t>(oldCount) >= all.size()) {
+        all = std::move(records);  // the whole array: taken over as it is
+        return;
+    }
     const auto begin = all.begin() + std::min<ptrdiff_t>(first, Count(all.size()));
     const auto end = begin + std::min<ptrdiff_t>(oldCount, all.end() - begin);
     const auto at = all.erase(begin, end);

@@ -39,45 +39,49 @@ double FreeValue(const ChemicalSystem& chem, int32_t k, int32_t firstSystemIndex
 }
 
 // The components with a non-zero coefficient in an equilibrium, in component
-// order, at most `limit` of them.
-std::vector<int32_t> EquilibriumComponents(const ChemicalSystem& chem, int32_t e, int32_t limit) {
-    std::vector<int32_t> components;
+// order, at most `limit` of them, into `components`.
+void EquilibriumComponents(const ChemicalSystem& chem, int32_t e, int32_t limit, std::vector<int32_t>& components) {
+    components.clear();
     for (const EquilibriumTerm& term : TermsOf(chem.db(), e)) {
         if (static_cast<int32_t>(components.size()) >= limit) break;
         components.push_back(term.component);
     }
-    return components;
 }
 
-// The reaction definition of equilibrium e: `components` as its reactants,
-// the equilibrium's own species with `coefficient` as its product.
-ReactionDefinition DefinitionOf(const ChemicalSystem& chem, int32_t e, const std::vector<int32_t>& components,
-                                int32_t coefficient) {
+// Fills `definition` as the reaction definition of equilibrium e:
+// `components` as its reactants, the equilibrium's own species with
+// `coefficient` as its product.
+void FillDefinition(const ChemicalSystem& chem, int32_t e, const std::vector<int32_t>& components, int32_t coefficient,
+                    ReactionDefinition& definition) {
     const Equilibrium& eq = chem.db().equilibria[e];
-    ReactionDefinition definition;
     for (size_t n = 0; n < components.size() && n < kMaxReactionEntries; ++n) {
         const Component& comp = chem.db().components[components[n]];
-        definition.reactants[n] = ReactionEntry{chem.db().Coefficient(components[n], e), comp.name, comp.charge,
-                                                comp.charge == 0 ? "(aq)" : ""};
+        ReactionEntry& entry = definition.reactants[n];
+        entry.coefficient = chem.db().Coefficient(components[n], e);
+        entry.name = comp.name;
+        entry.charge = comp.charge;
+        entry.phase = comp.charge == 0 ? "(aq)" : "";
     }
-    definition.products[0] = ReactionEntry{coefficient, eq.name, 0, ""};
+    definition.products[0].coefficient = coefficient;
+    definition.products[0].name = eq.name;
     definition.logK = eq.logK;
     definition.literature = LiteratureText(chem, eq.literatureRef);
-    return definition;
 }
 
-// Files a solid check or gas result with its reaction definition: the record
-// takes the two log K values, the definition's literature and the index the
-// definition gets as it joins the set's reactions.
-template <class Record>
-void AddWithDefinition(double logK, double conditionalLogK, ReactionDefinition definition, Record record,
-                       std::vector<Record>& list, SetRecords& records) {
+// Files a solid check or gas result: the record takes the two log K values,
+// the literature of the equilibrium and the index of the reaction definition
+// that joins the set's reactions here (filled in place by `fill`).
+template <class Record, class Fill>
+Record& AddWithDefinition(double logK, double conditionalLogK, std::vector<Record>& list, SetRecords& records,
+                          const Fill& fill) {
+    ReactionDefinition& definition = records.reactions.emplace_back();
+    fill(definition);
+    Record& record = list.emplace_back();
     record.logK = logK;
     record.conditionalLogK = conditionalLogK;
     record.literature = definition.literature;
-    record.reactionDefinition = static_cast<int32_t>(records.reactions.size());
-    records.reactions.push_back(std::move(definition));
-    list.push_back(std::move(record));
+    record.reactionDefinition = static_cast<int32_t>(records.reactions.size()) - 1;
+    return record;
 }
 
 }  // namespace
@@ -89,19 +93,24 @@ std::string LiteratureText(const ChemicalSystem& chem, int32_t reference) {
 
 void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
-    for (const int32_t e : EquilibriaInInput(chem, EqSolid)) {
+    const std::vector<int32_t> solids = EquilibriaInInput(chem, EqSolid);
+    records.reactions.reserve(records.reactions.size() + solids.size());
+    records.solidChecks.reserve(records.solidChecks.size() + solids.size());
+    std::vector<int32_t> components;
+    for (const int32_t e : solids) {
         const Equilibrium& eq = chem.db().equilibria[e];
-        const std::vector<int32_t> components = EquilibriumComponents(chem, e, eq.componentCount);
-        ReactionDefinition definition = DefinitionOf(chem, e, components, 1);
-        definition.note = solidNote;
+        EquilibriumComponents(chem, e, eq.componentCount, components);
         double product = 1;
         for (const int32_t k : components) product *= std::pow(FreeValue(chem, k, 0), chem.db().Coefficient(k, e));
         const double conditional = ConditionalLogK(calc, eq);
 
-        SolidSaturation solid;
+        SolidSaturation& solid = AddWithDefinition(eq.logK, conditional, records.solidChecks, records,
+                                                   [&](ReactionDefinition& definition) {
+                                                       FillDefinition(chem, e, components, 1, definition);
+                                                       definition.note = solidNote;
+                                                   });
         solid.name = eq.name;
         solid.saturationIndex = std::log10(product / std::pow(10.0, -conditional));
-        AddWithDefinition(eq.logK, conditional, std::move(definition), std::move(solid), records.solidChecks, records);
     }
 }
 
@@ -120,15 +129,14 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
         for (const auto [k, nu] : terms) {
             const Component& ligand = chem.db().components[k];
             if (ligand.type != Ligand || !chem.placement[k].inInput) continue;
-            ReactionDefinition definition =
-                DefinitionOf(chem, e, EquilibriumComponents(chem, e, chem.db().ComponentCount()),
-                             static_cast<int32_t>(eq.linkedCoefficient));
-
-            GasResult gas;
+            GasResult& gas = AddWithDefinition(eq.logK, conditional, records.gases, records, [&](ReactionDefinition& d) {
+                std::vector<int32_t> components;
+                EquilibriumComponents(chem, e, chem.db().ComponentCount(), components);
+                FillDefinition(chem, e, components, static_cast<int32_t>(eq.linkedCoefficient), d);
+            });
             gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);
             gas.partialPressure = pressure;
             gas.ligandConcentration = FreeValue(chem, k, 1) * calc.state.bulkFraction;
-            AddWithDefinition(eq.logK, conditional, std::move(definition), std::move(gas), records.gases, records);
         }
     }
 }

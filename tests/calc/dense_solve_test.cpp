@@ -3,6 +3,7 @@
 // step that stays defined for them.
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 #include "calc/dense_solve.h"
@@ -28,6 +29,23 @@ TEST(DenseSolve, PivotingSolvesAndSingularSystemsAreRefused) {
         ASSERT_EQ(solved, !c.x.empty()) << c.what;
         for (size_t i = 0; i < c.x.size(); ++i) EXPECT_NEAR(x[i], c.x[i], 1e-12) << c.what;
     }
+}
+
+// The Newton step's use: factors in place, refusing only an exactly zero
+// pivot and results that are not finite.
+TEST(DenseSolve, InPlaceSolveRefusesOnlyZeroPivotsAndNonFiniteResults) {
+    std::vector<double> a = {1e-20, 1, 1, 1}, b = {1, 2};
+    ASSERT_TRUE(SolvePivotedInPlace(a, b, 2, 0));
+    EXPECT_NEAR(b[0], 1, 1e-12);
+    EXPECT_NEAR(b[1], 1, 1e-12);
+    a = {1, 2, 2, 4};
+    b = {1, 2};
+    EXPECT_FALSE(SolvePivotedInPlace(a, b, 2, 0));
+    const double inf = std::numeric_limits<double>::infinity();
+    a = {inf, 1, 1, 1};
+    b = {1, 1};
+    EXPECT_FALSE(SolvePivotedInPlace(a, b, 2, 0));
+    EXPECT_TRUE(SolvePivotedInPlace(a, b, 0, 0)) << "an empty system is solved";
 }
 
 TEST(DenseSolve, DampedLeastSquaresStepIsDefinedForSingularSystemsAndShrinksWithDamping) {

@@ -46,6 +46,13 @@ TEST(CoreCNumber, FormatsExactlyAsTheCLibrary) {
     std::mt19937_64 rng(11);
     std::uniform_real_distribution<double> exponent(-320, 308), unit(0, 1);
     for (int i = 0; i < 2000; ++i) values.push_back((unit(rng) < 0.5 ? -1 : 1) * std::pow(10.0, exponent(rng)));
+    // the magnitudes of logarithms and percentages, and decimal halves of them
+    std::uniform_real_distribution<double> small(-6, 9);
+    for (int i = 0; i < 2000; ++i) {
+        const double v = (unit(rng) < 0.5 ? -1 : 1) * std::pow(10.0, small(rng));
+        values.push_back(v);
+        values.push_back(std::round(v * 1000) / 1000 + 0.0005);
+    }
     char expected[512];
     for (const char* format : formats)
         for (double v : values) {
