@@ -103,7 +103,7 @@ void ComparisonWindow::AskAndAdd() {
     std::string folder = remember ? ws_.settings.ReadSettingString("Options", "MRU-FolderOutputFiles") : "";
     if (folder.empty()) folder = ws_.folders.outputFolder;
     const QString filter = LangQ(ws_.language, "Output", "OutpFls") + QStringLiteral(";;") +
-                           LangQOr(ws_.language, "OutpFls", "AllFls", "All files") + QStringLiteral(" (*)");
+                           LangQ(ws_.language, "Input", "AllFls");
     const QString path =
         QFileDialog::getOpenFileName(this, LangQ(ws_.language, "Output", "DialogOpenTitle"), Q(folder), filter);
     if (path.isEmpty()) return;

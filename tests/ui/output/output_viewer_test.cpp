@@ -48,7 +48,9 @@ TEST(ViewerRows, ColoursByRowClass) {
         SCOPED_TRACE(c.rowClass);
         const std::optional<QColor> colour = RowClassColour(c.rowClass);
         EXPECT_EQ(colour.has_value(), c.colour.isValid());
-        if (colour) EXPECT_EQ(*colour, c.colour);
+        if (colour) {
+            EXPECT_EQ(*colour, c.colour);
+        }
     }
     EXPECT_EQ(DetailsRowReaction(31), 2);
     EXPECT_EQ(DetailsRowReaction(4), -1);
