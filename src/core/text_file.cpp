@@ -184,18 +184,10 @@ bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileErro
             ++i;
             continue;
         }
-        char32_t cp = DecodeUtf8(utf8Text, i);
-        auto put = [&out](char16_t unit) {
+        PutUtf16Units(DecodeUtf8(utf8Text, i), [&out](char16_t unit) {
             *out++ = static_cast<char>(unit & 0xFF);
             *out++ = static_cast<char>(unit >> 8);
-        };
-        if (cp >= 0x10000) {
-            cp -= 0x10000;
-            put(static_cast<char16_t>(0xD800 + (cp >> 10)));
-            put(static_cast<char16_t>(0xDC00 + (cp & 0x3FF)));
-        } else {
-            put(static_cast<char16_t>(cp));
-        }
+        });
     }
     bytes.resize(static_cast<size_t>(out - bytes.data()));
     return WriteFileAtomically(path, bytes, error);

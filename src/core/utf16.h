@@ -18,19 +18,22 @@ char32_t DecodeUtf8(std::string_view s, size_t& i);
 
 // Calls put(unit) for every UTF-16 code unit of the UTF-8 text, without
 // building the UTF-16 string.
+// Calls put(unit) for the one or two UTF-16 code units of a code point.
+template <class Put>
+void PutUtf16Units(char32_t cp, Put&& put) {
+    if (cp >= 0x10000) {
+        cp -= 0x10000;
+        put(static_cast<char16_t>(0xD800 + (cp >> 10)));
+        put(static_cast<char16_t>(0xDC00 + (cp & 0x3FF)));
+    } else {
+        put(static_cast<char16_t>(cp));
+    }
+}
+
 template <class Put>
 void ForEachUtf16Unit(std::string_view utf8, Put&& put) {
     size_t i = 0;
-    while (i < utf8.size()) {
-        char32_t cp = DecodeUtf8(utf8, i);
-        if (cp >= 0x10000) {
-            cp -= 0x10000;
-            put(static_cast<char16_t>(0xD800 + (cp >> 10)));
-            put(static_cast<char16_t>(0xDC00 + (cp & 0x3FF)));
-        } else {
-            put(static_cast<char16_t>(cp));
-        }
-    }
+    while (i < utf8.size()) PutUtf16Units(DecodeUtf8(utf8, i), put);
 }
 std::string Utf16ToUtf8(std::u16string_view utf16);
 
