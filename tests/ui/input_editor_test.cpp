@@ -228,6 +228,15 @@ TEST(InputEditor, SearchSelectsTheComponentAsOneTypes) {
     EXPECT_EQ(f.editor->List(InputEditor::GasList)->EditedRow(), 0);
 }
 
+TEST(InputEditor, HelpOpensItsTopicThroughTheMainWindow) {
+    EditorFixture f;
+    std::vector<int> topics;
+    f.Window().Services().openHelp = [&](int topic) { topics.push_back(topic); };
+    f.editor->ToolButton(4)->click();
+    EXPECT_EQ(topics, std::vector<int>{2001});
+    EXPECT_TRUE(f.links.empty());
+}
+
 TEST(InputEditor, CancelPutsEverythingBack) {
     test::DesktopFixture fixture;
     ASSERT_FALSE(fixture.Start().endProcess);

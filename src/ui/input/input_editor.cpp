@@ -14,7 +14,7 @@
 #include "shell/workspace.h"
 #include "ui/input/input_option_pages.h"
 #include "ui/input/input_search_window.h"
-#include "ui/main/help_pages.h"
+#include "ui/main/help_of.h"
 #include "ui/main/image_resources.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
@@ -58,7 +58,7 @@ InputEditor::InputEditor(Workspace& ws, QWidget* owner) : QDialog(owner), ws_(ws
     connect(tools_[2], &QToolButton::clicked, this, &InputEditor::OpenUnitOptionsDialog);
     connect(tools_[3], &QToolButton::clicked, this, &InputEditor::OpenSearch);
     connect(tools_[4], &QToolButton::clicked, this, [this] {
-        if (ws_.Ui().openExternal) ws_.Ui().openExternal(S(HelpTopicUrl(ws_.folders, kHelpTopic).toString()));
+        if (const std::function<void(int)> help = HelpOf(parentWidget())) help(kHelpTopic);
     });
     hint_ = new QLabel(this);
     hint_->setObjectName(QStringLiteral("InputHint"));

@@ -106,6 +106,7 @@ TEST(Screenshots, ComparisonOfThreeSets) {
     for (int i = 0; i < 10; ++i) QApplication::processEvents();
     // the screen as the user sees it: the comparison on top, the viewers below
     QPixmap screen(1280, 800);
+    screen.setDevicePixelRatio(window.devicePixelRatioF());  // the windows' positions are in scaled pixels
     screen.fill(Qt::darkGray);
     QPainter painter(&screen);
     for (const QPointer<OutputViewer>& viewer : window.Viewers()) painter.drawPixmap(viewer->pos(), viewer->grab());
