@@ -77,6 +77,12 @@ TEST(Screenshots, OutputViewerAndItsWindows) {
             viewer->DetailsRowClicked(row);
     ASSERT_NE(OpenReactionDefinitionWindow(), nullptr);
     Save(OpenReactionDefinitionWindow(), "reaction_caco3");
+    ReactionDefinition longReference = OpenReactionDefinitionWindow()->Shown();
+    longReference.literature.clear();
+    for (int i = 0; i < 8; ++i)
+        longReference.literature += "Plummer L.N., Busenberg E. (1982) The solubilities of calcite, aragonite and vaterite; ";
+    ShowReactionDefinition(fixture.Ws(), longReference, viewer);
+    Save(OpenReactionDefinitionWindow(), "reaction_long_reference");
     OpenReactionDefinitionWindow()->close();
 
     PrintDialog print(fixture.Ws(), 0, viewer);
