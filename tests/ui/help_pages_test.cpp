@@ -5,6 +5,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 
 #include "support/temp_folder.h"
@@ -77,6 +80,30 @@ TEST(HelpPages, PagesAreCompleteAndTheirLinksResolve) {
         if (file != QStringLiteral("search.html")) {
             EXPECT_GT(html.size(), 900);
         }
+    }
+}
+
+// The search page searches a copy of every page's text (between the heading
+// and the footer, tags dropped, blanks collapsed, entities decoded); it must follow the pages.
+TEST(HelpPages, SearchDataHoldsTheCurrentTextOfEveryPage) {
+    QFile data(kSourceHelp + QStringLiteral("search_data.js"));
+    ASSERT_TRUE(data.open(QIODevice::ReadOnly));
+    const QByteArray js = data.readAll();
+    const QJsonArray pages = QJsonDocument::fromJson(js.mid(js.indexOf('['), js.lastIndexOf(']') - js.indexOf('[') + 1)).array();
+    ASSERT_GE(pages.size(), 20);
+    static const QRegularExpression tag(QStringLiteral("<[^>]+>")), blanks(QStringLiteral("\\s+"));
+    for (const QJsonValue& page : pages) {
+        const QString file = page[QStringLiteral("page")].toString();
+        SCOPED_TRACE(file.toStdString());
+        QFile f(kSourceHelp + file);
+        ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+        const QString html = QString::fromUtf8(f.readAll());
+        const qsizetype from = html.indexOf(QStringLiteral("</h1>")) + 5;
+        QString text = html.mid(from, html.indexOf(QStringLiteral("<footer>")) - from);
+        text = text.replace(tag, QStringLiteral(" ")).replace(blanks, QStringLiteral(" ")).trimmed();
+        text.replace(QStringLiteral("&lt;"), QStringLiteral("<")).replace(QStringLiteral("&gt;"), QStringLiteral(">"));
+        text.replace(QStringLiteral("&amp;"), QStringLiteral("&"));
+        EXPECT_EQ(page[QStringLiteral("text")].toString(), text);
     }
 }
 

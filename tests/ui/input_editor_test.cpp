@@ -8,6 +8,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
@@ -226,6 +227,33 @@ TEST(InputEditor, SearchSelectsTheComponentAsOneTypes) {
     EXPECT_TRUE(f.editor->SelectComponent(f.Index("CO2(g)")));
     EXPECT_EQ(f.editor->Pages()->currentIndex(), 3);
     EXPECT_EQ(f.editor->List(InputEditor::GasList)->EditedRow(), 0);
+}
+
+// The lists' columns fit their width, on a full screen and at twice the
+// display scale: no list scrolls sideways, and a name cut short shows whole in its tip.
+TEST(InputEditor, ListColumnsFitWithoutScrollingSideways) {
+    EditorFixture f;
+    for (const QSize size : {QSize(1280, 800), QSize(640, 400)}) {
+        f.editor->resize(size);
+        QApplication::processEvents();
+        for (InputEditor::ListId id : {InputEditor::CationList, InputEditor::LigandList}) {
+            InputList* list = f.editor->List(id);
+            SCOPED_TRACE(testing::Message() << size.width() << " list " << id);
+            EXPECT_EQ(list->horizontalScrollBar()->maximum(), 0);
+            EXPECT_LE(list->columnViewportPosition(3) + list->columnWidth(3), list->viewport()->width());
+            QTableWidgetItem* last = list->item(list->rowCount() - 1, 0);
+            EXPECT_EQ(last->toolTip(), last->text());
+        }
+    }
+}
+
+TEST(InputEditor, HelpOpensItsTopicThroughTheMainWindow) {
+    EditorFixture f;
+    std::vector<int> topics;
+    f.Window().Services().openHelp = [&](int topic) { topics.push_back(topic); };
+    f.editor->ToolButton(4)->click();
+    EXPECT_EQ(topics, std::vector<int>{2001});
+    EXPECT_TRUE(f.links.empty());
 }
 
 TEST(InputEditor, CancelPutsEverythingBack) {

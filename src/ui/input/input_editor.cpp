@@ -14,7 +14,7 @@
 #include "shell/workspace.h"
 #include "ui/input/input_option_pages.h"
 #include "ui/input/input_search_window.h"
-#include "ui/main/help_pages.h"
+#include "ui/main/help_of.h"
 #include "ui/main/image_resources.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"
@@ -29,6 +29,7 @@ const char* const kToolImages[] = {"IMG_ICONOK", "IMG_ICONCANCEL", "IMG_ICONOPT"
 QWidget* ListGroup(const QString& caption, InputList* list, QWidget* parent) {
     auto* group = new QGroupBox(caption, parent);
     auto* layout = new QVBoxLayout(group);
+    layout->setContentsMargins(Scaled(4), Scaled(4), Scaled(4), Scaled(4));  // the list's columns need the room
     layout->addWidget(list);
     return group;
 }
@@ -58,7 +59,7 @@ InputEditor::InputEditor(Workspace& ws, QWidget* owner) : QDialog(owner), ws_(ws
     connect(tools_[2], &QToolButton::clicked, this, &InputEditor::OpenUnitOptionsDialog);
     connect(tools_[3], &QToolButton::clicked, this, &InputEditor::OpenSearch);
     connect(tools_[4], &QToolButton::clicked, this, [this] {
-        if (ws_.Ui().openExternal) ws_.Ui().openExternal(S(HelpTopicUrl(ws_.folders, kHelpTopic).toString()));
+        if (const std::function<void(int)> help = HelpOf(parentWidget())) help(kHelpTopic);
     });
     hint_ = new QLabel(this);
     hint_->setObjectName(QStringLiteral("InputHint"));
@@ -74,6 +75,7 @@ InputEditor::InputEditor(Workspace& ws, QWidget* owner) : QDialog(owner), ws_(ws
     description_ = new QLineEdit(Q(ws.input.description), this);
     description_->setObjectName(QStringLiteral("Description"));
     description_->setMaxLength(static_cast<int>(kDescriptionLimit));
+    description_->setCursorPosition(0);  // a long description shows its beginning
     connect(description_, &QLineEdit::textEdited, this,
             [this](const QString& value) { ws_.input.description = S(value); });
     pages_ = new InputOptionPages(ws, [this](const QString& hint) { ShowHint(hint); }, this);
@@ -137,8 +139,10 @@ void InputEditor::BindList(ListId id) {
         callbacks.chooseType = [this, id, list](int row, int position) {
             const int32_t component = Rows(id)[size_t(row)];
             ws_.input.components[size_t(component)].inputType = InputTypeAtPosition(position);
-            list->item(row, 3)->setText(LangQ(ws_.language, "OtherInfo",
-                                              InputTypeLabelKey(ws_.input.components[size_t(component)].inputType)));
+            const QString type =
+                LangQ(ws_.language, "OtherInfo", InputTypeLabelKey(ws_.input.components[size_t(component)].inputType));
+            list->item(row, 3)->setText(type);
+            list->item(row, 3)->setToolTip(type);
         };
     }
     list->SetCallbacks(std::move(callbacks));
@@ -256,15 +260,23 @@ bool InputEditor::SelectComponent(int32_t component) {
 
 void InputEditor::resizeEvent(QResizeEvent* event) {
     QDialog::resizeEvent(event);
-    const int w = (width() - Scaled(64)) / 3;
-    const int h = height() - Scaled(87);
     toolGroup_->setGeometry(Scaled(12), Scaled(8), Scaled(214), Scaled(56));
     for (int k = 0; k < 5; ++k)
         tools_[static_cast<size_t>(k)]->setGeometry(Scaled(20 + 40 * k), Scaled(16), Scaled(36), Scaled(36));
-    hint_->setGeometry(Scaled(240), Scaled(12), 2 * w + Scaled(32) - Scaled(224), Scaled(52));
-    cationGroup_->setGeometry(Scaled(16), Scaled(72), w, h);
-    ligandGroup_->setGeometry(w + Scaled(32), Scaled(72), w, h);
-    const int x = 2 * w + Scaled(48);
+    const int h = height() - Scaled(87);
+    int w = (width() - Scaled(64)) / 3;
+    int x = 2 * w + Scaled(48);
+    if (w >= Scaled(330)) {  // cations, ligands and the pages side by side
+        cationGroup_->setGeometry(Scaled(16), Scaled(72), w, h);
+        ligandGroup_->setGeometry(w + Scaled(32), Scaled(72), w, h);
+    } else {  // too narrow for three columns (a large display scale): the two lists one above the other
+        w = (width() - Scaled(48)) / 2;
+        x = w + Scaled(32);
+        const int half = (h - Scaled(8)) / 2;
+        cationGroup_->setGeometry(Scaled(16), Scaled(72), w, half);
+        ligandGroup_->setGeometry(Scaled(16), Scaled(80) + half, w, h - half - Scaled(8));
+    }
+    hint_->setGeometry(Scaled(240), Scaled(12), x + w - Scaled(240), Scaled(52));
     descriptionLabel_->setGeometry(x, Scaled(72), w, Scaled(24));
     description_->setGeometry(x, Scaled(98), w, Scaled(43));
     pages_->setGeometry(x, Scaled(149), w, h - Scaled(77));

@@ -5,8 +5,11 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <algorithm>
 
 #include "shell/input_editing.h"
+#include "ui/main/scaled.h"
 
 namespace tormel {
 
@@ -18,9 +21,8 @@ InputList::InputList(const QStringList& headers, QWidget* parent) : QTableWidget
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setTabKeyNavigation(false);
     setWordWrap(false);
-    // every text whole; a list narrower than its texts scrolls sideways
-    horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    horizontalHeader()->setStretchLastSection(headers.size() < 4);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    setTextElideMode(Qt::ElideRight);
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
 
     editor_ = new QLineEdit(viewport());
@@ -54,8 +56,41 @@ void InputList::SetRows(const std::vector<Row>& rows) {
     for (int r = 0; r < rowCount(); ++r) {
         const Row& row = rows[static_cast<size_t>(r)];
         const QString texts[] = {row.name, row.value, row.unit, row.type};
-        for (int c = 0; c < columnCount(); ++c) setItem(r, c, new QTableWidgetItem(texts[c]));
+        for (int c = 0; c < columnCount(); ++c) {
+            auto* cell = new QTableWidgetItem(texts[c]);
+            if (c == 0 || c == 3) cell->setToolTip(texts[c]);  // may be elided
+            setItem(r, c, cell);
+        }
     }
+    FitColumns();
+}
+
+void InputList::FitColumns() {
+    QHeaderView* header = horizontalHeader();
+    const int n = columnCount();
+    std::vector<int> widths(static_cast<size_t>(n));
+    for (int c = 0; c < n; ++c)
+        widths[static_cast<size_t>(c)] = std::max(sizeHintForColumn(c), header->sectionSizeHint(c));
+    // the room with the vertical scroll bar, shown or not, so that the widths stay put when it comes
+    int name = width() - 2 * frameWidth() - verticalScrollBar()->sizeHint().width();
+    for (int c = 1; c < n; ++c) name -= widths[static_cast<size_t>(c)];
+    const int pad = Scaled(8);
+    auto widthOf = [&](const char* text) { return fontMetrics().horizontalAdvance(QLatin1String(text)) + pad; };
+    const int nameWanted = std::min(widths[0], widthOf("Benzoate"));
+    if (n == 4 && name < nameWanted) {
+        int& type = widths[3];
+        const int given = std::min(nameWanted - name, type - std::min(type, widthOf("Total")));
+        type -= given;
+        name += given;
+    }
+    widths[0] = std::max(name, std::min(widths[0], widthOf("Co(III)")));
+    for (int c = 0; c < n; ++c) header->resizeSection(c, widths[static_cast<size_t>(c)]);
+    if (editedRow_ >= 0) PlaceOver(editor_, editedRow_, 1);
+}
+
+void InputList::resizeEvent(QResizeEvent* event) {
+    QTableWidget::resizeEvent(event);
+    FitColumns();
 }
 
 

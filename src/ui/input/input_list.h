@@ -53,9 +53,15 @@ public:
     QComboBox* TypeList() const { return typeList_; }
     int EditedRow() const { return editedRow_; }
     void ClearCurrent();
+    // Sizes the columns to the list's width: value, unit and type as wide as
+    // their texts, the name the rest (long names elided, whole in their tool
+    // tips); in a very narrow list the type gives up width first, then the
+    // list scrolls sideways.
+    void FitColumns();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:

@@ -13,6 +13,7 @@
 #include "core/messages.h"
 #include "output/build_other_info.h"
 #include "shell/workspace.h"
+#include "ui/main/help_of.h"
 #include "ui/main/image_resources.h"
 #include "ui/main/scaled.h"
 #include "ui/main/ui_text.h"

@@ -1,8 +1,10 @@
 #include "ui/output/open_output_viewer.h"
 
+#include <QCheckBox>
 #include <QPointer>
 
-#include "ui/main/main_window.h"
+#include "ui/main/help_of.h"
+#include "ui/output/comparison_window.h"
 #include "ui/output/output_viewer.h"
 
 namespace tormel {
@@ -11,21 +13,18 @@ namespace {
 QPointer<OutputViewer> viewerOfSetZero;
 }
 
-std::function<void(int)> HelpOf(QWidget* widget) {
-    for (QWidget* w = widget; w; w = w->parentWidget())
-        if (auto* main = dynamic_cast<MainWindow*>(w)) return main->Services().openHelp;
-    return {};
-}
-
 void OpenOutputViewer(Workspace& ws, QWidget* owner) {
     if (viewerOfSetZero) {
         viewerOfSetZero->close();
         delete viewerOfSetZero.data();
     }
     auto* viewer = new OutputViewer(ws, 0, owner, HelpOf(owner));
-    viewer->setWindowModality(Qt::WindowModal);
     viewerOfSetZero = viewer;
+    ComparisonWindow* comparison = OpenComparisonWindow();
+    // during a comparison the main window stays usable and the viewers are only arranged
+    if (!comparison) viewer->setWindowModality(Qt::WindowModal);
     viewer->show();
+    if (comparison && comparison->AutoArrange()->isChecked()) comparison->ArrangeViewers();
 }
 
 OutputViewer* OpenViewerOfSetZero() { return viewerOfSetZero.data(); }

@@ -1,7 +1,6 @@
 #pragma once
 // Opens the output window on result set 0.
 #include <cstdint>
-#include <functional>
 
 class QWidget;
 
@@ -11,13 +10,12 @@ struct Workspace;
 class OutputViewer;
 
 // The viewer of set 0, window-modal to `owner` (the main window stays
-// disabled while it is open). An open viewer of set 0 is replaced.
+// disabled while it is open); while a comparison window is open it is not
+// modal and the comparison's viewers are arranged when auto-arrange is on.
+// An open viewer of set 0 is replaced.
 void OpenOutputViewer(Workspace& ws, QWidget* owner);
 
 // The viewer of set 0 opened last, or null once it is closed.
 OutputViewer* OpenViewerOfSetZero();
-
-// The help opener of the main window that `widget` belongs to (empty when none).
-std::function<void(int)> HelpOf(QWidget* widget);
 
 }  // namespace tormel

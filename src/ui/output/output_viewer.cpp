@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -100,7 +101,6 @@ OutputViewer::OutputViewer(Workspace& ws, int32_t set, QWidget* owner, std::func
         button->setIcon(ResourceIcon(QString::fromLatin1(kIcons[i])));
         button->setIconSize(QSize(Scaled(28), Scaled(28)));
         button->setToolTip(LangQ(lang, "Output", "ToolTip" + std::to_string(i + 1)));
-        button->setGeometry(Scaled(i < 6 ? 23 + 40 * i : 578), Scaled(20), Scaled(36), Scaled(36));
         buttons_[static_cast<size_t>(i)] = button;
     }
     connect(buttons_[0], &QToolButton::clicked, this, &QWidget::close);
@@ -117,12 +117,13 @@ OutputViewer::OutputViewer(Workspace& ws, int32_t set, QWidget* owner, std::func
     placementBox_->addItem(ResourceIcon(QStringLiteral("IMG_ICONPIESDRIGHT")), LangQ(lang, "Output", "Graph_DRight"));
     placementBox_->addItem(ResourceIcon(QStringLiteral("IMG_ICONPIESDBOTTOM")), LangQ(lang, "Output", "Graph_DBottom"));
     placementBox_->setToolTip(LangQ(lang, "Output", "ToolTip8"));
-    placementBox_->setGeometry(Scaled(264), Scaled(20), Scaled(225), Scaled(36));
+    placementBox_->view()->setMinimumWidth(Scaled(225));  // the list stays readable when the selector is narrowed
 
     otherInfo_ = new QPushButton(LangQ(lang, "Output", "CmdBtnOI"), this);
     otherInfo_->setToolTip(LangQ(lang, "Output", "ToolTip9"));
-    otherInfo_->setGeometry(Scaled(493), Scaled(20), Scaled(81), Scaled(36));
     connect(otherInfo_, &QPushButton::clicked, this, &OutputViewer::OpenOtherInfo);
+    toolbar_ = {buttons_, placementBox_, otherInfo_, new QToolButton(this)};
+    toolbar_.MakeOverflowMenu();
 
     tree_ = new QTreeWidget;
     tree_->setHeaderHidden(true);
@@ -285,6 +286,7 @@ void OutputViewer::SetPiePlacement(int placement) {
 void OutputViewer::resizeEvent(QResizeEvent*) { LayOut(); }
 
 void OutputViewer::LayOut() {
+    toolbar_.LayOut(width());
     const int left = Scaled(16);
     const int top = Scaled(75);
     const int right = width() - Scaled(16) - (placement_ == 1 ? Scaled(490) : 0);

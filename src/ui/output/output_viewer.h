@@ -8,6 +8,8 @@
 
 #include <QWidget>
 
+#include "ui/output/viewer_toolbar.h"
+
 class QComboBox;
 class QSplitter;
 class QToolButton;
@@ -53,6 +55,7 @@ public:
     PiePanel* FractionsPie() const { return pies_[0]; }
     PiePanel* SpeciesPie() const { return pies_[1]; }
     QSplitter* Rows() const { return rows_; }
+    const ViewerToolbar& Toolbar() const { return toolbar_; }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;
@@ -73,6 +76,7 @@ private:
     std::array<QToolButton*, 7> buttons_{};
     QComboBox* placementBox_ = nullptr;
     QPushButton* otherInfo_ = nullptr;
+    ViewerToolbar toolbar_;
     QSplitter* rows_ = nullptr;     // tree and summary above, details below
     QSplitter* columns_ = nullptr;  // tree | summary
     QTreeWidget* tree_ = nullptr;

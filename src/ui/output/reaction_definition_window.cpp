@@ -36,10 +36,10 @@ ReactionDefinitionWindow::ReactionDefinitionWindow(Workspace& ws, QWidget* owner
 
 void ReactionDefinitionWindow::Show(const ReactionDefinition& definition) {
     definition_ = definition;
-    layout_ = LayOutReaction(definition_, ws_.language, ws_.decimalSeparator, fonts_);
     const int margin = Scaled(5);
     const QScreen* screen = QGuiApplication::primaryScreen();
     const int widest = screen ? screen->availableGeometry().width() : 1280;
+    layout_ = LayOutReaction(definition_, ws_.language, ws_.decimalSeparator, fonts_, widest - margin);
     resize(std::min(widest, std::max(width(), static_cast<int>(layout_.width) + margin)),
            static_cast<int>(layout_.height));
     update();

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QFontMetricsF>
+#include <QStringList>
 
 #include "output/charge_suffix.h"
 #include "ui/main/scaled.h"
@@ -114,7 +115,7 @@ void Denominator(Pen& pen, const Entries& reactants) {
 }  // namespace
 
 ReactionLayout LayOutReaction(const ReactionDefinition& definition, const Language& language,
-                              const DecimalSeparator& separator, const ReactionFonts& fonts) {
+                              const DecimalSeparator& separator, const ReactionFonts& fonts, double maxWidth) {
     ReactionLayout layout;
     const double f = fonts.scale;
     const double left = 5 * f;
@@ -195,7 +196,21 @@ ReactionLayout LayOutReaction(const ReactionDefinition& definition, const Langua
     newLine(layout.rules.back() + 2 * f);
     pen.Text(LangQ(language, "EqDef", "InfoLine5"));
     pen.Blank();
-    pen.Text(Q(definition.literature));
+    // a long reference continues on further lines below its own start
+    const double indent = pen.x;
+    const QFontMetricsF metrics(fonts.normal);
+    bool first = true;
+    for (const QString& word : Q(definition.literature).split(QLatin1Char(' '))) {
+        const QString piece = first ? word : QLatin1Char(' ') + word;
+        if (!first && maxWidth > 0 && pen.x + metrics.horizontalAdvance(piece) > maxWidth - left) {
+            newLine(pen.y + line);
+            pen.x = indent;
+            pen.Text(word);
+        } else {
+            pen.Text(piece);
+        }
+        first = false;
+    }
     layout.height = pen.y + line + 6 * f;
     layout.width += left;
     return layout;

@@ -42,7 +42,9 @@ struct ReactionLayout {
     double height = 0;  // bottom of the last line
 };
 
+// `maxWidth` (0: none): the literature reference wraps at word boundaries to
+// stay within it.
 ReactionLayout LayOutReaction(const ReactionDefinition& definition, const Language& language,
-                              const DecimalSeparator& separator, const ReactionFonts& fonts);
+                              const DecimalSeparator& separator, const ReactionFonts& fonts, double maxWidth = 0);
 
 }  // namespace tormel

@@ -77,6 +77,12 @@ TEST(Screenshots, OutputViewerAndItsWindows) {
             viewer->DetailsRowClicked(row);
     ASSERT_NE(OpenReactionDefinitionWindow(), nullptr);
     Save(OpenReactionDefinitionWindow(), "reaction_caco3");
+    ReactionDefinition longReference = OpenReactionDefinitionWindow()->Shown();
+    longReference.literature.clear();
+    for (int i = 0; i < 8; ++i)
+        longReference.literature += "Plummer L.N., Busenberg E. (1982) The solubilities of calcite, aragonite and vaterite; ";
+    ShowReactionDefinition(fixture.Ws(), longReference, viewer);
+    Save(OpenReactionDefinitionWindow(), "reaction_long_reference");
     OpenReactionDefinitionWindow()->close();
 
     PrintDialog print(fixture.Ws(), 0, viewer);
@@ -106,6 +112,7 @@ TEST(Screenshots, ComparisonOfThreeSets) {
     for (int i = 0; i < 10; ++i) QApplication::processEvents();
     // the screen as the user sees it: the comparison on top, the viewers below
     QPixmap screen(1280, 800);
+    screen.setDevicePixelRatio(window.devicePixelRatioF());  // the windows' positions are in scaled pixels
     screen.fill(Qt::darkGray);
     QPainter painter(&screen);
     for (const QPointer<OutputViewer>& viewer : window.Viewers()) painter.drawPixmap(viewer->pos(), viewer->grab());

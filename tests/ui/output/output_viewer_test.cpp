@@ -7,6 +7,11 @@
 #include <cmath>
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QMenu>
+#include <QPushButton>
+#include <QToolButton>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QTreeWidget>
@@ -15,6 +20,7 @@
 #include "ui/desktop_fixture.h"
 #include "ui/main/scaled.h"
 #include "ui/output/comparison_window.h"
+#include "ui/output/open_comparison.h"
 #include "ui/output/open_output_viewer.h"
 #include "ui/output/pie_panel.h"
 #include "ui/output/other_info_window.h"
@@ -198,6 +204,68 @@ TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
     window.close();
     EXPECT_EQ(ws.results.SetCount(), 1);
     EXPECT_FALSE(ws.results.holdsLoadedOutput);
+}
+
+// However narrow the viewer (three side by side, or at a large display scale),
+// each toolbar control is either whole on screen or offered by the overflow menu.
+TEST(OutputViewer, NarrowToolbarKeepsEveryControlReachable) {
+    test::DesktopFixture fixture;
+    ASSERT_FALSE(fixture.Start().endProcess);
+    OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
+    const ViewerToolbar& bar = viewer->Toolbar();
+    for (int width : {1280, 640, 430, 213}) {
+        SCOPED_TRACE(width);
+        viewer->setMinimumSize(0, 0);
+        viewer->resize(width, 600);
+        QApplication::processEvents();
+        std::vector<QWidget*> controls(bar.buttons.begin(), bar.buttons.end());
+        controls.insert(controls.begin() + 6, {bar.placement, bar.otherInfo});
+        int hidden = 0, lastRight = 0;
+        for (QWidget* control : controls) {
+            if (control->isHidden()) {
+                ++hidden;
+                continue;
+            }
+            EXPECT_GT(control->x(), lastRight) << control->toolTip().toStdString();
+            lastRight = control->geometry().right();
+        }
+        EXPECT_EQ(bar.overflow->isHidden(), hidden == 0);
+        if (hidden > 0) lastRight = bar.overflow->geometry().right();
+        EXPECT_LT(lastRight, width);
+        emit bar.overflow->menu()->aboutToShow();
+        EXPECT_EQ(bar.overflow->menu()->actions().size(), hidden);
+        EXPECT_EQ(hidden == 0, width >= 430) << "three viewers side by side on 1280 pixels show everything";
+    }
+    viewer->close();
+}
+
+// A viewer opened from the main window during a comparison leaves the main
+// window usable and arranges the compared viewers only when auto-arrange is on.
+TEST(ComparisonWindow, ViewerOpenedMeanwhileArrangesOnlyWithAutoArrange) {
+    test::DesktopFixture fixture;
+    ASSERT_FALSE(fixture.Start().endProcess);
+    Workspace& ws = fixture.Ws();
+    Calculate(fixture, "hard_water.i64")->close();
+    const std::string file = fixture.folder.File("hard_water.o64");
+    ASSERT_TRUE(WriteOutputFile(file, ws.results, 0));
+    OpenComparison(ws, &fixture.Window());
+    ComparisonWindow* window = OpenComparisonWindow();
+    ASSERT_TRUE(window && window->AddFile(file));
+    QWidget* compared = window->Viewers()[0];
+    window->ArrangeViewers();
+    QApplication::processEvents();
+    const QRect arranged = compared->geometry();
+    for (bool autoArrange : {true, false}) {
+        window->AutoArrange()->setChecked(autoArrange);
+        compared->setGeometry(arranged.translated(50, 50));
+        OpenOutputViewer(ws, &fixture.Window());
+        QApplication::processEvents();
+        EXPECT_EQ(compared->geometry() == arranged, autoArrange);
+        EXPECT_EQ(OpenViewerOfSetZero()->windowModality(), Qt::NonModal);
+        EXPECT_TRUE(fixture.Window().isEnabled());
+    }
+    OpenViewerOfSetZero()->close();
+    window->close();
 }
 
 }  // namespace

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+#include <QFontMetricsF>
+#include <QStringList>
 
 namespace tormel {
 namespace {
@@ -62,6 +64,25 @@ TEST(ReactionLayout, FourReactantsThenTheArrowAndANote) {
     EXPECT_NE(Find(layout, QStringLiteral(" ⇌ ")), nullptr);
     EXPECT_NE(Find(layout, QString::fromStdString(d.note)), nullptr);
     EXPECT_NE(Find(layout, QStringLiteral("4")), nullptr) << "coefficient 4 is written";
+}
+
+TEST(ReactionLayout, LongLiteratureWrapsWithinTheWidth) {
+    Language language;
+    ReactionDefinition d;
+    d.reactants[0] = {1, "Ca", 2, ""};
+    d.products[0] = {1, "Ca", 2, ""};
+    QStringList words;
+    for (int i = 0; i < 60; ++i) words << QStringLiteral("Ref%1").arg(i);
+    d.literature = words.join(QLatin1Char(' ')).toStdString();
+    const ReactionFonts fonts = DefaultReactionFonts();
+    const ReactionLayout oneLine = LayOutReaction(d, language, DecimalSeparator{}, fonts);
+    const ReactionLayout layout = LayOutReaction(d, language, DecimalSeparator{}, fonts, 400);
+    EXPECT_LE(layout.width, 400);
+    EXPECT_GT(layout.height, oneLine.height + 2 * QFontMetricsF(fonts.normal).height());
+    QStringList written;
+    for (const ReactionPiece& p : layout.pieces)
+        if (p.text.trimmed().startsWith(QStringLiteral("Ref"))) written << p.text.trimmed();
+    EXPECT_EQ(written, words) << "every word once, in order";
 }
 
 }  // namespace
