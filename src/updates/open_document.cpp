@@ -13,8 +13,15 @@ namespace tormel {
 
 namespace {
 
+// From the web site, or, without one, the copy shipped with the program.
 bool Download(Workspace& ws, const std::string& name, const std::string& path) {
-    if (DownloadFile(UpdateSiteAddress(ws.settings) + name, path)) return true;
+    const std::string site = UpdateSiteAddress(ws.settings);
+    if (!site.empty() && DownloadFile(site + name, path)) return true;
+    const std::string shipped = ws.folders.programFolder + "Documents/" + name;
+    std::error_code error;
+    if (FileExists(shipped) &&
+        std::filesystem::copy_file(shipped, path, std::filesystem::copy_options::overwrite_existing, error))
+        return true;
     ShowMessage(ws.Ui(), ws.language, LanguageText(ws.language, "TOOLS", "DocDownLError") + " " + name, {}, IconWarning);
     return false;
 }
@@ -30,7 +37,7 @@ void OpenDocument(Workspace& ws, QWidget* /*owner*/, const std::string& name) {
         if (!Download(ws, name, path)) return;
     } else if (!FileExists(path)) {
         if (!Download(ws, name, path)) return;
-    } else if (ws.settings.ReadSettingBool("Options", "Check_Updates")) {
+    } else if (ws.settings.ReadSettingBool("Options", "Check_Updates") && !UpdateSiteAddress(ws.settings).empty()) {
         const std::vector<std::string> signature = FetchTextLines(UpdateSiteAddress(ws.settings) + name + ".dtsig");
         if (!signature.empty() && SignatureIsNewer(signature.front(), FileDateText(path, DateZone::Utc)))
             Download(ws, name, path);

@@ -41,9 +41,8 @@ std::optional<QByteArray> Fetch(const std::string& url) {
 }  // namespace
 
 std::string UpdateSiteAddress(const Settings& settings) {
-    std::string address = settings.ReadSettingString("Links", "UpdateSite", kDefaultUpdateSite);
-    if (address.empty()) address = kDefaultUpdateSite;
-    if (address.back() != '/') address += '/';
+    std::string address = settings.ReadSettingString("Links", "UpdateSite", "");
+    if (!address.empty() && address.back() != '/') address += '/';
     return address;
 }
 

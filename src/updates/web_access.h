@@ -9,10 +9,9 @@ namespace tormel {
 
 class Settings;
 
-// The default web site of the program.
-inline constexpr const char* kDefaultUpdateSite = "https://tormel-next.org/";
-
-// [Links] "UpdateSite", or the default; always ends with "/".
+// [Links] "UpdateSite", ending with "/"; empty while no web site is set up
+// (the program then checks for no updates at start-up and opens the documents
+// shipped with it).
 std::string UpdateSiteAddress(const Settings& settings);
 
 // A UTF-16LE text with its byte-order mark, split at its line feeds (a CR

@@ -3,6 +3,8 @@
 // line, the question before closing, and the German texts.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QDialog>
 #include <QLabel>
@@ -107,7 +109,11 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
         EXPECT_TRUE(fixture.Ws().uiReady);
     }
     EXPECT_EQ(helpTopics, (std::vector<int>{500, 0, -1, -2}));
-    EXPECT_EQ(fixture.links.size(), 4u) << "web site, e-mail and the two pages";
+    // the two documents open where the build ships them (the web site is unreachable here)
+    const auto documents = std::count_if(fixture.links.begin(), fixture.links.end(),
+                                         [](const std::string& link) { return link.ends_with("64.pdf"); });
+    EXPECT_TRUE(documents == 0 || documents == 2);
+    EXPECT_EQ(fixture.links.size() - documents, 4u) << "web site, e-mail and the two pages";
     EXPECT_GE(fileDialogs, 7) << "open and save dialogs of input, output and exports";
 }
 

@@ -119,9 +119,21 @@ TEST_F(UpdatesTest, DocumentIsFetchedOnceAndAgainOnlyWhenItsSignatureIsNewer) {
     EXPECT_EQ(site.Requests("manual64.pdf.dtsig"), 2);  // no network access with the check off
     EXPECT_TRUE(fixture.boxes.empty()) << LastMessage();
 
+    test::TempFolder program;  // a program folder that ships no documents
+    ws.folders.programFolder = program.Path();
     OpenDocument(ws, &fixture.Window(), "document64.pdf");  // not on the site
     EXPECT_EQ(LastMessage(), Text("TOOLS", "DocDownLError") + " document64.pdf");
     EXPECT_EQ(fixture.links.size(), 4u);
+
+    // without a web site, the copy shipped with the program is opened
+    fs::create_directories(program.File("Documents"));
+    std::ofstream(program.File("Documents/document64.pdf"), std::ios::binary) << "%PDF-1.4 shipped";
+    ws.settings.WriteSettingString("Links", "UpdateSite", "");
+    fixture.boxes.clear();
+    OpenDocument(ws, &fixture.Window(), "document64.pdf");
+    EXPECT_TRUE(fixture.boxes.empty()) << LastMessage();
+    std::ifstream copied(ws.folders.documentsFolder + "document64.pdf", std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(copied), {}), "%PDF-1.4 shipped");
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include "ui/output/open_output_viewer.h"
 #include "ui/output/print_without_dialog.h"
 #include "updates/update_check.h"
+#include "updates/web_access.h"
 
 namespace tormel {
 
@@ -54,7 +55,10 @@ DesktopSession::DesktopSession(AppFolders folders, const QString& instanceName)
     hooks_.releaseResources = [this] { server_->Close(); };
     // The update check runs on the main thread, with its own event loops, when start-up waits for it.
     hooks_.startUpdateCheck = [] {};
-    hooks_.waitForUpdateCheck = [this, window] { return RunUpdateCheck(ws_, window) == 1; };
+    // Without a web site set up there is nothing to ask at start-up.
+    hooks_.waitForUpdateCheck = [this, window] {
+        return !UpdateSiteAddress(ws_.settings).empty() && RunUpdateCheck(ws_, window) == 1;
+    };
     window_->Services().shutDown = [this] {
         if (shutDown_) return;
         shutDown_ = true;
