@@ -56,6 +56,10 @@ ComponentResult MakeComponent(int32_t kind, const std::string& name, double tota
                               const std::string& speciesList);
 SpeciesResult MakeSpecies(int32_t kind, const std::string& name, double concentration);
 
+// `text` equals the golden file tests/data/golden/<name>, byte for byte. With
+// TORMEL_UPDATE_GOLDEN=1 the file is rewritten instead; review its diff.
+void ExpectMatchesGolden(const std::string& text, const std::string& name);
+
 }  // namespace tormel::test
 
 namespace tormel::test {
