@@ -3,9 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <span>
 
 #include "calc/reference_case.h"
@@ -311,15 +308,6 @@ bool WriteReferenceInput(const std::string& file, const std::string& path, doubl
     }
     input.description = description.empty() ? reference->TextOr("description", "") : description;
     return WriteUtf16File(path, std::string_view(FormatInputFile(input, chem.db())));
-}
-
-void ExpectMatchesGolden(const std::string& text, const std::string& name) {
-    const std::string path = std::string(TORMEL_TEST_DATA) + "/golden/" + name;
-    if (std::getenv("TORMEL_UPDATE_GOLDEN")) std::ofstream(path, std::ios::binary) << text;
-    std::ifstream in(path, std::ios::binary);
-    ASSERT_TRUE(in) << "no golden file " << path;
-    const std::string golden((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    EXPECT_EQ(text, golden) << "differs from " << path;
 }
 
 }  // namespace tormel::test

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "golden_file.h"
 #include "output/result_store.h"
 #include "shell/workspace.h"
 #include "support/recording_ui.h"
@@ -55,10 +56,6 @@ void ExpectSetsEqual(const ResultStore& expected, int32_t expectedSet, const Res
 ComponentResult MakeComponent(int32_t kind, const std::string& name, double total, double molarMass,
                               const std::string& speciesList);
 SpeciesResult MakeSpecies(int32_t kind, const std::string& name, double concentration);
-
-// `text` equals the golden file tests/data/golden/<name>, byte for byte. With
-// TORMEL_UPDATE_GOLDEN=1 the file is rewritten instead; review its diff.
-void ExpectMatchesGolden(const std::string& text, const std::string& name);
 
 }  // namespace tormel::test
 
