@@ -5,37 +5,30 @@
 namespace tormel {
 namespace {
 
-TEST(CoreTokenReader, IntegersFollowTheCLibrary) {
-    TokenReader r(u"  12\n\t-7 0x1F 010 +3 abc");
-    int32_t v = 0;
-    ASSERT_TRUE(r.ReadInt(v));
-    EXPECT_EQ(v, 12);
-    ASSERT_TRUE(r.ReadInt(v));
-    EXPECT_EQ(v, -7);
-    EXPECT_EQ(r.Line(), 2);
-    ASSERT_TRUE(r.ReadInt(v));
-    EXPECT_EQ(v, 31);  // hexadecimal prefix
-    ASSERT_TRUE(r.ReadInt(v));
-    EXPECT_EQ(v, 8);  // leading zero reads octal
-    ASSERT_TRUE(r.ReadInt(v));
-    EXPECT_EQ(v, 3);
-    EXPECT_FALSE(r.ReadInt(v));  // matching failure
-    EXPECT_EQ(v, 3);
-}
+// Numbers are read as the C library reads them: integers with hexadecimal
+// and octal prefixes, reals in the C locale up to the longest number; a
+// matching failure keeps the last value.
+TEST(CoreTokenReader, NumbersFollowTheCLibrary) {
+    TokenReader ints(u"  12\n\t-7 0x1F 010 +3 abc");
+    int32_t i = 0;
+    for (const int32_t expected : {12, -7, 31, 8, 3}) {
+        ASSERT_TRUE(ints.ReadInt(i)) << expected;
+        EXPECT_EQ(i, expected);
+        if (expected == -7) { EXPECT_EQ(ints.Line(), 2); }
+    }
+    EXPECT_FALSE(ints.ReadInt(i));
+    EXPECT_EQ(i, 3);
 
-TEST(CoreTokenReader, RealsTakeTheLongestNumberInCLocale) {
-    TokenReader r(u" 1.5E-07 -2 .25x");
-    double v = 0;
-    ASSERT_TRUE(r.ReadDouble(v));
-    EXPECT_DOUBLE_EQ(v, 1.5e-7);
-    ASSERT_TRUE(r.ReadDouble(v));
-    EXPECT_DOUBLE_EQ(v, -2);
-    ASSERT_TRUE(r.ReadDouble(v));
-    EXPECT_DOUBLE_EQ(v, 0.25);
-    EXPECT_FALSE(r.ReadDouble(v));  // "x" is no number
-    TokenReader comma(u"3,5");      // a decimal comma stops the number
-    ASSERT_TRUE(comma.ReadDouble(v));
-    EXPECT_DOUBLE_EQ(v, 3);
+    TokenReader reals(u" 1.5E-07 -2 .25x");
+    double d = 0;
+    for (const double expected : {1.5e-7, -2.0, 0.25}) {
+        ASSERT_TRUE(reals.ReadDouble(d)) << expected;
+        EXPECT_DOUBLE_EQ(d, expected);
+    }
+    EXPECT_FALSE(reals.ReadDouble(d));  // "x" is no number
+    TokenReader comma(u"3,5");          // a decimal comma stops the number
+    ASSERT_TRUE(comma.ReadDouble(d));
+    EXPECT_DOUBLE_EQ(d, 3);
 }
 
 TEST(CoreTokenReader, QuotedNamesSkipTextBeforeTheQuoteAndKeepBlanks) {

@@ -281,26 +281,29 @@ TEST(RealDatabase, OrganicModelParametersArePerGramOfCarbon) {
     ASSERT_EQ(chem.Organic(Model5).values.size(), 12u);
     ASSERT_EQ(chem.Organic(Model6).values.size(), 13u);
     ASSERT_EQ(chem.Organic(Model7).values.size(), 13u);
-    const auto& m6 = chem.Organic(Model6).values;
-    // pK_A 3.2 (FA) and 4.1 (HA), as published.
-    EXPECT_NEAR(m6[0][0], 3.2, kEps);
-    EXPECT_NEAR(m6[0][1], 4.1, kEps);
-    // n_A 4.8e-3 mol per g humic substance -> 9.6e-3 per g C; n_B half of it.
-    EXPECT_NEAR(m6[6][0], 9.6e-3, 1e-15);
-    EXPECT_NEAR(m6[7][0], 4.8e-3, 1e-15);
-    // P -115 and -330 halved; radius unchanged; M 1500 halved; K_D 1000 halved.
-    EXPECT_NEAR(m6[8][0], -57.5, kEps);
-    EXPECT_NEAR(m6[8][1], -165, kEps);
-    EXPECT_NEAR(m6[9][1], 1.72e-9, 1e-20);
-    EXPECT_NEAR(m6[10][0], 750, kEps);
-    EXPECT_NEAR(m6[11][1], 500, kEps);
-    EXPECT_NEAR(m6[12][0], 0.25, kEps);
-    // Model 5: share of sites in pairs at position 4, n_A at 5.
-    const auto& m5 = chem.Organic(Model5).values;
-    EXPECT_NEAR(m5[4][0], 0.40, kEps);
-    EXPECT_NEAR(m5[5][1], 2 * 3.29e-3, 1e-15);
-    // Model 7 humic P -196 halved.
-    EXPECT_NEAR(chem.Organic(Model7).values[8][1], -98, kEps);
+    // {model, parameter, fraction (0 fulvic, 1 humic), value per g C, as published per g humic substance}
+    const struct {
+        int model, parameter, fraction;
+        double value;
+        const char* what;
+    } cases[] = {
+        {Model6, 0, 0, 3.2, "pK_A of FA"},
+        {Model6, 0, 1, 4.1, "pK_A of HA"},
+        {Model6, 6, 0, 9.6e-3, "n_A 4.8e-3 per g"},
+        {Model6, 7, 0, 4.8e-3, "n_B half of n_A"},
+        {Model6, 8, 0, -57.5, "P -115 halved"},
+        {Model6, 8, 1, -165, "P -330 halved"},
+        {Model6, 9, 1, 1.72e-9, "radius unchanged"},
+        {Model6, 10, 0, 750, "M 1500 halved"},
+        {Model6, 11, 1, 500, "K_D 1000 halved"},
+        {Model6, 12, 0, 0.25, ""},
+        {Model5, 4, 0, 0.40, "share of sites in pairs"},
+        {Model5, 5, 1, 2 * 3.29e-3, "n_A"},
+        {Model7, 8, 1, -98, "humic P -196 halved"},
+    };
+    for (const auto& c : cases)
+        EXPECT_NEAR(chem.Organic(c.model).values[c.parameter][c.fraction], c.value, 1e-12 * std::fabs(c.value))
+            << c.what << " (model " << c.model << ", parameter " << c.parameter << ")";
 }
 
 TEST(RealDatabase, FreeIonsCarryMolarMassesAndMsaDiameters) {

@@ -9,7 +9,6 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <sstream>
 #include <vector>
 
@@ -173,72 +172,6 @@ TEST(LibreOfficeReadsTheXmlExport, SheetsValuesAndPercentages) {
     const auto* iterations = FindRow(sheets["Other info"], "Number of iterations");
     ASSERT_NE(iterations, nullptr);
     EXPECT_EQ((*iterations)[1], std::to_string(c.ws.results.sets[0].header.iterationCount));
-}
-
-// Column widths of a flat OpenDocument spreadsheet, in points, by sheet name:
-// each table's table-column elements (repeated as they say) with the widths
-// of their column styles.
-std::map<std::string, std::vector<double>> ColumnWidths(const std::string& fods) {
-    auto points = [](const std::string& length) {
-        const double value = StrToDoubleC(length);
-        if (length.find("in") != std::string::npos) return value * 72;
-        if (length.find("cm") != std::string::npos) return value * 72 / 2.54;
-        if (length.find("mm") != std::string::npos) return value * 72 / 25.4;
-        return value;
-    };
-    std::map<std::string, double> styles;
-    const std::regex style(R"re(<style:style style:name="([^"]+)" style:family="table-column">\s*)re"
-                           R"re(<style:table-column-properties[^>]*style:column-width="([^"]+)")re");
-    for (std::sregex_iterator it(fods.begin(), fods.end(), style), end; it != end; ++it)
-        styles[(*it)[1]] = points((*it)[2]);
-    std::map<std::string, std::vector<double>> widths;
-    const std::regex table(R"re(<table:table table:name="([^"]+)")re");
-    const std::regex column(
-        R"re(<table:table-column table:style-name="([^"]+)"(?: table:number-columns-repeated="(\d+)")?)re");
-    for (std::sregex_iterator t(fods.begin(), fods.end(), table), end; t != end; ++t) {
-        const size_t from = static_cast<size_t>(t->position() + t->length());
-        const size_t to = std::min(fods.find("<table:table-row", from), fods.find("</table:table>", from));
-        const std::string columns = fods.substr(from, to - from);
-        std::vector<double>& sheet = widths[(*t)[1]];
-        for (std::sregex_iterator c(columns.begin(), columns.end(), column); c != end; ++c)
-            sheet.insert(sheet.end(), (*c)[2].matched ? std::stoul((*c)[2]) : 1, styles[(*c)[1]]);
-    }
-    return widths;
-}
-
-TEST(LibreOfficeReadsTheXmlExport, ColumnsAreWideEnoughForEveryHeader) {
-    REQUIRE_LIBREOFFICE(soffice);
-    ConvertedExport converted;
-    ASSERT_TRUE(converted.Convert(soffice, "fods"));
-    std::ifstream in(converted.out / "water.fods");
-    const std::string fods((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    const auto widths = ColumnWidths(fods);
-
-    // A header fits when its column is at least as wide as the spreadsheet
-    // measure of the default font (Calibri 11) gives for it: one digit width,
-    // 7 pixels, per character and 5 pixels of padding, at 0.75 points per
-    // pixel. The column titles are short words, narrower per character than
-    // the digit width.
-    auto text = [&](const char* key) { return LanguageText(converted.c.ws.language, "Output", key); };
-    const std::vector<std::vector<std::string>> headers = {
-        {text("Fraction"), text("Concentration"), text("Unit"), text("Percentage")},
-        {text("Species"), text("Concentration"), text("Unit"), text("Percentage"), text("Activity"), text("Unit"),
-         text("IntrinsicK"), text("ConditionalK"), text("LitRef")}};
-    int checked = 0;
-    for (const char* sheet : {"Cations", "Ligands", "Gas controlled ligands"}) {
-        SCOPED_TRACE(sheet);
-        ASSERT_TRUE(widths.count(sheet)) << converted.log;
-        const std::vector<double>& sheetWidths = widths.at(sheet);
-        for (const auto& header : headers) {
-            ASSERT_GE(sheetWidths.size(), header.size());
-            for (size_t c = 0; c < header.size(); ++c) {
-                const double needed = (static_cast<double>(header[c].size()) * 7 + 5) * 0.75;
-                EXPECT_GE(sheetWidths[c] + 0.5, needed) << "\"" << header[c] << "\" is cut in column " << c + 1;
-                ++checked;
-            }
-        }
-    }
-    EXPECT_EQ(checked, 3 * 13);
 }
 
 }  // namespace

@@ -5,9 +5,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <functional>
 #include <limits>
 
 #include "calc/reference_case.h"
+#include "core/c_number.h"
 #include "output/build_other_info.h"
 #include "output/other_info_blocks.h"
 #include "output/output_file.h"
@@ -114,135 +116,166 @@ TEST(OtherInfo, MsaBlockListsSaltsIonsAndModelParameters) {
     EXPECT_EQ(msa.rowCount, heading + 12);
 }
 
-TEST(OtherInfo, OrganicBlockShowsTridentateSitesOnlyOutsideModel5) {
-    for (const int32_t model : {Model5, Model7}) {
-        SCOPED_TRACE(model);
-        HandSet h;
-        h.input.organicComplexation = true;
-        h.input.organicModel = model;
-        h.set.snapshot.fractions[0].concentration = 2;  // fulvic only
-        h.set.header.organicReference = "Ref 2020";
-        ComponentResult copper = MakeComponent(Cation, "Cu", 4e-6, 63.5, "");
-        copper.amounts[AmountOrganic] = 3e-6;
-        copper.siteAmounts[SiteMonoFulvic] = 1e-6;
-        copper.siteAmounts[SiteBiFulvic] = 3e-6;
-        copper.siteAmounts[SiteDiffuseFulvic] = 2e-6;
-        h.records.components.push_back(copper);
-        h.records.componentInfos.push_back({"Cu", Cation, 4e-6, 63.5, InpTypeTotalConc});
-        h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(10, 2e-6),
-                             Organic(27, 3e-6), Organic(17, 5e-6)};
-        h.set.header.firstOrganicSpecies = 1;
-        h.set.header.reportedComponentCount = 2;
-        const InfoBlock& block = h.Build()[InfoOrganic];
+void Adsorption(HandSet& h) {
+    h.input.adsorption = true;
+    h.records.components[0].amounts[AmountAdsorbed] = 1e-6;
+    ComponentResult zinc = MakeComponent(Cation, "Zn", 1e-5, 65.4, "");
+    zinc.amounts[AmountAdsorbed] = 3e-6;
+    ComponentResult sulfate = MakeComponent(Ligand, "SO4", 1e-3, 96, "");
+    sulfate.amounts[AmountAdsorbed] = 2e-10;
+    ComponentResult phosphate = MakeComponent(Ligand, "PO4", 1e-5, 95, "");
+    phosphate.amounts[AmountAdsorbed] = 5e-7;
+    h.records.components.insert(h.records.components.end(), {zinc, sulfate, phosphate});
+    h.records.componentInfos.resize(4);
+    h.set.header.reportedComponentCount = 4;
+}
 
-        EXPECT_EQ(h.Text(InfoOrganic, 0, 0), "Fulvic acids");
-        EXPECT_EQ(h.Text(InfoOrganic, 0, 1), "  FA-monodentates");
-        // free sites 1e-6 and bound 1e-6: half each
-        EXPECT_EQ(h.Text(InfoOrganic, 0, 2), "    Free sites");
-        EXPECT_DOUBLE_EQ(h.Cell(InfoOrganic, 1, 2)->number, 1e-6);
-        EXPECT_DOUBLE_EQ(h.Cell(InfoOrganic, 3, 2)->number, 0.5);
-        EXPECT_EQ(h.Text(InfoOrganic, 3, 2), "50.00%");
-        EXPECT_EQ(h.Text(InfoOrganic, 4, 2), "Ref 2020");
-        EXPECT_EQ(h.Text(InfoOrganic, 0, 4), "    Cu");
-        EXPECT_EQ(h.Text(InfoOrganic, 0, 5), "  FA-bidentates");
-        // two bidentate free-site species hold one site pair: 2e-6 / 2
-        EXPECT_DOUBLE_EQ(h.Cell(InfoOrganic, 1, 6)->number, 1e-6);
-        EXPECT_DOUBLE_EQ(h.Cell(InfoOrganic, 3, 6)->number, 0.25);
-        const bool tridentate = model != Model5;
-        EXPECT_EQ(h.Text(InfoOrganic, 0, 9), tridentate ? "  FA-tridentates" : "  FA-DDL");
-        if (tridentate) {
-            EXPECT_DOUBLE_EQ(h.Cell(InfoOrganic, 1, 10)->number, 1e-6);  // 3e-6 / 3, nothing bound
-            EXPECT_EQ(h.Text(InfoOrganic, 0, 12), "  FA-DDL");
+// A block as a reader sees it: its texts, then one line per row with the row
+// key and each cell, a numeric cell's unformatted value after "=".
+std::string Dump(const InfoBlock& block) {
+    std::string out = "title: " + block.title + "\nlong text: " + block.longText + "\ngrid header: " +
+                      block.gridHeader + "\nrows: " + std::to_string(block.rowCount) + "\n";
+    for (int32_t r = 0; r < block.rowCount; ++r) {
+        out += "[" + (static_cast<size_t>(r) < block.rowKeys.size() ? std::to_string(block.rowKeys[r]) : "-") + "]";
+        for (int32_t column = 0; column < block.columnCount; ++column) {
+            const InfoCell* cell = block.FindCell(column, r);
+            out += " | " + (cell ? cell->text : std::string());
+            if (cell && cell->numeric) out += "=" + FormatC("%.16G", cell->number);
         }
-        const int32_t ddl = tridentate ? 12 : 9;
-        EXPECT_EQ(h.Text(InfoOrganic, 0, ddl + 1), "    Cu");
-        EXPECT_DOUBLE_EQ(h.Cell(InfoOrganic, 3, ddl + 1)->number, 1.0);
-        EXPECT_EQ(block.rowCount, ddl + 2);
-        // no humic acids: nothing about them
-        for (int32_t r = 0; r < block.rowCount; ++r) EXPECT_EQ(h.Text(InfoOrganic, 0, r).find("HA"), std::string::npos);
-
-        const InfoBlock& general = h.set.otherInfo[InfoGeneral];
-        EXPECT_EQ(general.rowCount, 16);
-        EXPECT_EQ(h.Text(InfoGeneral, 0, 6), "");
-        EXPECT_EQ(h.Text(InfoGeneral, 0, 11), "");
-        EXPECT_EQ(h.Text(InfoGeneral, 0, 15), "Bulk solution");
+        out += "\n";
     }
+    return out;
 }
 
-TEST(OtherInfo, HumicFractionFollowsTheFulvicOneAfterAnEmptyRow) {
-    HandSet h;
+void Organic(HandSet& h, int32_t model) {
     h.input.organicComplexation = true;
-    h.input.organicModel = Model6;
-    h.set.snapshot.fractions[0].concentration = 1;
-    h.set.snapshot.fractions[1].concentration = 1;
-    h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(17, 1e-6)};
+    h.input.organicModel = model;
+    h.set.snapshot.fractions[0].concentration = 2;  // fulvic only: nothing about humic acids
+    h.set.header.organicReference = "Ref 2020";
+    h.set.header.cationCharge = h.set.header.anionCharge = 1e-3;  // a charge ratio, not 0 / 0
+    ComponentResult copper = MakeComponent(Cation, "Cu", 4e-6, 63.5, "");
+    copper.amounts[AmountOrganic] = 3e-6;
+    copper.siteAmounts[SiteMonoFulvic] = 1e-6;
+    copper.siteAmounts[SiteBiFulvic] = 3e-6;
+    copper.siteAmounts[SiteDiffuseFulvic] = 2e-6;
+    h.records.components.push_back(copper);
+    h.records.componentInfos.push_back({"Cu", Cation, 4e-6, 63.5, InpTypeTotalConc});
+    // free sites 1e-6 and bound 1e-6: half each; two bidentate free-site species hold one site pair
+    h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(10, 2e-6),
+                         Organic(27, 3e-6), Organic(17, 5e-6)};
     h.set.header.firstOrganicSpecies = 1;
-    const InfoBlock& block = h.Build()[InfoOrganic];
-    // fulvic: heading, 3 x (site, free, bound), DDL -> rows 0..10
-    EXPECT_EQ(h.Text(InfoOrganic, 0, 10), "  FA-DDL");
-    EXPECT_EQ(h.Text(InfoOrganic, 0, 11), "");
-    EXPECT_EQ(h.Text(InfoOrganic, 0, 12), "Humic acids");
-    EXPECT_EQ(h.Text(InfoOrganic, 0, 13), "  HA-monodentates");
-    EXPECT_EQ(block.rowCount, 23);
+    h.set.header.reportedComponentCount = 2;
 }
 
-TEST(OtherInfo, SolidStatesFollowTheSaturationBand) {
-    HandSet h;
-    // the last: a component of the solid is absent (log 0)
-    const double indexes[] = {0.0004, 0.0005, -0.0005, -0.00051, -std::numeric_limits<double>::infinity()};
-    for (int32_t k = 0; k < 5; ++k)
-        h.records.solidChecks.push_back({"S" + std::to_string(k), indexes[k], -8.48, -8.3, "Lit", k + 2});
-    const InfoBlock& block = h.Build()[InfoSolids];
-
-    EXPECT_EQ(block.longText, "Solids Precipitation was not included; saturation of the solids that could form:");
-    EXPECT_EQ(block.rowCount, 5);
-    EXPECT_EQ(h.Text(InfoSolids, 1, 4), "none: a component of the solid is absent");
-    EXPECT_FALSE(h.Cell(InfoSolids, 1, 4)->numeric) << "exports show the text, not -INF";
-    EXPECT_EQ(h.Text(InfoSolids, 2, 4), "undersaturated");
-    EXPECT_EQ(h.Text(InfoSolids, 2, 0), "in equilibrium");
-    EXPECT_EQ(h.Text(InfoSolids, 2, 1), "oversaturated");
-    EXPECT_EQ(h.Text(InfoSolids, 2, 2), "in equilibrium");
-    EXPECT_EQ(h.Text(InfoSolids, 2, 3), "undersaturated");
-    EXPECT_EQ(block.rowKeys[0], 20);
-    EXPECT_EQ(block.rowKeys[1], 3 + 30);
-    EXPECT_EQ(h.Text(InfoSolids, 1, 1), "0.001");  // "%9.3f", trimmed
-    EXPECT_DOUBLE_EQ(h.Cell(InfoSolids, 1, 1)->number, 0.0005);
-}
-
-TEST(OtherInfo, SolidsWithoutCandidatesOrPrecipitates) {
-    HandSet off;
-    const InfoBlock& none = off.Build()[InfoSolids];
-    EXPECT_FALSE(none.title.empty());
-    EXPECT_EQ(none.longText, "");
-    EXPECT_EQ(none.rowCount, 0);
-
-    HandSet on;
-    on.input.precipitation = true;
-    const InfoBlock& absent = on.Build()[InfoSolids];
-    EXPECT_EQ(absent.longText, "Solids Precipitation was included, but no solid is present.");
-    EXPECT_EQ(absent.gridHeader, "");
-
-    HandSet present;
-    present.input.precipitation = true;
-    SpeciesResult calcite = MakeSpecies(SolidSpecies, "Calcite", 2e-4);
-    calcite.reactionDefinition = 4;
-    calcite.saturationValue = 0;
-    SpeciesResult gypsum = MakeSpecies(SolidSpecies, "Gypsum", 0);
-    gypsum.reactionDefinition = 5;
-    gypsum.saturationValue = -1.25;
-    present.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), calcite, gypsum};
-    present.set.header.firstPrecipitatedSolid = 1;
-    present.set.header.lastPrecipitatedSolid = 2;
-    present.options.units.order = 1;
-    const InfoBlock& block = present.Build()[InfoSolids];
-    EXPECT_EQ(block.longText, "Solids Precipitation was included; these solids are present.");
-    EXPECT_EQ(block.rowCount, 2);
-    EXPECT_DOUBLE_EQ(present.Cell(InfoSolids, 1, 0)->number, 0.2);  // mM
-    EXPECT_EQ(present.Text(InfoSolids, 2, 0), "mM");
-    EXPECT_EQ(present.Text(InfoSolids, 4, 0), "in equilibrium");
-    EXPECT_EQ(present.Text(InfoSolids, 4, 1), "undersaturated");
-    EXPECT_EQ(block.rowKeys[0], 43);
-    EXPECT_EQ(block.rowKeys[1], 50);
+// Each block built from a hand-made set, compared whole with its golden
+// dump in tests/data/golden/other_info/.
+TEST(OtherInfo, HandBuiltBlocksMatchTheirGoldenDumps) {
+    struct Case {
+        const char* name;
+        std::vector<int32_t> blocks;
+        std::function<void(HandSet&)> setUp;
+        bool withDatabase = false;
+    };
+    const std::vector<Case> cases = {
+        // tridentate sites only outside model 5; the general block gains the organic rows
+        {"organic_model5", {InfoOrganic, InfoGeneral}, [](HandSet& h) { Organic(h, Model5); }},
+        {"organic_model7", {InfoOrganic, InfoGeneral}, [](HandSet& h) { Organic(h, Model7); }},
+        {"organic_humic", {InfoOrganic},
+         [](HandSet& h) {
+             h.input.organicComplexation = true;
+             h.input.organicModel = Model6;
+             h.set.snapshot.fractions[0].concentration = 1;
+             h.set.snapshot.fractions[1].concentration = 1;
+             h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(17, 1e-6)};
+             h.set.header.firstOrganicSpecies = 1;
+         }},
+        // the saturation band of +-0.0005; an absent component (log 0) is a text, not -INF
+        {"solid_states", {InfoSolids},
+         [](HandSet& h) {
+             const double indexes[] = {0.0004, 0.0005, -0.0005, -0.00051, -std::numeric_limits<double>::infinity()};
+             for (int32_t k = 0; k < 5; ++k)
+                 h.records.solidChecks.push_back({"S" + std::to_string(k), indexes[k], -8.48, -8.3, "Lit", k + 2});
+         }},
+        {"solids_none", {InfoSolids}, [](HandSet&) {}},
+        {"solids_absent", {InfoSolids}, [](HandSet& h) { h.input.precipitation = true; }},
+        {"solids_present", {InfoSolids},
+         [](HandSet& h) {
+             h.input.precipitation = true;
+             SpeciesResult calcite = MakeSpecies(SolidSpecies, "Calcite", 2e-4);
+             calcite.reactionDefinition = 4;
+             calcite.saturationValue = 0;
+             SpeciesResult gypsum = MakeSpecies(SolidSpecies, "Gypsum", 0);
+             gypsum.reactionDefinition = 5;
+             gypsum.saturationValue = -1.25;
+             h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), calcite, gypsum};
+             h.set.header.firstPrecipitatedSolid = 1;
+             h.set.header.lastPrecipitatedSolid = 2;
+             h.options.units.order = 1;  // mM
+         }},
+        // sulfate's share is below the cut-off of 1e-4 x 4e-6 unless every row is shown
+        {"adsorption", {InfoAdsorption}, [](HandSet& h) { Adsorption(h); }},
+        {"adsorption_show_all", {InfoAdsorption},
+         [](HandSet& h) {
+             Adsorption(h);
+             h.options.showAll = true;
+         }},
+        {"gases", {InfoGases},
+         [](HandSet& h) {
+             ComponentResult co2 = MakeComponent(Gas, "CO2(g)", 5e-4, 44, "2=1;");
+             co2.gasText = "CO2(g) / CO3 2-";
+             co2.displayName = "CO3";
+             h.records.components.push_back(co2);
+             h.records.componentInfos.push_back({"CO2(g)", Gas, 3.1622777e-4, 44, InpTypeGasPres});
+             SpeciesResult ligand = MakeSpecies(GasLigand, "CO3 2-", 2e-5);
+             ligand.reactionDefinition = 7;
+             h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), ligand};
+             h.records.gases.push_back({"H2S(g) / HS -", 1e-9, 1e-6, 8, 8.1, "Lit", 9});
+         }},
+        {"gases_none", {InfoGases}, [](HandSet&) {}},
+        // options, redox and the components of kinds 1, 3, 4, 5, 6 only, with redox by their display names
+        {"input_echo", {InfoInput},
+         [](HandSet& h) {
+             h.input.description = "   ";
+             h.input.precipitation = true;
+             h.input.adsorption = true;
+             h.input.redox = true;
+             h.input.temperature = 10.4;
+             h.input.convergenceCriterion = 1.0001;
+             h.input.ionicStrengthFixed = true;
+             h.input.fixedIonicStrength = 0.1;
+             h.input.forceNeutral = true;
+             h.input.neutraliseCation = 1;
+             h.input.neutraliseAnion = 2;
+             ComponentResult iron = MakeComponent(Cation, "Fe+2", 1e-5, 55.8, "");
+             iron.displayName = "Fe+2 / Fe+3";
+             h.records.components.insert(h.records.components.end(), {iron, ComponentResult{}, ComponentResult{}});
+             h.records.componentInfos.push_back({"Fe+2", Cation, 1e-5, 55.8, InpTypeTotalConc});
+             h.records.componentInfos.push_back({"e", Electron, 1e-4, 0, InpTypeFreeAct});
+             h.records.componentInfos.push_back({"Fe+3", RedSol, 2e-6, 55.8, 5});
+         },
+         true},
+        {"input_echo_organic", {InfoInput},
+         [](HandSet& h) {
+             h.input.organicComplexation = true;
+             h.input.organicModel = Model6;
+             h.input.docConcentration = 5;
+             h.input.fulvicFraction = 0.7;
+             h.set.header.organicReference = "Tipping 1998";
+         }},
+    };
+    Database database;  // the neutralising components' names
+    database.components.resize(3);
+    database.components[1].name = "Na";
+    database.components[2].name = "Cl";
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        HandSet h;
+        c.setUp(h);
+        const InfoBlocks& blocks = h.Build(c.withDatabase ? &database : nullptr);
+        std::string dump;
+        for (const int32_t b : c.blocks) dump += "== block " + std::to_string(b) + "\n" + Dump(blocks[b]);
+        ExpectMatchesGolden(dump, std::string("other_info/") + c.name + ".txt");
+    }
 }
 
 TEST(OtherInfo, GridGrowsPastItsFirstCapacityKeepingEveryCell) {
@@ -255,134 +288,6 @@ TEST(OtherInfo, GridGrowsPastItsFirstCapacityKeepingEveryCell) {
         EXPECT_DOUBLE_EQ(h.Cell(InfoSolids, 1, r)->number, -1.0 - r);
         EXPECT_EQ(block.rowKeys[r], 10 * r);
     }
-}
-
-TEST(OtherInfo, AdsorptionSharesOfTheSites) {
-    HandSet h;
-    h.input.adsorption = true;
-    h.records.components[0].amounts[AmountAdsorbed] = 1e-6;
-    ComponentResult zinc = MakeComponent(Cation, "Zn", 1e-5, 65.4, "");
-    zinc.amounts[AmountAdsorbed] = 3e-6;
-    ComponentResult sulfate = MakeComponent(Ligand, "SO4", 1e-3, 96, "");
-    sulfate.amounts[AmountAdsorbed] = 2e-10;  // below the cut-off of 1e-4 x 4e-6
-    ComponentResult phosphate = MakeComponent(Ligand, "PO4", 1e-5, 95, "");
-    phosphate.amounts[AmountAdsorbed] = 5e-7;
-    h.records.components.insert(h.records.components.end(), {zinc, sulfate, phosphate});
-    h.records.componentInfos.resize(4);
-    h.set.header.reportedComponentCount = 4;
-    const InfoBlock& block = h.Build()[InfoAdsorption];
-
-    EXPECT_EQ(h.Text(InfoAdsorption, 3, 0), "25.00%");
-    EXPECT_EQ(h.Text(InfoAdsorption, 3, 1), "75.00%");
-    EXPECT_DOUBLE_EQ(h.Cell(InfoAdsorption, 3, 1)->number, 0.75);
-    EXPECT_EQ(h.Text(InfoAdsorption, 0, 2), "  Zn");
-    EXPECT_EQ(h.Text(InfoAdsorption, 0, 3), "  PO4");
-    EXPECT_EQ(block.rowCount, 4);
-
-    h.options.showAll = true;
-    EXPECT_EQ(h.Build()[InfoAdsorption].rowCount, 5);
-}
-
-TEST(OtherInfo, GasesGivenAndInEquilibrium) {
-    HandSet h;
-    ComponentResult co2 = MakeComponent(Gas, "CO2(g)", 5e-4, 44, "2=1;");
-    co2.gasText = "CO2(g) / CO3 2-";
-    co2.displayName = "CO3";
-    h.records.components.push_back(co2);
-    h.records.componentInfos.push_back({"CO2(g)", Gas, 3.1622777e-4, 44, InpTypeGasPres});
-    SpeciesResult ligand = MakeSpecies(GasLigand, "CO3 2-", 2e-5);
-    ligand.reactionDefinition = 7;
-    h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), ligand};
-    h.records.gases.push_back({"H2S(g) / HS -", 1e-9, 1e-6, 8, 8.1, "Lit", 9});
-    const InfoBlock& block = h.Build()[InfoGases];
-
-    EXPECT_EQ(
-        block.longText,
-        "The partial pressure is given for CO2(g) ; it fixes the free concentration of the dissolved ligand. "
-        "Partial pressures in equilibrium with HS -  were calculated. Pressures in atm, concentrations in mol/L.");
-    EXPECT_EQ(h.Text(InfoGases, 0, 0), "CO2(g) / CO3 2-");
-    EXPECT_DOUBLE_EQ(h.Cell(InfoGases, 1, 0)->number, 3.1622777e-4);
-    EXPECT_EQ(h.Text(InfoGases, 2, 0), "atm");
-    EXPECT_EQ(block.rowKeys[0], 70);
-    EXPECT_EQ(h.Text(InfoGases, 0, 1), "");
-    EXPECT_EQ(h.Text(InfoGases, 0, 2), "H2S(g) / HS -");
-    EXPECT_EQ(block.rowKeys[2], 90);
-    EXPECT_EQ(block.rowCount, 3);
-
-    HandSet none;
-    EXPECT_EQ(none.Build()[InfoGases].title, "");
-}
-
-TEST(OtherInfo, InputEchoListsOptionsRedoxAndComponents) {
-    HandSet h;
-    h.input.description = "   ";
-    h.input.precipitation = true;
-    h.input.adsorption = true;
-    h.input.redox = true;
-    h.input.temperature = 10.4;
-    h.input.convergenceCriterion = 1.0001;
-    h.input.ionicStrengthFixed = true;
-    h.input.fixedIonicStrength = 0.1;
-    h.input.forceNeutral = true;
-    h.input.neutraliseCation = 1;
-    h.input.neutraliseAnion = 2;
-    ComponentResult iron = MakeComponent(Cation, "Fe+2", 1e-5, 55.8, "");
-    iron.displayName = "Fe+2 / Fe+3";
-    h.records.components.insert(h.records.components.end(), {iron, ComponentResult{}, ComponentResult{}});
-    h.records.componentInfos.push_back({"Fe+2", Cation, 1e-5, 55.8, InpTypeTotalConc});
-    h.records.componentInfos.push_back({"e", Electron, 1e-4, 0, InpTypeFreeAct});
-    h.records.componentInfos.push_back({"Fe+3", RedSol, 2e-6, 55.8, 5});
-    Database database;
-    database.components.resize(3);
-    database.components[1].name = "Na";
-    database.components[2].name = "Cl";
-    const InfoBlock& block = h.Build(&database)[InfoInput];
-
-    EXPECT_EQ(h.Text(InfoInput, 1, 0), "(none)");
-    EXPECT_EQ(h.Text(InfoInput, 1, 1), "fixed");
-    EXPECT_EQ(h.Text(InfoInput, 1, 2), "fixed at");
-    EXPECT_DOUBLE_EQ(h.Cell(InfoInput, 2, 2)->number, 0.1);
-    EXPECT_EQ(h.Text(InfoInput, 1, 3), "Davies");
-    EXPECT_DOUBLE_EQ(h.Cell(InfoInput, 1, 4)->number, 1.0001 - 1);
-    EXPECT_EQ(h.Text(InfoInput, 1, 5), "10");
-    EXPECT_DOUBLE_EQ(h.Cell(InfoInput, 1, 5)->number, 10.4);
-    EXPECT_EQ(h.Text(InfoInput, 2, 5), "°C");
-    EXPECT_EQ(h.Text(InfoInput, 1, 7), "forced by adjusting Na or Cl");
-    // the included options from row 8; without organic matter the last loses its comma
-    EXPECT_EQ(h.Text(InfoInput, 0, 8), "Included:");
-    EXPECT_EQ(h.Text(InfoInput, 1, 8), "precipitation,");
-    EXPECT_EQ(h.Text(InfoInput, 1, 9), "adsorption,");
-    EXPECT_EQ(h.Text(InfoInput, 1, 10), "redox equilibria");
-    EXPECT_EQ(h.Text(InfoInput, 0, 12), "pE");
-    EXPECT_DOUBLE_EQ(h.Cell(InfoInput, 1, 12)->number, 4);
-    EXPECT_NEAR(h.Cell(InfoInput, 1, 13)->number, 4 * 59.159, 1e-9);
-    EXPECT_EQ(h.Text(InfoInput, 2, 13), "mV");
-    // kinds 1, 3, 4, 5, 6 only; with redox the display name
-    EXPECT_EQ(h.Text(InfoInput, 0, 14), "H");
-    EXPECT_EQ(h.Text(InfoInput, 3, 14), "free activity");
-    EXPECT_EQ(h.Text(InfoInput, 0, 15), "Fe+2 / Fe+3");
-    EXPECT_EQ(h.Text(InfoInput, 3, 15), "total concentration");
-    EXPECT_EQ(h.Text(InfoInput, 0, 16), "Fe+3");
-    EXPECT_EQ(h.Text(InfoInput, 3, 16), "");
-    EXPECT_EQ(block.rowCount, 17);
-}
-
-TEST(OtherInfo, InputEchoWithOrganicMatterNamesTheModelAndTheCarbon) {
-    HandSet h;
-    h.input.organicComplexation = true;
-    h.input.organicModel = Model6;
-    h.input.docConcentration = 5;
-    h.input.fulvicFraction = 0.7;
-    h.set.header.organicReference = "Tipping 1998";
-    const InfoBlock& block = h.Build()[InfoInput];
-    EXPECT_EQ(h.Text(InfoInput, 0, 8), "Included:");
-    EXPECT_EQ(h.Text(InfoInput, 1, 8), "organic complexation");
-    EXPECT_EQ(h.Text(InfoInput, 1, 9), "Model 6 (see Tipping 1998)");
-    EXPECT_EQ(h.Text(InfoInput, 0, 11), "H");
-    EXPECT_EQ(h.Text(InfoInput, 0, 12), "Dissolved organic carbon");
-    EXPECT_EQ(h.Text(InfoInput, 3, 12), "total concentration");
-    EXPECT_DOUBLE_EQ(h.Cell(InfoInput, 1, 13)->number, 0.7);
-    EXPECT_EQ(block.rowCount, 14);
 }
 
 TEST(OtherInfo, RebuiltFromAnOutputFileAsItWasBuiltFromTheCalculation) {

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "golden_file.h"
 #include "output/result_store.h"
 #include "shell/workspace.h"
 #include "support/recording_ui.h"
