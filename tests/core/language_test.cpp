@@ -56,8 +56,10 @@ TEST(LanguageFiles, BothFilesHoldTheSameSectionsAndKeys) {
     EXPECT_EQ(english, german);
 }
 
-// (the display names on their first lines are checked by LanguageSetupTest)
-TEST(LanguageFiles, AreUtf16WithByteOrderMarkAndCrLf) {
+// Each delivered file: UTF-16 with a byte order mark and CR LF line ends,
+// every text present and on one line, six distinct tile accelerators. (The
+// display names on their first lines are checked by LanguageSetupTest.)
+TEST(LanguageFiles, AreUtf16CrLfWithEveryTextAndDistinctTileAccelerators) {
     for (const char* name : kFiles) {
         SCOPED_TRACE(name);
         const auto bytes = ReadBinaryFile(test::DeliveredLanguagePath(name));
@@ -70,17 +72,21 @@ TEST(LanguageFiles, AreUtf16WithByteOrderMarkAndCrLf) {
             ASSERT_GE(i, 4u);
             ASSERT_EQ(bytes->compare(i - 2, 2, std::string("\r\0", 2)), 0) << "bare line feed at byte " << i;
         }
-    }
-}
 
-TEST(LanguageFiles, EveryTextIsPresentAndSingleLine) {
-    for (const char* name : kFiles) {
-        SCOPED_TRACE(name);
         Language language(test::DeliveredLanguagePath(name));
         IniFile ini(test::DeliveredLanguagePath(name));
         for (const std::string& section : ini.Sections())
             for (const std::string& key : ini.Keys(section))
                 EXPECT_NE(LanguageTextOr(language, section, key, "\x01missing"), "") << section << "/" << key;
+
+        std::set<char> letters;
+        for (int k = 1; k <= 6; ++k) {
+            const std::string caption = LanguageText(language, "MainMenu", "Main" + std::to_string(k));
+            const size_t amp = caption.find('&');
+            ASSERT_TRUE(amp != std::string::npos && amp + 1 < caption.size()) << caption;
+            letters.insert(static_cast<char>(std::toupper(static_cast<unsigned char>(caption[amp + 1]))));
+        }
+        EXPECT_EQ(letters.size(), 6u);
     }
 }
 
@@ -104,20 +110,6 @@ TEST(LanguageFiles, HoldEveryKeyTheProgramLooksUp) {
             EXPECT_TRUE(it != keys.end() && it->second.count(FoldCase(key)))
                 << name << " lacks " << section << "/" << key;
         }
-    }
-}
-
-TEST(LanguageFiles, TileAcceleratorsAreDistinct) {
-    for (const char* name : kFiles) {
-        Language language(test::DeliveredLanguagePath(name));
-        std::set<char> letters;
-        for (int k = 1; k <= 6; ++k) {
-            const std::string caption = LanguageText(language, "MainMenu", "Main" + std::to_string(k));
-            const size_t amp = caption.find('&');
-            ASSERT_TRUE(amp != std::string::npos && amp + 1 < caption.size()) << name << " " << caption;
-            letters.insert(static_cast<char>(std::toupper(static_cast<unsigned char>(caption[amp + 1]))));
-        }
-        EXPECT_EQ(letters.size(), 6u) << name;
     }
 }
 

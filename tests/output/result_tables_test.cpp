@@ -1,8 +1,9 @@
 // The summary and details tables of a component: which rows show, in which
-// units, and the pie-chart texts behind them.
+// units, and the pie-chart texts behind them, compared with a golden copy.
 #include <gtest/gtest.h>
 
 #include "core/language.h"
+#include "golden_file.h"
 #include "output/result_tables.h"
 #include "result_test_support.h"
 
@@ -47,109 +48,80 @@ ResultStore CalciumStore(double complexConcentration) {
     return store;
 }
 
-std::vector<std::string> Names(const std::vector<DetailsRow>& rows) {
-    std::vector<std::string> names;
-    for (const DetailsRow& row : rows) names.push_back(row.texts[0]);
-    return names;
+// The rows as text: one line per row, the row class (and constants key) then
+// the cell texts separated by " | ".
+std::string Text(const std::vector<DetailsRow>& rows) {
+    std::string out;
+    for (const DetailsRow& row : rows) {
+        out += std::to_string(row.rowClass) + " " + std::to_string(row.constantsKey) + ":";
+        for (const std::string& text : row.texts) out += " | " + text;
+        out += "\n";
+    }
+    return out;
+}
+std::string Text(const std::vector<SummaryRow>& rows) {
+    std::string out;
+    for (const SummaryRow& row : rows) {
+        out += std::to_string(row.rowClass) + ":";
+        for (const std::string& text : row.texts) out += " | " + text;
+        out += "\n";
+    }
+    return out;
 }
 
-TEST(DetailsTable, CutOffHidesSmallSpeciesButNotFreeOnes) {
-    TableFixture f;
-    const ResultContext context = f.Context();
-
-    ResultStore hidden = CalciumStore(5e-8);
-    EXPECT_EQ(Names(DetailsTable(hidden, 0, 1, context)),
-              (std::vector<std::string>{"free Ca 2+", "free Ca(I)"}))
-        << "5e-8 of 1e-3 M lies below the cut-off; free species and partners always show; organic never";
-    ResultStore shown = CalciumStore(2e-7);
-    EXPECT_EQ(Names(DetailsTable(shown, 0, 1, context)),
-              (std::vector<std::string>{"free Ca 2+", "CaOH +", "free Ca(I)"}));
-
-    f.options.freeAlways = false;
-    EXPECT_EQ(Names(DetailsTable(hidden, 0, 1, context)), (std::vector<std::string>{"free Ca 2+"}));
-    f.options.showAll = true;
-    EXPECT_EQ(Names(DetailsTable(hidden, 0, 1, context)),
-              (std::vector<std::string>{"free Ca 2+", "CaOH +", "free Ca(I)", "CaSO4 (aq)"}))
-        << "show all: everything except a solid that is not there";
-
-    // without percentages (the proton in fixed-pH mode) every species shows
-    f.options = OutputOptions{};
-    LoadOutputOptions(f.options, f.settings);
-    EXPECT_EQ(Names(DetailsTable(hidden, 0, 0, context)), (std::vector<std::string>{"free H +", "CaOH +"}));
-}
-
-TEST(DetailsTable, ColumnsKeysUnitsAndDecimalComma) {
-    TableFixture f;
-    f.options.units.units = 1;
-    f.options.units.order = 1;
-    const ResultContext context = f.Context(DecimalSeparator{","});
-    ResultStore store = CalciumStore(2e-7);
-    const std::vector<DetailsRow> rows = DetailsTable(store, 0, 1, context);
-    ASSERT_EQ(rows.size(), 3u);
-    const DetailsRow& complex = rows[1];
-    EXPECT_EQ(complex.texts[1], "8,016E-03");
-    EXPECT_EQ(complex.texts[2], "mg/L");
-    EXPECT_EQ(complex.texts[3], "0,02%");
-    EXPECT_EQ(complex.texts[4], "2,000E-04") << "activities are molar";
-    EXPECT_EQ(complex.texts[5], "mM");
-    EXPECT_EQ(complex.texts[6], "-12,697");
-    EXPECT_EQ(complex.texts[8], "NIST");
-    EXPECT_EQ(complex.rowClass, 2 * 10 + CategoryDissolved + 10);
-    EXPECT_EQ(complex.constantsKey, 0);
-    EXPECT_EQ(rows[0].constantsKey, -1);
-    EXPECT_TRUE(rows[0].texts[6].empty());
-    // the pie text keeps the point and ends with the converted total and the count
-    EXPECT_EQ(store.sets[0].detailsPieText,
-              "4.004E+01|\"free Ca 2+\"|8.016E-03|\"CaOH +\"|4.008E-08|\"free Ca(I)\"|4.008E+01|3");
-}
-
-TEST(SummaryTable, MassUnitsAndTheProtonRows) {
-    TableFixture f;
-    f.options.units.units = 1;
-    f.options.units.order = 1;
-    const ResultContext context = f.Context();
-    ResultStore store = CalciumStore(2e-7);
-
-    const std::vector<SummaryRow> ca = SummaryTable(store, 0, 1, context);
-    ASSERT_EQ(ca.size(), 2u) << "dissolved and total: only the amounts above 0";
-    EXPECT_EQ(ca[0].texts[0], "Dissolved Ca");
-    EXPECT_EQ(ca[0].texts[1], "4.008E+01");
-    EXPECT_EQ(ca[0].texts[2], "mg/L");
-    EXPECT_EQ(ca[0].texts[3], "100.00%");
-    EXPECT_EQ(ca[1].rowClass, 5);
-    EXPECT_EQ(store.sets[0].summaryPieText, "4.008E+01|\"Dissolved Ca\"|1.000E-03|1");
-
-    // the proton's total only in proton-balance mode, or with redox and a total
-    auto rowClasses = [&] {
-        std::vector<int32_t> classes;
-        for (const SummaryRow& row : SummaryTable(store, 0, 0, context)) classes.push_back(row.rowClass);
-        return classes;
-    };
-    EXPECT_EQ(rowClasses(), (std::vector<int32_t>{1}));
-    store.sets[0].snapshot.protonBalance = true;
-    EXPECT_EQ(rowClasses(), (std::vector<int32_t>{1, 5}));
-    store.sets[0].snapshot.protonBalance = false;
-    store.sets[0].snapshot.input.redox = true;
-    store.sets[0].snapshot.input.adsorption = true;
-    EXPECT_EQ(rowClasses(), (std::vector<int32_t>{1, 2, 5})) << "adsorption switch; redox with a total";
-    EXPECT_TRUE(SummaryTable(store, 0, 0, context)[0].texts[3].empty()) << "no percentages for the proton";
-}
-
-TEST(DetailsTable, OrganicSiteRowsFollowTheSpecies) {
-    TableFixture f;
-    const ResultContext context = f.Context();
-    ResultStore store = CalciumStore(2e-7);
-    store.sets[0].snapshot.input.organicComplexation = true;
-    store.sets[0].header.organicReference = "Tipping (1998)";
-    ComponentResult& ca = store.records.components[1];
-    ca.siteAmounts[SiteBiHumic] = 3e-4;
-    ca.siteAmounts[SiteMonoFulvic] = 1e-9;  // below the cut-off
-    const std::vector<DetailsRow> rows = DetailsTable(store, 0, 1, context);
-    ASSERT_EQ(rows.size(), 4u);
-    EXPECT_EQ(rows[3].texts[0], "HA-bidentate");
-    EXPECT_EQ(rows[3].texts[3], "30.00%");
-    EXPECT_EQ(rows[3].texts[8], "Tipping (1998)");
-    EXPECT_EQ(rows[3].rowClass, 4);
+// Every case of the details and summary tables in one golden file, each
+// under a heading: the cut-off (free species and redox partners always show,
+// organic species never; without "free always" only the free one; "show
+// all" everything but a solid that is not there; every species for the
+// proton, which has no percentages), mass units with a decimal comma (the
+// pie text keeps the point and ends with the converted total and the count;
+// activities stay molar), the proton's summary rows by mode, and the
+// organic site rows after the species.
+TEST(ResultTables, MatchTheirGoldenCopy) {
+    std::string out;
+    auto section = [&](const std::string& title, const std::string& text) { out += "## " + title + "\n" + text; };
+    {
+        TableFixture f;
+        const ResultContext context = f.Context();
+        ResultStore hidden = CalciumStore(5e-8);
+        ResultStore shown = CalciumStore(2e-7);
+        section("details, complex below the cut-off", Text(DetailsTable(hidden, 0, 1, context)));
+        section("details, complex above the cut-off", Text(DetailsTable(shown, 0, 1, context)));
+        section("details of the proton", Text(DetailsTable(hidden, 0, 0, context)));
+        f.options.freeAlways = false;
+        section("details, free not always", Text(DetailsTable(hidden, 0, 1, context)));
+        f.options.showAll = true;
+        section("details, show all", Text(DetailsTable(hidden, 0, 1, context)));
+    }
+    {
+        TableFixture f;
+        f.options.units.units = 1;
+        f.options.units.order = 1;
+        ResultStore store = CalciumStore(2e-7);
+        section("details in mg/L with a decimal comma", Text(DetailsTable(store, 0, 1, f.Context(DecimalSeparator{","}))));
+        section("details pie text", store.sets[0].detailsPieText + "\n");
+        const ResultContext context = f.Context();
+        section("summary in mg/L", Text(SummaryTable(store, 0, 1, context)));
+        section("summary pie text", store.sets[0].summaryPieText + "\n");
+        section("summary of the proton at fixed pH", Text(SummaryTable(store, 0, 0, context)));
+        store.sets[0].snapshot.protonBalance = true;
+        section("summary of the proton by proton balance", Text(SummaryTable(store, 0, 0, context)));
+        store.sets[0].snapshot.protonBalance = false;
+        store.sets[0].snapshot.input.redox = true;
+        store.sets[0].snapshot.input.adsorption = true;
+        section("summary of the proton with redox and adsorption", Text(SummaryTable(store, 0, 0, context)));
+    }
+    {
+        TableFixture f;
+        ResultStore store = CalciumStore(2e-7);
+        store.sets[0].snapshot.input.organicComplexation = true;
+        store.sets[0].header.organicReference = "Tipping (1998)";
+        ComponentResult& ca = store.records.components[1];
+        ca.siteAmounts[SiteBiHumic] = 3e-4;
+        ca.siteAmounts[SiteMonoFulvic] = 1e-9;  // below the cut-off
+        section("details with organic sites", Text(DetailsTable(store, 0, 1, f.Context())));
+    }
+    ExpectMatchesGolden(out, "result_tables.txt");
 }
 
 }  // namespace
