@@ -74,20 +74,20 @@ SolveResult SolveOnce(CalcContext& ctx) {
 // that evens them out gets the difference before the first solve. An ion
 // already in the system keeps its assembled total for that solve; one that
 // is not joins it with the estimate as its input value.
-bool FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double criterion) {
+AssemblyResult FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double criterion) {
     ChemicalSystem& chem = ctx.chem;
     double positive = 0, negative = 0;
     for (const SystemComponent& sc : chem.systemComponents) {
         if (sc.type == Cation) positive += sc.givenValue * sc.charge;
         if (sc.type == Ligand) negative -= sc.givenValue * sc.charge;
     }
-    if (RelativelyEqual(positive, negative, criterion)) return true;
+    if (RelativelyEqual(positive, negative, criterion)) return {true, {}};
     const Ion& ion = positive > negative ? anion : cation;
     double& inputValue = ctx.input.components[ion.component].inputValue;
     const double d = (positive - negative) / -chem.db().components[ion.component].charge;
     if (HasSystemComponent(chem, ion.component)) {
         inputValue += d;
-        return true;
+        return {true, {}};
     }
     inputValue = d;
     return AssembleSystem(ctx);
@@ -114,7 +114,11 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
             out.message = "no charged cation and anion chosen to neutralise with";
             return out;
         }
-    if (!AssembleSystem(ctx)) return out;
+    AssemblyResult assembly = AssembleSystem(ctx);
+    if (!assembly) {
+        out.refusal = std::move(assembly.refusal);
+        return out;
+    }
     out.assembled = true;
     st.inputChargeExcess = InputChargeExcess(chem, ctx.input);
     Ion cation = Prepare(chem, ctx.input.neutraliseCation);
@@ -123,9 +127,13 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
                           ctx.Text("NeutralCalc", "NeutrCaption2") + " " + anion.name;
     window.Show();
 
-    if (chem.systemComponents[0].balanceKind == InpTypeTotalConc && !FirstEstimate(ctx, cation, anion, criterion)) {
-        out.assembled = false;
-        return out;
+    if (chem.systemComponents[0].balanceKind == InpTypeTotalConc) {
+        assembly = FirstEstimate(ctx, cation, anion, criterion);
+        if (!assembly) {
+            out.assembled = false;
+            out.refusal = std::move(assembly.refusal);
+            return out;
+        }
     }
     out.solve = SolveOnce(ctx);
     int32_t pass = 1;
@@ -147,8 +155,10 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
                 sc.givenValue += d * damping;
         } else {
             ctx.input.components[ion.component].inputValue = d / std::sqrt(static_cast<double>(pass));
-            if (!AssembleSystem(ctx)) {
+            assembly = AssembleSystem(ctx);
+            if (!assembly) {
                 out.assembled = false;
+                out.refusal = std::move(assembly.refusal);
                 return out;
             }
         }

@@ -14,6 +14,7 @@ constexpr int32_t kMaxNeutralisePasses = 200;
 
 struct NeutraliseOutcome {
     bool assembled = false;
+    std::string refusal;     // the assembly's warning for the user when it refused
     bool neutral = false;    // cation and anion charge agree within the criterion; results built
     bool cancelled = false;  // the user cancelled a solve: no results
     int32_t passes = 0;      // adjustment passes made (0: neutral at the first solve)
