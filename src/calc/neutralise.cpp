@@ -6,6 +6,7 @@
 #include "calc/compare.h"
 #include "calc/run_calculation.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 #include "core/c_number.h"
 
 namespace tormel {
@@ -139,7 +140,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
     int32_t pass = 1;
     while (!st.abortRequested && out.solve.converged &&
            !RelativelyEqual(st.cationCharge, st.anionCharge, criterion)) {
-        if (out.passes >= kMaxNeutralisePasses) {
+        if (out.passes >= kSolverOptions.maxNeutralisePasses) {
             out.message = "not neutral after " + std::to_string(out.passes) + " passes, residual charge " +
                           FormatC("%.3E", st.cationCharge - st.anionCharge) + " eq/L";
             return out;

@@ -8,10 +8,6 @@
 
 namespace tormel {
 
-// Adjustment passes before the calculation gives up: each pass is a full
-// solve, and the damped passes close in on neutrality well within this.
-constexpr int32_t kMaxNeutralisePasses = 200;
-
 struct NeutraliseOutcome {
     bool assembled = false;
     std::string refusal;     // the assembly's warning for the user when it refused
