@@ -5,6 +5,7 @@
 
 #include "calc/activity.h"
 #include "calc/compare.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
@@ -84,7 +85,7 @@ void UpdateMsa(ChemicalSystem& chem, SolverState& st) {
     // the bound only keeps a pathological composition from hanging the solve.
     st.gammaIterationCapped = true;
     double next = gamma;
-    for (int32_t pass = 0; pass < kMaxGammaPasses; ++pass) {
+    for (int32_t pass = 0; pass < kSolverOptions.maxGammaPasses; ++pass) {
         next = GammaStep(chem, gamma, pPrime);
         if (RelativelyEqual(gamma, next, st.workingCriterion)) {
             st.gammaIterationCapped = false;

@@ -326,12 +326,12 @@ void BuildComposition(AssemblyWork& w) {
 
 }  // namespace
 
-bool AssembleSystem(CalcContext& ctx) {
+AssemblyResult AssembleSystem(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     const InputProblem& input = ctx.input;
     chem.ClearAssembled();
     // the problem has one input per database component (SetProgramDefaults)
-    if (input.components.size() != chem.db().components.size()) return false;
+    if (input.components.size() != chem.db().components.size()) return {};
     SetInputFlags(ctx);
     AssemblyWork w(ctx);
     ResetAssembledLayer(w);
@@ -355,13 +355,13 @@ bool AssembleSystem(CalcContext& ctx) {
     if (input.adsorption) AddEquilibriumSpecies(w, EqAdsorption);
     if (input.precipitation) {
         AddSolidSpecies(w);
-        if (!CheckSolidTotals(w)) return false;
+        if (std::string refusal = CheckSolidTotals(w); !refusal.empty()) return {false, std::move(refusal)};
     }
     BuildComposition(w);
     chem.systemComponents.shrink_to_fit();
     chem.species.shrink_to_fit();
     chem.temperatureCorrectionApplied = DecideTemperatureCorrection(chem, input.temperatureCorrection);
-    return true;
+    return {true, {}};
 }
 
 }  // namespace tormel

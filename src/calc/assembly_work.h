@@ -53,6 +53,8 @@ void AddEquilibriumSpecies(AssemblyWork& work, int32_t equilibriumType);
 void PrepareOrganicModel(AssemblyWork& work);
 void AddOrganicSpecies(AssemblyWork& work);
 void AddSolidSpecies(AssemblyWork& work);
-bool CheckSolidTotals(AssemblyWork& work);
+// Empty when every solid can be limited by a mass balance; otherwise the
+// warning that names the solids that cannot.
+std::string CheckSolidTotals(AssemblyWork& work);
 
 }  // namespace tormel

@@ -27,7 +27,7 @@ struct CalcContext {
     // the ion it neutralises with.
     InputProblem& input;
     SolverState& state;
-    const UiServices* ui = nullptr;  // messages and progress; none in silent runs
+    const UiServices* ui = nullptr;  // progress windows; none in silent runs (messages go back in the results)
     TextLookup text;                 // empty: the key stands in for the text
     // Builds the result tables from the assembled layer after a successful
     // calculation (the result store lives above the calculation).

@@ -1,4 +1,5 @@
 #include "calc/dense_solve.h"
+#include "calc/solver_options.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,12 +7,6 @@
 
 namespace tormel {
 
-namespace {
-
-// Pivots below this share of their column's largest entry count as zero.
-constexpr double kNegligiblePivot = 1e-13;
-
-}  // namespace
 
 bool SolvePivotedInPlace(std::span<double> a, std::span<double> b, int32_t size, double negligiblePivot) {
     const auto at = [&](int32_t row, int32_t col) -> double& { return a[static_cast<size_t>(row) * size + col]; };
@@ -45,7 +40,7 @@ bool SolvePivotedInPlace(std::span<double> a, std::span<double> b, int32_t size,
 }
 
 bool SolvePivoted(std::vector<double> a, std::vector<double> b, int32_t size, std::vector<double>& x) {
-    if (!SolvePivotedInPlace(a, b, size, kNegligiblePivot)) return false;
+    if (!SolvePivotedInPlace(a, b, size, kSolverOptions.negligiblePivot)) return false;
     x = std::move(b);
     return true;
 }

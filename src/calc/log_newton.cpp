@@ -18,33 +18,12 @@
 #include "calc/dense_solve.h"
 #include "calc/fallback_unknowns.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
-// Difference of the logarithm used for the Jacobian's columns.
-constexpr double kLogDifference = 1e-7;
-// Largest change of a free concentration's natural logarithm in one step
-// (a factor of about 150).
-constexpr double kLargestLogStep = 5.0;
-// A present solid's amount falls at most to this share in one step.
-constexpr double kLeastAmountShare = 0.1;
-// Line search: sufficient decrease, step halvings before giving up.
-constexpr double kSufficientDecrease = 1e-4;
-constexpr int32_t kHalvings = 20;
-// A step that decreases the squared residuals by less than this share is
-// no use on its own (a nearly singular Jacobian gives huge steps of which
-// only a vanishing share can be taken): the damped steps are tried too.
-constexpr double kLeastUsefulDecrease = 0.01;
-// Dampings of the steps tried in turn: the Newton step, then Levenberg-
-// Marquardt steps turning towards the steepest descent.
-constexpr double kStepDampings[] = {0, 1e-6, 1e-3, 1, 1e3, 1e6};
-// With organic matter a Jacobian takes a species step for each of a few
-// hundred unknowns, while between steps the charges and the ionic strength
-// move the solution only a little: the last Jacobian is used again as long
-// as its step, taken whole, cuts the squared residuals to this share.
-constexpr double kReusedJacobianDecrease = 0.1;
 
 // How the residual of one balance is formed at the start of a step (and kept
 // through its line search). A balance whose sums are positive is compared in
@@ -153,9 +132,9 @@ bool Jacobian(CalcContext& ctx, const FallbackValues& x, const std::vector<doubl
     std::vector<double> f;
     for (int32_t v = 0; v < n; ++v) {
         FallbackValues moved = x;
-        moved.logFree[v] += kLogDifference;
+        moved.logFree[v] += kSolverOptions.logDifference;
         if (!Residuals(ctx, moved, frame, f)) return false;
-        for (int32_t r = 0; r < size; ++r) jac[static_cast<size_t>(r) * size + v] = (f[r] - f0[r]) / kLogDifference;
+        for (int32_t r = 0; r < size; ++r) jac[static_cast<size_t>(r) * size + v] = (f[r] - f0[r]) / kSolverOptions.logDifference;
     }
     const ChemicalSystem& chem = ctx.chem;
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
@@ -177,7 +156,7 @@ FallbackValues Along(const FallbackValues& x, const std::vector<double>& step, d
     FallbackValues y = x;
     for (int32_t u = 0; u < n; ++u) y.logFree[u] += t * step[u];
     for (size_t k = 0; k < y.amount.size(); ++k)
-        y.amount[k] = std::max(x.amount[k] + t * step[n + k], kLeastAmountShare * x.amount[k]);
+        y.amount[k] = std::max(x.amount[k] + t * step[n + k], kSolverOptions.leastAmountShare * x.amount[k]);
     return y;
 }
 
@@ -188,7 +167,7 @@ struct LineSearchResult {
 };
 
 // Backtracking along the step from x (its largest change of a logarithm cut
-// to kLargestLogStep first): the first share that decreases the squared
+// to kSolverOptions.largestLogStep first): the first share that decreases the squared
 // residuals sufficiently, else the share that decreased them most.
 LineSearchResult SearchAlong(CalcContext& ctx, const FallbackValues& x, const std::vector<double>& step,
                              const StepFrame& frame, const std::vector<double>& f0) {
@@ -198,15 +177,15 @@ LineSearchResult SearchAlong(CalcContext& ctx, const FallbackValues& x, const st
     const double norm0 = SquaredNorm(f0);
     LineSearchResult best;
     std::vector<double> f;
-    double t = largest > kLargestLogStep ? kLargestLogStep / largest : 1.0;
-    for (int32_t i = 0; i < kHalvings; ++i, t /= 2) {
+    double t = largest > kSolverOptions.largestLogStep ? kSolverOptions.largestLogStep / largest : 1.0;
+    for (int32_t i = 0; i < kSolverOptions.halvings; ++i, t /= 2) {
         if (!Residuals(ctx, Along(x, step, t, n), frame, f)) continue;
         const double norm = SquaredNorm(f);
         if (norm < best.norm) {
             best.norm = norm;
             best.t = t;
         }
-        if (norm <= (1 - std::max(kSufficientDecrease * t, kLeastUsefulDecrease)) * norm0) {
+        if (norm <= (1 - std::max(kSolverOptions.sufficientDecrease * t, kSolverOptions.leastUsefulDecrease)) * norm0) {
             best.sufficient = true;
             break;
         }
@@ -215,7 +194,7 @@ LineSearchResult SearchAlong(CalcContext& ctx, const FallbackValues& x, const st
 }
 
 // The step of the last Jacobian formed, when it still fits the unknowns and
-// cuts the residuals as kReusedJacobianDecrease asks.
+// cuts the residuals as kSolverOptions.reusedJacobianDecrease asks.
 bool StepOfLastJacobian(CalcContext& ctx, const FallbackValues& x, const StepFrame& frame,
                         const std::vector<double>& f0, FallbackValues& next) {
     const FallbackState& fb = ctx.state.fallback;
@@ -228,9 +207,9 @@ bool StepOfLastJacobian(CalcContext& ctx, const FallbackValues& x, const StepFra
     const int32_t n = frame.FreeCount();
     double largest = 0;
     for (int32_t u = 0; u < n; ++u) largest = std::max(largest, std::fabs(step[u]));
-    if (largest > kLargestLogStep) return false;
+    if (largest > kSolverOptions.largestLogStep) return false;
     const FallbackValues trial = Along(x, step, 1.0, n);
-    if (!Residuals(ctx, trial, frame, f) || !(SquaredNorm(f) <= kReusedJacobianDecrease * SquaredNorm(f0))) return false;
+    if (!Residuals(ctx, trial, frame, f) || !(SquaredNorm(f) <= kSolverOptions.reusedJacobianDecrease * SquaredNorm(f0))) return false;
     next = trial;
     return true;
 }
@@ -266,7 +245,7 @@ void FallbackUpdate(CalcContext& ctx, bool& converged) {
         // (a nearly singular Jacobian), ever more damped steps that turn
         // towards the steepest descent of the residuals
         double bestNorm = SquaredNorm(f0);
-        for (double damping : kStepDampings) {
+        for (double damping : kSolverOptions.stepDampings) {
             std::vector<double> step;
             const bool solved = damping == 0 ? SolvePivoted(jac, minusF, size, step)
                                              : SolveDampedLeastSquares(jac, minusF, size, damping, step);

@@ -6,6 +6,7 @@
 #include "calc/compare.h"
 #include "calc/run_calculation.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 #include "core/c_number.h"
 
 namespace tormel {
@@ -74,20 +75,20 @@ SolveResult SolveOnce(CalcContext& ctx) {
 // that evens them out gets the difference before the first solve. An ion
 // already in the system keeps its assembled total for that solve; one that
 // is not joins it with the estimate as its input value.
-bool FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double criterion) {
+AssemblyResult FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& anion, double criterion) {
     ChemicalSystem& chem = ctx.chem;
     double positive = 0, negative = 0;
     for (const SystemComponent& sc : chem.systemComponents) {
         if (sc.type == Cation) positive += sc.givenValue * sc.charge;
         if (sc.type == Ligand) negative -= sc.givenValue * sc.charge;
     }
-    if (RelativelyEqual(positive, negative, criterion)) return true;
+    if (RelativelyEqual(positive, negative, criterion)) return {true, {}};
     const Ion& ion = positive > negative ? anion : cation;
     double& inputValue = ctx.input.components[ion.component].inputValue;
     const double d = (positive - negative) / -chem.db().components[ion.component].charge;
     if (HasSystemComponent(chem, ion.component)) {
         inputValue += d;
-        return true;
+        return {true, {}};
     }
     inputValue = d;
     return AssembleSystem(ctx);
@@ -114,7 +115,11 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
             out.message = "no charged cation and anion chosen to neutralise with";
             return out;
         }
-    if (!AssembleSystem(ctx)) return out;
+    AssemblyResult assembly = AssembleSystem(ctx);
+    if (!assembly) {
+        out.refusal = std::move(assembly.refusal);
+        return out;
+    }
     out.assembled = true;
     st.inputChargeExcess = InputChargeExcess(chem, ctx.input);
     Ion cation = Prepare(chem, ctx.input.neutraliseCation);
@@ -123,15 +128,19 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
                           ctx.Text("NeutralCalc", "NeutrCaption2") + " " + anion.name;
     window.Show();
 
-    if (chem.systemComponents[0].balanceKind == InpTypeTotalConc && !FirstEstimate(ctx, cation, anion, criterion)) {
-        out.assembled = false;
-        return out;
+    if (chem.systemComponents[0].balanceKind == InpTypeTotalConc) {
+        assembly = FirstEstimate(ctx, cation, anion, criterion);
+        if (!assembly) {
+            out.assembled = false;
+            out.refusal = std::move(assembly.refusal);
+            return out;
+        }
     }
     out.solve = SolveOnce(ctx);
     int32_t pass = 1;
     while (!st.abortRequested && out.solve.converged &&
            !RelativelyEqual(st.cationCharge, st.anionCharge, criterion)) {
-        if (out.passes >= kMaxNeutralisePasses) {
+        if (out.passes >= kSolverOptions.maxNeutralisePasses) {
             out.message = "not neutral after " + std::to_string(out.passes) + " passes, residual charge " +
                           FormatC("%.3E", st.cationCharge - st.anionCharge) + " eq/L";
             return out;
@@ -147,8 +156,10 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
                 sc.givenValue += d * damping;
         } else {
             ctx.input.components[ion.component].inputValue = d / std::sqrt(static_cast<double>(pass));
-            if (!AssembleSystem(ctx)) {
+            assembly = AssembleSystem(ctx);
+            if (!assembly) {
                 out.assembled = false;
+                out.refusal = std::move(assembly.refusal);
                 return out;
             }
         }

@@ -8,12 +8,9 @@
 
 namespace tormel {
 
-// Adjustment passes before the calculation gives up: each pass is a full
-// solve, and the damped passes close in on neutrality well within this.
-constexpr int32_t kMaxNeutralisePasses = 200;
-
 struct NeutraliseOutcome {
     bool assembled = false;
+    std::string refusal;     // the assembly's warning for the user when it refused
     bool neutral = false;    // cation and anion charge agree within the criterion; results built
     bool cancelled = false;  // the user cancelled a solve: no results
     int32_t passes = 0;      // adjustment passes made (0: neutral at the first solve)

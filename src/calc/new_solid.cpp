@@ -9,19 +9,12 @@
 
 #include "calc/precipitation.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
-// Bisection window: an amount is accepted once the solution it leaves is
-// within this many log units of saturation.
-constexpr double kSaturationBand = 0.0005;
-// Halvings of the starting amount before giving up: past ~1075 a double is 0.
-constexpr int32_t kMaxHalvings = 1100;
-// Newton steps allowed after a solid entered, past the first 24 iterations.
-constexpr int32_t kNewtonCountdownProton = 10;
-constexpr int32_t kNewtonCountdown = 4;
 
 bool FixedByInput(int32_t balanceKind) {
     // free concentration, free activity, gas pressure, redox group fixed by a member
@@ -183,14 +176,14 @@ double AmountByBisection(const CalcContext& ctx, int32_t s, const RemovalBasis& 
     int32_t halvings = 0;
     while (!oversaturation(p, d) || d <= 0) {
         p /= 2;
-        if (++halvings > kMaxHalvings || p <= 0) return -1;
+        if (++halvings > kSolverOptions.maxHalvings || p <= 0) return -1;
     }
     // ends once the step is below the resolution of p (at most ~1100 halvings)
     for (double step = p / 2; p + step != p; step /= 2) {
         if (!oversaturation(p + step, d)) continue;
-        if (d >= kSaturationBand)
+        if (d >= kSolverOptions.saturationBand)
             p += step;
-        else if (d > -kSaturationBand)
+        else if (d > -kSolverOptions.saturationBand)
             return p;
     }
     return p;
@@ -205,7 +198,7 @@ void AdmitSolid(CalcContext& ctx, int32_t s, double ratio, bool showProgress) {
     if (st.solidProgressLines.empty() && showProgress) RescaleSolidBar(st, ratio);
     st.solidProgressLines.push_back(ctx.Text("ProgressCalc", "NewSolid") + " " + std::to_string(st.iterationCount) +
                                     ": " + solid.name);
-    st.newtonCountdown = st.protonBalanceMode ? kNewtonCountdownProton : kNewtonCountdown;
+    st.newtonCountdown = st.protonBalanceMode ? kSolverOptions.newtonCountdownProton : kSolverOptions.newtonCountdown;
     AddSolidUnknown(st.newton, s, solid.concentration);
     const int32_t offset = s - chem.solidSpeciesRange.first;
     if (offset >= 0 && offset < static_cast<int32_t>(st.solidPreviousAmount.size()))

@@ -6,15 +6,13 @@
 
 #include "calc/dense_solve.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
 constexpr double kLn10 = 2.302585092994046;
-// Largest change per step of a component touched by a solid and of a solid amount.
-constexpr double kTouchedFactor = 2.0;
-constexpr double kSolidFactor = 1.2;
 
 // Residuals: calculated minus given total; for a present solid its
 // saturation in natural logarithms.
@@ -141,7 +139,7 @@ void ShortenForSolids(NewtonSystem& ns) {
     double scale = 1;
     for (int32_t u = 0; u < ns.Size(); ++u) {
         if (ns.kind[u] == UnknownComponent || ns.delta[u] == 0 || !(ns.x[u] > 0)) continue;
-        const double f = ns.kind[u] == UnknownTouchedBySolid ? kTouchedFactor : kSolidFactor;
+        const double f = ns.kind[u] == UnknownTouchedBySolid ? kSolverOptions.touchedFactor : kSolverOptions.solidFactor;
         const double x = ns.x[u];
         const double y = x - ns.delta[u];
         if (y > f * x) scale = std::min(scale, (f - 1) * x / -ns.delta[u]);
@@ -200,7 +198,7 @@ bool NewtonStep(CalcContext& ctx, bool& converged) {
             }
             continue;
         }
-        const double f = kind == UnknownTouchedBySolid ? kTouchedFactor : kSolidFactor;
+        const double f = kind == UnknownTouchedBySolid ? kSolverOptions.touchedFactor : kSolverOptions.solidFactor;
         if (y > 0) {
             if (y > f * ns.x[u]) {
                 ns.x[u] = f * ns.x[u];

@@ -11,6 +11,7 @@
 
 #include "calc/compare.h"
 #include "calc/organic_model.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
@@ -48,7 +49,7 @@ bool SolveEnrichment(const ChargeSums& sums, double q, double criterion, double&
     if (!(enrichment > 0) || !std::isfinite(enrichment)) enrichment = OrganicCarryOver{}.enrichment;
     const bool negative = q < 0;
     double s = CounterIonSum(sums, enrichment, negative);
-    for (int32_t pass = 0; pass < kMaxCounterIonPasses; ++pass) {
+    for (int32_t pass = 0; pass < kSolverOptions.maxCounterIonPasses; ++pass) {
         if (RelativelyEqual(s, q, criterion)) return true;
         if (s == 0) return true;  // no counter-ions in the solution: nothing to enrich
         enrichment *= (q / s + 3) / 4;
@@ -71,7 +72,7 @@ void SolveEnrichments(CalcContext& ctx) {
             org.counterIonCapped = true;
             org.counterIonMessage = std::string(f == kFulvic ? "fulvic" : "humic") +
                                     " diffuse layer: the counter-ion enrichment did not settle within " +
-                                    std::to_string(kMaxCounterIonPasses) + " passes";
+                                    std::to_string(kSolverOptions.maxCounterIonPasses) + " passes";
         }
     }
 }

@@ -7,26 +7,12 @@
 
 #include "calc/organic_model.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
-// The step limiter: the first step of a solve, its shrink at each reversal
-// of direction, and the size below which it no longer shrinks.
-constexpr float kFirstStepLimit = 0.01f;
-constexpr float kStepLimitShrink = 0.9f;
-constexpr float kSmallestShrinkingStep = 1e-6f;
-// Damping of the charge: Z follows the charge of its species with the weight
-// w, new = (charge + w Z) / (w + 1), and w grows at each reversal of its
-// fraction's direction. The charge reacts to Z through the constants, and
-// for the humic fraction at low ionic strength it overshoots (a feedback
-// gain below -1): with the step limiter alone Z then swings about its value
-// by the smallest step for ever, which moves the constants of strongly bound
-// pairs by several 1e-4 log units each iteration and keeps their balances
-// from converging.
-constexpr float kChargeDampingStep = 0.2f;
-constexpr float kMaxChargeDamping = 25.0f;
 
 // log10(e^x)
 double LogOfExp(double x) { return x * std::numbers::log10e; }
@@ -67,7 +53,7 @@ void OrganicWorkingLogK(CalcContext& ctx) {
 
 void RestartChargeLimiter(CalcContext& ctx) {
     OrganicState& org = ctx.state.organic;
-    org.stepLimit = kFirstStepLimit;
+    org.stepLimit = kSolverOptions.firstStepLimit;
     org.chargeDamping = {};
     for (int32_t f = 0; f < kOrganicFractions; ++f)
         org.risingCharge[f] = org.fractions[f].charge > org.carry[f].charge;
@@ -77,7 +63,7 @@ void OrganicElectrostaticUpdate(CalcContext& ctx, bool& converged) {
     SolverState& st = ctx.state;
     OrganicState& org = st.organic;
     const bool first = st.iterationCount == 1;
-    if (first) org.stepLimit = kFirstStepLimit;
+    if (first) org.stepLimit = kSolverOptions.firstStepLimit;
     for (int32_t f = 0; f < kOrganicFractions; ++f) {
         const OrganicFraction& fr = org.fractions[f];
         if (!fr.present) continue;
@@ -89,8 +75,8 @@ void OrganicElectrostaticUpdate(CalcContext& ctx, bool& converged) {
             damping = 0;
             org.risingCharge[f] = rising;
         } else if (rising != org.risingCharge[f]) {
-            if (org.stepLimit > kSmallestShrinkingStep) org.stepLimit *= kStepLimitShrink;
-            if (damping < kMaxChargeDamping) damping += kChargeDampingStep;
+            if (org.stepLimit > kSolverOptions.smallestShrinkingStep) org.stepLimit *= kSolverOptions.stepLimitShrink;
+            if (damping < kSolverOptions.maxChargeDamping) damping += kSolverOptions.chargeDampingStep;
             org.risingCharge[f] = rising;
         }
         double next = (fr.charge + damping * previous) / (damping + 1);

@@ -16,12 +16,6 @@ constexpr int32_t kFulvic = 0;
 constexpr int32_t kHumic = 1;
 constexpr int32_t kOrganicFractions = 2;
 
-// Largest number of passes of the counter-ion iteration of one diffuse layer
-// in one iteration. Each pass shrinks the error of log R by a factor of about
-// 1/2 (divalent counter-ions) to 3/4 (monovalent), and R carries over between
-// iterations, so a converging solve needs a handful of passes.
-constexpr int32_t kMaxCounterIonPasses = 2000;
-
 // The parameters of one fraction under the active model, by role.
 struct OrganicParameters {
     double pKA = 0, deltaPKA = 0;  // proton constant of type-A sites and its spread
@@ -114,7 +108,7 @@ struct OrganicState {
     std::array<bool, kOrganicFractions> risingCharge{};
     std::array<float, kOrganicFractions> chargeDamping{};  // weight of the old Z
     double ddlDonors = 0, ddlAcceptors = 0;  // proton donors and acceptors held in the diffuse layers
-    bool counterIonCapped = false;          // the last iteration hit kMaxCounterIonPasses
+    bool counterIonCapped = false;          // the last iteration hit maxCounterIonPasses
     std::string counterIonMessage;          // what the cap concerned, for the solve's message
 };
 

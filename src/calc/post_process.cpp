@@ -50,7 +50,9 @@ void PostProcess(CalcContext& ctx) {
 
 CalculationOutcome RunCalculation(CalcContext& ctx, bool showProgress) {
     CalculationOutcome outcome;
-    outcome.assembled = AssembleSystem(ctx);
+    AssemblyResult assembly = AssembleSystem(ctx);
+    outcome.assembled = assembly.assembled;
+    outcome.refusal = std::move(assembly.refusal);
     if (!outcome.assembled) return outcome;
     ctx.state.inputChargeExcess = 0;
     if (ctx.chem.systemComponents[0].balanceKind == InpTypeTotalConc)

@@ -16,15 +16,12 @@
 
 #include "calc/precipitation.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
-// Share of a component's dissolved amount below which a shrinking solid
-// counts as dissolved. Far below any convergence criterion (1e-6 at 1.000001)
-// and so far below the saturation tolerance (about 1e-3 in the ion product).
-constexpr double kNegligibleShare = 1e-9;
 
 bool Negligible(const CalcContext& ctx, int32_t s, double amount) {
     const ChemicalSystem& chem = ctx.chem;
@@ -40,7 +37,7 @@ bool Negligible(const CalcContext& ctx, int32_t s, double amount) {
         const double dissolved = term.systemComponent == 0
                                      ? std::max(st.protonSums.donorDissolved, st.protonSums.acceptorDissolved)
                                      : std::min(std::fabs(sc.sumDissolved), std::fabs(sc.balanceTotal));
-        if (std::abs(term.coefficient) * amount > kNegligibleShare * dissolved) return false;
+        if (std::abs(term.coefficient) * amount > kSolverOptions.negligibleShare * dissolved) return false;
     }
     return true;
 }

@@ -9,13 +9,12 @@
 #include <vector>
 
 #include "calc/precipitation.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
-// Relative size below which a pivot counts as zero (compositions are small integers).
-constexpr double kDependenceTolerance = 1e-9;
 
 // The composition of solid s over the Newton unknowns (mass-balance components).
 std::vector<double> CompositionVector(const CalcContext& ctx, int32_t s) {
@@ -58,7 +57,7 @@ bool ExpressInPresentSolids(const CalcContext& ctx, int32_t s, std::vector<doubl
         int32_t best = row;
         for (int32_t r = row + 1; r < rows; ++r)
             if (std::fabs(at(r, c)) > std::fabs(at(best, c))) best = r;
-        if (std::fabs(at(best, c)) <= kDependenceTolerance) continue;  // dependent column: no pivot
+        if (std::fabs(at(best, c)) <= kSolverOptions.dependenceTolerance) continue;  // dependent column: no pivot
         for (int32_t k = 0; k <= cols; ++k) std::swap(at(row, k), at(best, k));
         for (int32_t r = 0; r < rows; ++r) {
             if (r == row || at(r, c) == 0) continue;
@@ -69,7 +68,7 @@ bool ExpressInPresentSolids(const CalcContext& ctx, int32_t s, std::vector<doubl
         ++row;
     }
     for (int32_t r = row; r < rows; ++r)
-        if (std::fabs(at(r, cols)) > kDependenceTolerance * scale) return false;
+        if (std::fabs(at(r, cols)) > kSolverOptions.dependenceTolerance * scale) return false;
     a.assign(cols, 0.0);
     for (int32_t r = 0; r < row; ++r) a[pivotColumn[r]] = at(r, cols) / at(r, pivotColumn[r]);
     return true;
@@ -86,7 +85,7 @@ bool ReplacePresentSolids(CalcContext& ctx, int32_t s, double ratio, bool showPr
     int32_t leaving = -1;
     double amount = HUGE_VAL;
     for (int32_t k = 0; k < ns.m; ++k) {
-        if (a[k] <= kDependenceTolerance) continue;
+        if (a[k] <= kSolverOptions.dependenceTolerance) continue;
         const double possible = chem.species[ns.solidSpecies[k]].concentration / a[k];
         if (possible < amount) {
             amount = possible;

@@ -9,12 +9,12 @@
 #include "calc/organic_model.h"
 #include "calc/run_calculation.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
-constexpr double kOtherBalancesFirst = 1.0001;
 
 bool AnyFreeGiven(const ChemicalSystem& chem) {
     for (const SystemComponent& sc : chem.systemComponents)
@@ -67,7 +67,7 @@ void ProtonUpdate(CalcContext& ctx, bool& converged) {
     SolverState& st = ctx.state;
     SystemComponent& hydrogen = chem.systemComponents[0];
     ProtonUpdateState& p = st.proton;
-    if (st.otherWorstRatio > kOtherBalancesFirst) {
+    if (st.otherWorstRatio > kSolverOptions.otherBalancesFirst) {
         converged = false;
         return;
     }

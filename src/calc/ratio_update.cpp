@@ -5,12 +5,11 @@
 #include <cmath>
 
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
-constexpr float kMaxRatioDamping = 10.0f;
-constexpr float kRatioDampingStep = 0.1f;
 enum Direction : int32_t { Raised = 1, Lowered = 2, Unchanged = 3 };
 }  // namespace
 
@@ -24,8 +23,8 @@ void RatioUpdate(CalcContext& ctx, int32_t j) {
     }
     double x = sc.balanceTotal / sc.calculatedTotal;
     if (sc.maxCoefficient > 1) x = std::pow(x, 1.0 / sc.maxCoefficient);
-    if (((sc.direction == Raised && x < 1) || (sc.direction == Lowered && x > 1)) && sc.damping < kMaxRatioDamping)
-        sc.damping += kRatioDampingStep;
+    if (((sc.direction == Raised && x < 1) || (sc.direction == Lowered && x > 1)) && sc.damping < kSolverOptions.maxRatioDamping)
+        sc.damping += kSolverOptions.ratioDampingStep;
     const double c = sc.freeConcentration;
     const double w = sc.damping;  // the weight is stored in single precision; the update is not
     sc.freeConcentration = (x * c + w * c) / (w + 1);

@@ -1,12 +1,15 @@
 #pragma once
 // The calculation driver: assembly, solve, post-processing and the hand-over
 // to the result tables.
+#include <string>
+
 #include "calc/calc_context.h"
 
 namespace tormel {
 
 struct CalculationOutcome {
-    bool assembled = false;  // false: the assembly refused (the user has been told)
+    bool assembled = false;  // false: the assembly refused
+    std::string refusal;     // the assembly's warning for the user; empty otherwise
     SolveResult solve;
 };
 

@@ -33,12 +33,12 @@ void AddSolidSpecies(AssemblyWork& work) {
 // The number of mass-balance units in each solid; a solid without any can
 // never be balanced, and the calculation is refused with the names of all
 // such solids.
-bool CheckSolidTotals(AssemblyWork& work) {
+std::string CheckSolidTotals(AssemblyWork& work) {
     ChemicalSystem& chem = work.chem;
     SolverState& st = work.ctx.state;
     st.solidTotalCounts.clear();
     const TypeRange range = chem.solidSpeciesRange;
-    if (range.empty()) return true;
+    if (range.empty()) return {};
     const int32_t systemCount = static_cast<int32_t>(chem.systemComponents.size());
     std::string names;
     for (int32_t s = range.first; s <= range.last; ++s) {
@@ -48,12 +48,9 @@ bool CheckSolidTotals(AssemblyWork& work) {
         st.solidTotalCounts.push_back(count);
         if (count == 0) names += chem.species[s].name + "; ";
     }
-    if (names.empty()) return true;
+    if (names.empty()) return {};
     names.resize(names.size() - 2);
-    const std::string message =
-        work.ctx.Text("CALC", "Sentence1") + " " + names + " " + work.ctx.Text("CALC", "Sentence2");
-    if (work.ctx.ui) ShowPlainMessage(*work.ctx.ui, message, "", IconWarning);
-    return false;
+    return work.ctx.Text("CALC", "Sentence1") + " " + names + " " + work.ctx.Text("CALC", "Sentence2");
 }
 
 }  // namespace tormel

@@ -8,13 +8,13 @@
 #include "calc/compare.h"
 #include "calc/organic_model.h"
 #include "calc/precipitation.h"
+#include "calc/solver_options.h"
 #include "core/c_number.h"
 
 namespace tormel {
 
 namespace {
 
-constexpr double kFirstStageCriterion = 1.0001;
 
 double SaturationToleranceFor(double criterion) { return std::max(criterion, std::pow(10.0, 0.000499)); }
 
@@ -160,7 +160,7 @@ void InitialiseSolve(CalcContext& ctx) {
                             ? 1 / ctx.input.convergenceCriterion
                             : ctx.input.convergenceCriterion;
     st.iterationCount = 0;
-    st.workingCriterion = kFirstStageCriterion;
+    st.workingCriterion = kSolverOptions.firstStageCriterion;
     st.saturationTolerance = SaturationToleranceFor(st.workingCriterion);
     st.proton.firstCallDone = false;
     st.bulkFraction = 1.0;

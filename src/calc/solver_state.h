@@ -9,15 +9,9 @@
 #include <vector>
 
 #include "calc/organic_state.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
-
-// Largest number of solver iterations before a solve gives up with a
-// "not converged" result. Far above what any real water needs (the
-// reference waters converge in well under a hundred).
-constexpr int32_t kDefaultMaxIterations = 20000;
-// Largest number of passes of the MSA screening-parameter iteration.
-constexpr int32_t kMaxGammaPasses = 500;
 
 // What kind of unknown of the Newton system an entry is.
 enum UnknownKind : int16_t {
@@ -122,7 +116,7 @@ struct SolverState {
     bool resultExists = false;
 
     // --- iteration ---
-    int32_t maxIterations = kDefaultMaxIterations;
+    int32_t maxIterations = kSolverOptions.maxIterations;
     bool fallbackAllowed = true;  // off: the specified iteration alone, up to the bound
     int32_t iterationCount = 0;
     double inputCriterion = 1.0001;
@@ -159,7 +153,7 @@ struct SolverState {
     double zeta[4] = {0, 0, 0, 0};
     double hardSphereA1 = 0, hardSphereA2 = 0, hardSphereA3 = 0;
     double msaOmega = 1, msaPPrime = 0;
-    bool gammaIterationCapped = false;  // the last Gamma iteration hit kMaxGammaPasses
+    bool gammaIterationCapped = false;  // the last Gamma iteration hit maxGammaPasses
 
     // --- dissolved organic matter (Z and R carry over between calculations) ---
     OrganicState organic;

@@ -8,33 +8,12 @@
 #include "calc/organic_model.h"
 #include "calc/precipitation.h"
 #include "calc/solver.h"
+#include "calc/solver_options.h"
 
 namespace tormel {
 
 namespace {
 
-// Iterations without marked progress after which the iteration counts as
-// stalled. Real waters that converge do so in well under this.
-constexpr int32_t kStallWindow = 300;
-// Progress is marked when log(worst ratio) falls below this share of its
-// value at the last mark.
-constexpr double kProgressShare = 0.9;
-// A worst ratio this far off (or not finite) after the first iterations
-// means divergence; free concentrations that are not finite end the
-// specified iteration at once.
-constexpr double kDivergedRatio = 1e6;
-constexpr int32_t kFirstIterations = 100;
-// However it goes, the specified iteration hands over after this many.
-constexpr int32_t kLastHandover = 3000;
-// With organic matter the charges of the fractions settle by their damped
-// update, and waters that converge may take many thousands of iterations
-// with hardly any progress of the worst ratio. The specified iteration then
-// runs until only this many of the iteration bound are left, which are the
-// fallback's.
-constexpr int32_t kOrganicFallbackIterations = 2000;
-// Iterations of the fallback without progress after which the present
-// solids are let go.
-constexpr int32_t kFallbackStallWindow = 100;
 
 bool FreeConcentrationsValid(const ChemicalSystem& chem) {
     for (const SystemComponent& sc : chem.systemComponents)
@@ -79,7 +58,7 @@ int32_t IterationsWithoutProgress(const SolverState& st, BestIterate& best) {
         best.progressRatio = st.worstRatio;
         best.progressIteration = st.iterationCount;
     }
-    if (std::log(st.worstRatio) < kProgressShare * std::log(best.progressRatio)) {
+    if (std::log(st.worstRatio) < kSolverOptions.progressShare * std::log(best.progressRatio)) {
         best.progressRatio = st.worstRatio;
         best.progressIteration = st.iterationCount;
     }
@@ -96,18 +75,18 @@ bool IterationStalled(CalcContext& ctx) {
     const int32_t withoutProgress = IterationsWithoutProgress(st, best);
     if (st.worstRatio < best.worstRatio) TakeBest(ctx, best);
     if (OrganicModelActive(ctx))
-        return st.iterationCount > kFirstIterations &&
-               st.iterationCount >= st.maxIterations - kOrganicFallbackIterations;
-    if (st.iterationCount >= kLastHandover) return true;
-    if (st.iterationCount > kFirstIterations && st.worstRatio > kDivergedRatio) return true;
-    return withoutProgress > kStallWindow;
+        return st.iterationCount > kSolverOptions.firstIterations &&
+               st.iterationCount >= st.maxIterations - kSolverOptions.organicFallbackIterations;
+    if (st.iterationCount >= kSolverOptions.lastHandover) return true;
+    if (st.iterationCount > kSolverOptions.firstIterations && st.worstRatio > kSolverOptions.divergedRatio) return true;
+    return withoutProgress > kSolverOptions.stallWindow;
 }
 
 void WatchFallback(CalcContext& ctx, bool& converged) {
     ChemicalSystem& chem = ctx.chem;
     SolverState& st = ctx.state;
     NewtonSystem& ns = st.newton;
-    if (IterationsWithoutProgress(st, st.fallback.best) <= kFallbackStallWindow || ns.m == 0) return;
+    if (IterationsWithoutProgress(st, st.fallback.best) <= kSolverOptions.fallbackStallWindow || ns.m == 0) return;
     // the present solids hold the fallback in a corner: all of them leave,
     // and the saturation checks let them enter again one by one
     const int32_t first = chem.solidSpeciesRange.first;

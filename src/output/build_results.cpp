@@ -274,7 +274,6 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
 
     StoreSetRecords(store, 0, std::move(records));
 
-    LoadOutputOptions(context.options, context.settings);
     BuildOtherInfo(store, 0, context, &calc.chem.db());
 }
 

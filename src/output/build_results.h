@@ -9,8 +9,8 @@ namespace tormel {
 // Resets the store to one set and fills set 0 from the assembled layer of the
 // solved system (components, species, reaction definitions, species lists,
 // header, saturation of solids or the precipitated range, gases, component
-// infos, MSA tables, input snapshot), then loads the output options and
-// builds set 0's "Other info". Sets each MSA ion species' resultRow.
+// infos, MSA tables, input snapshot), then builds set 0's "Other info" with
+// the context's output options. Sets each MSA ion species' resultRow.
 void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context);
 
 }  // namespace tormel

@@ -1,14 +1,18 @@
 #pragma once
-// How results are shown: the units of section [Units] and the display
-// options of section [Output] of the settings file, with the three number
-// formats built from them. Read once per run, on first need; the unit
-// options dialog changes the values in memory and saves them.
+// How results are shown: the display units, the display options and the
+// three number formats built from them. The shell loads them from the
+// settings file (sections [Units] and [Output]) and hands them down.
+#include <cstdint>
 #include <string>
 
-#include "shell/settings.h"
-#include "shell/unit_settings.h"
-
 namespace tormel {
+
+struct UnitSettings {
+    int32_t numDec = 3;  // "NumDec": digits after the point, 1 to 9
+    int32_t units = 0;   // "Units": 0 molar (mol/L), 1 mass (g/L)
+    int32_t order = 0;   // "Order": 0 none, 1 milli, 2 micro, 3 nano
+    bool loaded = false;
+};
 
 struct NumberFormats {
     std::string scientific = "%.3E";  // digits after the point from "NumDec"
@@ -32,14 +36,5 @@ std::string ScientificFormat(int32_t numDec);
 
 // Rebuilds the three formats from the unit settings.
 void RebuildNumberFormats(OutputOptions& options);
-
-// Loads the unit settings (rebuilding the formats when they are loaded now),
-// then, on the first call, the four [Output] keys; both only while
-// "Remember-Units" is set, otherwise the defaults stay.
-void LoadOutputOptions(OutputOptions& options, const Settings& settings);
-
-// Saves the unit settings, then, while "Remember-Units" is set, the four
-// [Output] keys (booleans as 0/1, the cut-off as "%9.9E").
-void SaveOutputOptions(const OutputOptions& options, Settings& settings);
 
 }  // namespace tormel

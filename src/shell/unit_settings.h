@@ -2,18 +2,10 @@
 // The display units kept in section [Units] of the settings file: decimals of
 // displayed values, molar or mass units, and the order of magnitude. They are
 // read once per run, on first need, and then held in memory.
-#include <cstdint>
-
+#include "output/output_options.h"
 #include "shell/settings.h"
 
 namespace tormel {
-
-struct UnitSettings {
-    int32_t numDec = 3;  // "NumDec": digits after the point, 1 to 9
-    int32_t units = 0;   // "Units": 0 molar (mol/L), 1 mass (g/L)
-    int32_t order = 0;   // "Order": 0 none, 1 milli, 2 micro, 3 nano
-    bool loaded = false;
-};
 
 // On the first call reads the three keys when "Remember-Units" is set and
 // takes their defaults otherwise; a value outside its range also gives the

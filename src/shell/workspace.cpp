@@ -18,7 +18,8 @@ const UiServices& Workspace::Ui() const {
 }
 
 ResultContext MakeResultContext(Workspace& ws) {
-    return ResultContext{ws.language, ws.settings, ws.outputOptions, ws.decimalSeparator};
+    LoadOutputOptions(ws.outputOptions, ws.settings);
+    return ResultContext{ws.language, ws.outputOptions, ws.decimalSeparator};
 }
 
 CalculationOutcome CalculateInput(Workspace& ws, bool showProgress) {
@@ -37,14 +38,19 @@ CalculationOutcome CalculateInput(Workspace& ws, bool showProgress) {
         ResultContext context = MakeResultContext(ws);
         BuildResults(finished, ws.results, context);
     };
-    if (!ws.input.forceNeutral) return RunCalculation(calc, showProgress);
-    // a neutral solution: the chosen ion's total is adjusted over several solves
-    NeutraliseOutcome neutral = Neutralise(calc);
-    CalculationOutcome outcome{neutral.assembled, neutral.solve};
-    if (!neutral.neutral && !neutral.cancelled) {
-        outcome.solve.converged = false;
-        if (!neutral.message.empty()) outcome.solve.message = neutral.message;
+    CalculationOutcome outcome;
+    if (!ws.input.forceNeutral) {
+        outcome = RunCalculation(calc, showProgress);
+    } else {
+        // a neutral solution: the chosen ion's total is adjusted over several solves
+        NeutraliseOutcome neutral = Neutralise(calc);
+        outcome = CalculationOutcome{neutral.assembled, std::move(neutral.refusal), neutral.solve};
+        if (!neutral.neutral && !neutral.cancelled) {
+            outcome.solve.converged = false;
+            if (!neutral.message.empty()) outcome.solve.message = neutral.message;
+        }
     }
+    if (!outcome.refusal.empty()) ShowPlainMessage(ws.Ui(), outcome.refusal, "", IconWarning);
     return outcome;
 }
 

@@ -14,6 +14,7 @@
 #include "output/result_context.h"
 #include "output/result_store.h"
 #include "shell/app_folders.h"
+#include "shell/output_settings.h"
 #include "shell/recent_files.h"
 #include "shell/settings.h"
 
@@ -40,13 +41,15 @@ struct Workspace {
     const UiServices& Ui() const;
 };
 
-// The view of the workspace that building and showing results need.
+// The view of the workspace that building and showing results need, with
+// the output options loaded from the settings on first need.
 ResultContext MakeResultContext(Workspace& ws);
 
 // Calculates the current input (assembly, solve, post-processing) and, when it
 // converged, builds result set 0. Input no solve can start from (see
 // UnsolvableInputText) is refused before the assembly: nothing is assembled,
-// and the solve's message says which fields are wrong.
+// and the solve's message says which fields are wrong. When the assembly
+// refuses, its warning is shown through the UI services.
 CalculationOutcome CalculateInput(Workspace& ws, bool showProgress);
 
 // A workspace for another thread: the same folders, settings, language,

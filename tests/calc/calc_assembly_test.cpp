@@ -12,7 +12,7 @@ namespace tormel::test {
 namespace {
 bool Assemble(CalcFixture& f) {
     CalcContext ctx = f.Context();
-    return AssembleSystem(ctx);
+    return AssembleSystem(ctx).assembled;
 }
 }  // namespace
 

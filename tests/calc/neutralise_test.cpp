@@ -10,6 +10,7 @@
 #include "calc/compare.h"
 #include "calc/neutralise.h"
 #include "calc/solution_checks.h"
+#include "calc/solver_options.h"
 #include "support/recording_ui.h"
 
 namespace tormel::test {
@@ -185,7 +186,7 @@ TEST(Neutralise, PassesAreBoundedWithAClearMessage) {
     f.SetTotals({{kNa, 1e-3}, {kCO3, 1e-4}});
     const NeutraliseOutcome out = f.Run();
     EXPECT_FALSE(out.neutral);
-    EXPECT_EQ(out.passes, kMaxNeutralisePasses);
+    EXPECT_EQ(out.passes, kSolverOptions.maxNeutralisePasses);
     EXPECT_EQ(out.message.rfind("not neutral after 200 passes, residual charge ", 0), 0u) << out.message;
     EXPECT_EQ(out.message.substr(out.message.size() - 5), " eq/L");
     EXPECT_EQ(f.builds, 0);

@@ -17,7 +17,7 @@ namespace {
 
 bool Assemble(OrganicWater& w) {
     CalcContext ctx{w.chem, w.input, w.state};
-    return AssembleSystem(ctx);
+    return AssembleSystem(ctx).assembled;
 }
 
 // A water with copper and calcium at pH 7, assembled but not solved.

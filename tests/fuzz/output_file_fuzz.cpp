@@ -11,7 +11,6 @@
 #include "core/utf16.h"
 #include "output/output_file.h"
 #include "output/result_tables.h"
-#include "shell/settings.h"
 
 namespace {
 
@@ -47,10 +46,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     if (FormatOutputFile(again, 0) != text) __builtin_trap();
 
     const Language language;
-    const Settings settings;
     OutputOptions options;
     options.showAll = (size & 1) != 0;
-    const ResultContext context{language, settings, options, DecimalSeparator{","}};
+    const ResultContext context{language, options, DecimalSeparator{","}};
     const int32_t components = store.sets[0].header.componentCount;
     for (int32_t i = 0; i < components && i < 64; ++i) {
         SummaryTable(store, 0, i, context);

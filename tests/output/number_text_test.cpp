@@ -3,7 +3,7 @@
 
 #include "output/amount_units.h"
 #include "output/number_text.h"
-#include "output/output_options.h"
+#include "shell/output_settings.h"
 #include "support/comma_locale.h"
 #include "support/temp_folder.h"
 

@@ -21,7 +21,6 @@ namespace {
 // A result set built by hand, with the English texts and default options.
 struct HandSet {
     Language language{EnglishLanguageFile()};
-    Settings settings;
     OutputOptions options;
     ResultStore store;
     SetRecords records;
@@ -36,7 +35,7 @@ struct HandSet {
     }
     const InfoBlocks& Build(const Database* database = nullptr) {
         StoreSetRecords(store, 0, records);
-        BuildOtherInfo(store, 0, ResultContext{language, settings, options, DecimalSeparator{}}, database);
+        BuildOtherInfo(store, 0, ResultContext{language, options, DecimalSeparator{}}, database);
         return set.otherInfo;
     }
     std::string Text(int32_t block, int32_t column, int32_t row) const {

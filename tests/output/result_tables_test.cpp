@@ -18,7 +18,7 @@ struct TableFixture {
 
     TableFixture() { LoadOutputOptions(options, settings); }
     ResultContext Context(DecimalSeparator separator = {}) {
-        return ResultContext{language, settings, options, std::move(separator)};
+        return ResultContext{language, options, std::move(separator)};
     }
 };
 

@@ -37,5 +37,26 @@ TEST(ShellWorkspace, WorkerSharesTheDatabaseAndNothingElse) {
     EXPECT_TRUE(worker.input.components.empty());
 }
 
+// A solid no mass balance can limit refuses the calculation; the shell shows
+// the assembly's warning once, as a plain warning box.
+TEST(ShellWorkspace, AssemblyRefusalIsShownAsAWarning) {
+    test::TempFolder folder;
+    test::RecordingUi ui;
+    Workspace ws;
+    test::PrepareWorkspace(ws, folder, ui);
+    ImbalancedWater(ws, false);
+    ws.input.precipitation = true;
+    ComponentInput& calcium = ws.input.components[ws.chem.db().FindComponent("Ca")];
+    calcium.inputType = InpTypeFreeAct;
+    ws.input.components[ws.chem.db().FindComponent("Cl")].inputValue = 0;
+    const CalculationOutcome outcome = CalculateInput(ws, false);
+    EXPECT_FALSE(outcome.assembled);
+    ASSERT_EQ(ui.messages.size(), 1u);
+    EXPECT_EQ(ui.messages[0].icon, IconWarning);
+    EXPECT_EQ(ui.messages[0].caption, "");
+    EXPECT_EQ(ui.messages[0].lines, std::vector<std::string>{outcome.refusal});
+    EXPECT_NE(outcome.refusal.find("Portlandite"), std::string::npos) << outcome.refusal;
+}
+
 }  // namespace
 }  // namespace tormel
