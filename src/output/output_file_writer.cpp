@@ -2,7 +2,6 @@
 #include <charconv>
 #include <cmath>
 #include <cstdarg>
-#include <cstring>
 
 #include "core/c_number.h"
 #include "core/fast_format.h"
@@ -53,7 +52,7 @@ void AppendInteger(std::string& out, long long value) {
 // Appends Quoted(text) to `out`; a text that needs no change (no quote, no
 // line break, short enough) is copied straight in.
 void AppendQuoted(std::string& out, std::string_view text) {
-    const auto holds = [text](char c) { return std::memchr(text.data(), c, text.size()) != nullptr; };
+    const auto holds = [text](char c) { return text.find(c) != std::string_view::npos; };
     if (text.size() <= kQuotedLimit && !holds('"') && !holds('\n') && !holds('\r')) {
         out += '"';
         out += text;
