@@ -4,6 +4,7 @@
 #include <wctype.h>
 
 #include <algorithm>
+#include <array>
 #include <mutex>
 #include <shared_mutex>
 #include <unordered_map>
@@ -121,14 +122,29 @@ locale_t Utf8CaseLocale() {
 
 }  // namespace
 
-// Folded section name -> folded key name -> value (trimmed, quotes removed).
-// The first occurrence of a key wins, as in a lookup from the top. The file
-// is read at the first lookup after the cache was made or forgotten; lookups
-// from several threads share the parsed values.
+// "folded section" + kKeyJoin + "folded key" -> value (trimmed, quotes
+// removed). The first occurrence of a key wins, as in a lookup from the top.
+// The file is read at the first lookup after the cache was made or
+// forgotten; lookups from several threads share the parsed values.
 struct IniFile::Cache {
+    // A character no section or key name holds (names are one line of text).
+    static constexpr char kKeyJoin = '\n';
+
+    struct Hash {
+        using is_transparent = void;
+        size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
+    };
+
     std::shared_mutex mutex;
     bool loaded = false;
-    std::unordered_map<std::string, std::unordered_map<std::string, std::string>> values;
+    std::unordered_map<std::string, std::string, Hash, std::equal_to<>> values;
+
+    static std::string Join(std::string_view foldedSection, std::string_view foldedKey) {
+        std::string joined;
+        joined.reserve(foldedSection.size() + 1 + foldedKey.size());
+        joined.append(foldedSection).append(1, kKeyJoin).append(foldedKey);
+        return joined;
+    }
 
     void Load(const std::string& path) {
         values.clear();
@@ -136,13 +152,13 @@ struct IniFile::Cache {
         if (path.empty()) return;
         std::optional<std::vector<std::string>> lines = LoadLines(path);
         if (!lines) return;
-        std::unordered_map<std::string, std::string>* section = nullptr;
+        std::optional<std::string> section;
         for (const std::string& raw : *lines) {
             const ProfileLine line = ParseLine(raw);
             if (line.kind == ProfileLine::Section)
-                section = &values[FoldCase(line.name)];
+                section = FoldCase(line.name);
             else if (line.kind == ProfileLine::Key && section)
-                section->try_emplace(FoldCase(line.name), StripQuotes(line.value));
+                values.try_emplace(Join(*section, FoldCase(line.name)), StripQuotes(line.value));
         }
     }
 
@@ -152,14 +168,52 @@ struct IniFile::Cache {
         values.clear();
     }
 
-    // The value of the folded names, or nullptr.
-    const std::string* Find(const std::string& section, const std::string& key) const {
-        const auto sectionIt = values.find(section);
-        if (sectionIt == values.end()) return nullptr;
-        const auto keyIt = sectionIt->second.find(key);
-        return keyIt == sectionIt->second.end() ? nullptr : &keyIt->second;
+    // The value of the joined folded names, or nullptr.
+    const std::string* Find(std::string_view joined) const {
+        const auto it = values.find(joined);
+        return it == values.end() ? nullptr : &it->second;
     }
 };
+
+namespace {
+
+// The folded names joined as the cache keys them. ASCII names, the usual
+// case, are folded into a buffer on the stack; others go through FoldCase.
+class LookupKey {
+public:
+    LookupKey(std::string_view section, std::string_view key) {
+        section = Trim(section);
+        key = Trim(key);
+        if (section.size() + 1 + key.size() <= buffer_.size() && IsAscii(section) && IsAscii(key)) {
+            char* p = buffer_.data();
+            p = FoldAscii(section, p);
+            *p++ = IniFile::Cache::kKeyJoin;
+            p = FoldAscii(key, p);
+            view_ = std::string_view(buffer_.data(), static_cast<size_t>(p - buffer_.data()));
+        } else {
+            long_ = IniFile::Cache::Join(FoldCase(section), FoldCase(key));
+            view_ = long_;
+        }
+    }
+    std::string_view View() const { return view_; }
+
+private:
+    static bool IsAscii(std::string_view text) {
+        for (const char c : text)
+            if (static_cast<unsigned char>(c) >= 0x80) return false;
+        return true;
+    }
+    static char* FoldAscii(std::string_view text, char* out) {
+        for (const char c : text) *out++ = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+        return out;
+    }
+
+    std::array<char, 128> buffer_;
+    std::string long_;
+    std::string_view view_;
+};
+
+}  // namespace
 
 namespace {
 
@@ -205,18 +259,17 @@ bool IniFile::Exists() const { return !path_.empty() && FileExists(path_); }
 
 std::string IniFile::ReadString(std::string_view section, std::string_view key,
                                 std::string_view def, size_t maxChars) const {
-    const std::string foldedSection = FoldCase(Trim(section));
-    const std::string foldedKey = FoldCase(Trim(key));
+    const LookupKey lookup(section, key);
     {
         std::shared_lock<std::shared_mutex> lock(cache_->mutex);
         if (cache_->loaded) {
-            const std::string* value = cache_->Find(foldedSection, foldedKey);
+            const std::string* value = cache_->Find(lookup.View());
             return CutToUtf16Units(value ? std::string_view(*value) : def, maxChars);
         }
     }
     std::unique_lock<std::shared_mutex> lock(cache_->mutex);
     if (!cache_->loaded) cache_->Load(path_);
-    const std::string* value = cache_->Find(foldedSection, foldedKey);
+    const std::string* value = cache_->Find(lookup.View());
     return CutToUtf16Units(value ? std::string_view(*value) : def, maxChars);
 }
 
