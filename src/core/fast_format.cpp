@@ -1,5 +1,7 @@
 #include "core/fast_format.h"
 
+#include "core/c_number.h"
+
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -103,6 +105,62 @@ bool AppendSmallFixed(char* buffer, size_t& length, double value, int precision)
     return true;
 }
 
+// %.NE / %.Ne for N <= 8 of a value whose power-of-ten scaling is exact (one
+// multiplication or division by 10^k, k <= 22, so the scaled value is within
+// one rounding of the exact product, below 1e9): as AppendSmallFixed, the
+// rounded integer gives the digits unless the scaled value lies near a half.
+bool AppendSmallScientific(char* buffer, size_t& length, double value, int precision, bool upper) {
+    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    constexpr int kMaxPower = 22;
+    if (precision < 0 || precision > 8) return false;
+    const double magnitude = std::fabs(value);
+    if (!(magnitude >= 1e-290 && magnitude <= 1e290)) return false;
+    int exponent = static_cast<int>(std::floor(std::log10(magnitude)));
+    const double low = kPowers[precision], high = kPowers[precision + 1];
+    double scaled = 0;
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        const int shift = precision - exponent;
+        if (shift > kMaxPower || shift < -kMaxPower) return false;
+        scaled = shift >= 0 ? magnitude * kPowers[shift] : magnitude / kPowers[-shift];
+        if (scaled < low)
+            --exponent;
+        else if (scaled >= high)
+            ++exponent;
+        else
+            break;
+    }
+    if (!(scaled >= low && scaled < high)) return false;
+    const double whole = std::floor(scaled);
+    const double fraction = scaled - whole;
+    if (std::fabs(fraction - 0.5) < 1e-6) return false;
+    uint64_t n = static_cast<uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
+    if (static_cast<double>(n) >= high) {  // 9.9996 -> 10.000: one more digit before the point
+        n /= 10;
+        ++exponent;
+    }
+    std::array<char, 10> digits;
+    for (int d = precision; d >= 0; --d) {
+        digits[static_cast<size_t>(d)] = static_cast<char>('0' + n % 10);
+        n /= 10;
+    }
+    char* p = buffer;
+    if (std::signbit(value)) *p++ = '-';
+    *p++ = digits[0];
+    if (precision > 0) {
+        *p++ = '.';
+        for (int d = 1; d <= precision; ++d) *p++ = digits[static_cast<size_t>(d)];
+    }
+    *p++ = upper ? 'E' : 'e';
+    *p++ = exponent < 0 ? '-' : '+';
+    const int absExponent = exponent < 0 ? -exponent : exponent;
+    if (absExponent >= 100) *p++ = static_cast<char>('0' + absExponent / 100);
+    *p++ = static_cast<char>('0' + absExponent / 10 % 10);
+    *p++ = static_cast<char>('0' + absExponent % 10);
+    length = static_cast<size_t>(p - buffer);
+    return true;
+}
+
 void AppendDouble(std::string& out, double value, const Spec& spec) {
     const bool upper = spec.conversion == 'E' || spec.conversion == 'F' || spec.conversion == 'G';
     if (!std::isfinite(value)) {
@@ -120,7 +178,8 @@ void AppendDouble(std::string& out, double value, const Spec& spec) {
     const int digits = kind == 'g' && precision == 0 ? 1 : precision;
     std::array<char, 400> buffer;  // the widest: %.40f of 1.8e308
     size_t length = 0;
-    if (kind == 'f' && AppendSmallFixed(buffer.data(), length, value, precision)) {
+    if ((kind == 'f' && AppendSmallFixed(buffer.data(), length, value, precision)) ||
+        (kind == 'e' && AppendSmallScientific(buffer.data(), length, value, precision, upper))) {
         Pad(out, buffer.data(), length, spec);
         return;
     }
@@ -167,6 +226,61 @@ bool FormatFast(const char* format, va_list args, std::string& out) {
         }
     }
     return true;
+}
+
+namespace {
+
+// The literal text of a stretch of format, with "%%" as "%"; false when it
+// holds a conversion.
+bool LiteralText(std::string_view format, std::string& out) {
+    out.clear();
+    for (size_t i = 0; i < format.size(); ++i) {
+        if (format[i] != '%') {
+            out += format[i];
+            continue;
+        }
+        if (i + 1 >= format.size() || format[i + 1] != '%') return false;
+        out += '%';
+        ++i;
+    }
+    return true;
+}
+
+}  // namespace
+
+DoubleFormat::DoubleFormat(std::string_view format) : format_(format) {
+    if (format_.find('\0') != std::string::npos) return;
+    // the one conversion: the first '%' not part of "%%"
+    size_t at = 0;
+    while ((at = format_.find('%', at)) != std::string::npos && at + 1 < format_.size() && format_[at + 1] == '%')
+        at += 2;
+    if (at == std::string::npos || at + 1 >= format_.size()) return;
+    Spec spec;
+    if (!ParseSpec(format_.c_str() + at + 1, spec) || !std::strchr("eEfFgG", spec.conversion)) return;
+    const size_t end = static_cast<size_t>(spec.end - format_.c_str());
+    if (!LiteralText(std::string_view(format_).substr(0, at), prefix_) ||
+        !LiteralText(std::string_view(format_).substr(end), suffix_))
+        return;
+    fast_ = true;
+    left_ = spec.left;
+    width_ = spec.width;
+    precision_ = spec.precision;
+    conversion_ = spec.conversion;
+}
+
+void DoubleFormat::Format(double value, std::string& out) const {
+    if (!fast_) {
+        out = FormatC(format_.c_str(), value);
+        return;
+    }
+    Spec spec;
+    spec.left = left_;
+    spec.width = width_;
+    spec.precision = precision_;
+    spec.conversion = conversion_;
+    out.assign(prefix_);
+    AppendDouble(out, value, spec);
+    out.append(suffix_);
 }
 
 }  // namespace tormel

@@ -5,6 +5,7 @@
 // tables format tens of thousands of numbers per batch.
 #include <cstdarg>
 #include <string>
+#include <string_view>
 
 namespace tormel {
 
@@ -13,5 +14,24 @@ namespace tormel {
 // and (for numbers) a precision; returns false, consuming no argument, when
 // one is not, and the caller formats with the C library instead.
 bool FormatFast(const char* format, va_list args, std::string& out);
+
+// A printf format with one double conversion, read once and applied to many
+// values: the characters of FormatC(format, value), without reading the
+// format again. Formats that FormatFast does not handle go to the C library.
+class DoubleFormat {
+public:
+    explicit DoubleFormat(std::string_view format);
+    // Replaces `out` with the formatted value.
+    void Format(double value, std::string& out) const;
+
+private:
+    std::string format_;  // NUL-terminated copy for the C library
+    std::string prefix_, suffix_;
+    bool fast_ = false;
+    bool left_ = false;
+    int width_ = 0;
+    int precision_ = -1;
+    char conversion_ = 0;
+};
 
 }  // namespace tormel

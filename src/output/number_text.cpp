@@ -3,7 +3,10 @@
 #include <langinfo.h>
 #include <locale.h>
 
+#include <vector>
+
 #include "core/c_number.h"
+#include "core/fast_format.h"
 
 namespace tormel {
 
@@ -26,6 +29,22 @@ std::string_view Trim(std::string_view text, char c) {
     return text;
 }
 
+// The parsed formats this thread used last: a result set formats hundreds of
+// numbers with the same three or four formats.
+const DoubleFormat& FormatterFor(std::string_view format) {
+    struct Entry {
+        std::string format;
+        DoubleFormat formatter;
+    };
+    constexpr size_t kKept = 8;
+    thread_local std::vector<Entry> recent;
+    for (const Entry& entry : recent)
+        if (entry.format == format) return entry.formatter;
+    if (recent.size() == kKept) recent.erase(recent.begin());
+    recent.push_back({std::string(format), DoubleFormat(format)});
+    return recent.back().formatter;
+}
+
 }  // namespace
 
 DecimalSeparator UserDecimalSeparator() {
@@ -42,7 +61,8 @@ DecimalSeparator UserDecimalSeparator() {
 }
 
 std::string FormatNumber(double value, std::string_view format, bool plain, const DecimalSeparator& separator) {
-    std::string text = FormatC(std::string(format).c_str(), value);
+    std::string text;
+    FormatterFor(format).Format(value, text);
     if (text.size() > kMaxNumberChars) text.resize(kMaxNumberChars);
     if (!plain && !separator.IsPoint()) {
         const size_t point = text.find('.');
@@ -50,6 +70,7 @@ std::string FormatNumber(double value, std::string_view format, bool plain, cons
     }
     std::string_view trimmed = Trim(text, ' ');
     if (value == 0) trimmed = Trim(trimmed, '-');
+    if (trimmed.size() == text.size()) return text;
     return std::string(trimmed);
 }
 

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/c_number.h"
+#include "core/fast_format.h"
 #include "support/comma_locale.h"
 
 namespace tormel {
@@ -53,11 +54,21 @@ TEST(CoreCNumber, FormatsExactlyAsTheCLibrary) {
         values.push_back(v);
         values.push_back(std::round(v * 1000) / 1000 + 0.0005);
     }
+    // decimal halves and powers of ten in scientific notation: m.mmm5E+e
+    for (int i = 0; i < 2000; ++i) {
+        const double e = std::floor(exponent(rng));
+        const double m = std::round(unit(rng) * 9000 + 1000) + 0.5;  // 1000.5 .. 10000.5
+        values.push_back(m * std::pow(10.0, e - 3));
+        values.push_back(std::pow(10.0, e) * (1 - 1e-12 * unit(rng)));
+    }
     char expected[512];
+    std::string parsedOnce;
     for (const char* format : formats)
         for (double v : values) {
             std::snprintf(expected, sizeof expected, format, v);
             ASSERT_EQ(FormatC(format, v), expected) << format << " of " << std::hexfloat << v;
+            DoubleFormat(format).Format(v, parsedOnce);
+            ASSERT_EQ(parsedOnce, expected) << format << " parsed once, of " << std::hexfloat << v;
         }
     for (int v : {0, -1, 7, 42, -2147483647 - 1, 2147483647}) {
         std::snprintf(expected, sizeof expected, "%i %6d|%-6d|%d%%", v, v, v, v);
