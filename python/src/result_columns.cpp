@@ -57,7 +57,7 @@ py::dict SpeciesTable(const Workspace& ws) {
             t.Row(rows.component->displayName, r.name, r.concentration,
                   rows.total != 0 ? ExportFraction(r.share, rows.total, false) : kNone,
                   r.hasActivity ? r.activity : kNone, r.hasConstants ? r.intrinsicLogK : kNone,
-                  r.hasConstants ? r.conditionalLogK : kNone, r.literature);
+                  r.hasConstants ? r.conditionalLogK : kNone, r.literature.str());
     }
     return t.Dict();
 }
@@ -66,12 +66,12 @@ py::dict SolidTable(const ResultStore& store) {
     Columns t{"solid", "saturation_index", "precipitated", "log_k", "conditional_log_k", "literature"};
     const SetView view = ViewSet(store, 0);
     for (const SolidSaturation& s : view.solidChecks)
-        t.Row(s.name, s.saturationIndex, 0.0, s.logK, s.conditionalLogK, s.literature);
+        t.Row(s.name, s.saturationIndex, 0.0, s.logK, s.conditionalLogK, s.literature.str());
     const ResultHeader& header = store.sets[0].header;
     for (int32_t s = std::max(0, header.firstPrecipitatedSolid); s <= header.lastPrecipitatedSolid; ++s) {
         if (static_cast<size_t>(s) >= view.species.size()) break;
         const SpeciesResult& p = view.species[s];
-        t.Row(p.name, p.saturationValue, p.concentration, p.intrinsicLogK, p.conditionalLogK, p.literature);
+        t.Row(p.name, p.saturationValue, p.concentration, p.intrinsicLogK, p.conditionalLogK, p.literature.str());
     }
     return t.Dict();
 }
@@ -79,7 +79,7 @@ py::dict SolidTable(const ResultStore& store) {
 py::dict GasTable(const ResultStore& store) {
     Columns t{"gas", "partial_pressure", "ligand_concentration", "log_k", "conditional_log_k", "literature"};
     for (const GasResult& g : ViewSet(store, 0).gases)
-        t.Row(g.name, g.partialPressure, g.ligandConcentration, g.logK, g.conditionalLogK, g.literature);
+        t.Row(g.name, g.partialPressure, g.ligandConcentration, g.logK, g.conditionalLogK, g.literature.str());
     return t.Dict();
 }
 

@@ -13,6 +13,7 @@
 
 #include "core/chemical_types.h"
 #include "core/equilibrium_index.h"
+#include "core/shared_text.h"
 
 namespace tormel {
 
@@ -73,7 +74,7 @@ struct Database {
     std::vector<Component> components;
     std::vector<Equilibrium> equilibria;
     std::vector<int32_t> stoichiometry;  // component c, equilibrium e at c * equilibria.size() + e
-    std::vector<std::string> literature;
+    std::vector<SharedText> literature;
     std::array<OrganicModelParameters, 3> organicParameters;  // by model code - 2
 
     int32_t maxComponentsPerEquilibrium = 0;

@@ -262,7 +262,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
         header.firstPrecipitatedSolid = solids.empty() ? 0 : solids.first;
         header.lastPrecipitatedSolid = solids.empty() ? -1 : solids.last;
     } else {
-        AddSolidChecks(calc, LanguageText(context.language, "EqDef", "AddInfoSolid"), records);
+        AddSolidChecks(calc, SharedText(LanguageText(context.language, "EqDef", "AddInfoSolid")), records);
     }
     AddGasResults(calc, records);
 

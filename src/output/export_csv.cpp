@@ -98,7 +98,7 @@ private:
                 out_ += Number(row.intrinsicLogK) + sep_ + Number(row.conditionalLogK) + sep_;
             else
                 out_ += sep_ + sep_;
-            out_ += Quoted(row.literature) + "\n";
+            out_ += Quoted(row.literature.view()) + "\n";
         }
         const std::string& reference = store_.sets[set_].header.organicReference;
         for (const ExportSiteRow& row : rows.sites) {

@@ -55,7 +55,7 @@ struct ExportSpeciesRow {
     double intrinsicLogK = 0;
     double conditionalLogK = 0;
     bool hasLiterature = false;
-    std::string literature;
+    SharedText literature;
 };
 
 struct ExportSiteRow {

@@ -243,7 +243,7 @@ private:
             } else {
                 sheet.Empty(2);
             }
-            if (row.hasLiterature) sheet.Text(row.literature);
+            if (row.hasLiterature) sheet.Text(row.literature.view());
             sheet.Break();
         }
         const std::string& reference = store_.sets[set_].header.organicReference;

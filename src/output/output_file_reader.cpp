@@ -96,6 +96,12 @@ private:
         return true;
     }
     bool Quoted(std::string& text, size_t limit = kQuotedLimit) { return Token() && in_.ReadQuotedName(text, limit); }
+    bool Quoted(SharedText& text) {
+        std::string read;
+        if (!Quoted(read)) return false;
+        text = SharedText(std::move(read));
+        return true;
+    }
     // The rest of the current line, or a whole line.
     bool Rest(std::string& text, size_t limit) {
         fieldLine_ = in_.Line();

@@ -131,7 +131,7 @@ void AppendSpecies(std::string& out, const SetView& view) {
             AppendC(out, " 1 %9.9E %9.9E ", s.intrinsicLogK, s.conditionalLogK);
         else
             out += " 0 ";
-        AppendQuoted(out, s.literatureIndex >= 0 ? std::string_view(s.literature) : std::string_view());
+        AppendQuoted(out, s.literatureIndex >= 0 ? s.literature.view() : std::string_view());
         AppendC(out, " %i ", s.category);
         AppendInteger(out, s.reactionDefinition >= 0 ? Number(s.reactionDefinition) : 0LL);
         out += '\n';
@@ -232,7 +232,7 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
         AppendC(out, " %.16G %.16G ", s.logK, s.conditionalLogK);
         AppendInteger(out, Number(s.reactionDefinition));
         out += ' ';
-        AppendQuoted(out, s.literature);
+        AppendQuoted(out, s.literature.view());
         out += '\n';
     }
 
@@ -256,7 +256,7 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
                 g.conditionalLogK);
         AppendInteger(out, Number(g.reactionDefinition));
         out += ' ';
-        AppendQuoted(out, g.literature);
+        AppendQuoted(out, g.literature.view());
         out += '\n';
     }
 
@@ -278,9 +278,9 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
         AppendSide(out, r.reactants);
         AppendSide(out, r.products);
         AppendC(out, "%.16G ", r.logK);
-        AppendQuoted(out, r.literature);
+        AppendQuoted(out, r.literature.view());
         out += ' ';
-        AppendQuoted(out, r.note);
+        AppendQuoted(out, r.note.view());
         out += '\n';
     }
     return out;

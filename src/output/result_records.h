@@ -8,6 +8,7 @@
 #include <string>
 
 #include "core/chemical_system.h"
+#include "core/shared_text.h"
 
 namespace tormel {
 
@@ -96,7 +97,7 @@ struct SpeciesResult {
     double intrinsicLogK = 0;
     double conditionalLogK = 0;
     int32_t literatureIndex = 0;  // -1 for free species
-    std::string literature;
+    SharedText literature;
     int32_t reactionDefinition = -1;
     double saturationValue = 0;  // precipitated solids only
 };
@@ -105,8 +106,8 @@ struct ReactionDefinition {
     std::array<ReactionEntry, kMaxReactionEntries> reactants{};
     std::array<ReactionEntry, kMaxReactionEntries> products{};
     double logK = 0;
-    std::string literature;
-    std::string note;
+    SharedText literature;
+    SharedText note;
 };
 
 // A solid tested for saturation while precipitation was off.
@@ -115,7 +116,7 @@ struct SolidSaturation {
     double saturationIndex = 0;
     double logK = 0;
     double conditionalLogK = 0;
-    std::string literature;
+    SharedText literature;
     int32_t reactionDefinition = -1;
 };
 
@@ -126,7 +127,7 @@ struct GasResult {
     double ligandConcentration = 0;  // mol/L, bulk solution
     double logK = 0;
     double conditionalLogK = 0;
-    std::string literature;
+    SharedText literature;
     int32_t reactionDefinition = -1;
 };
 

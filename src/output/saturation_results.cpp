@@ -86,12 +86,12 @@ Record& AddWithDefinition(double logK, double conditionalLogK, std::vector<Recor
 
 }  // namespace
 
-std::string LiteratureText(const ChemicalSystem& chem, int32_t reference) {
+SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference) {
     if (reference < 0 || reference >= chem.db().LiteratureReferenceCount()) return {};
     return chem.db().literature[reference];
 }
 
-void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRecords& records) {
+void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
     const std::vector<int32_t> solids = EquilibriaInInput(chem, EqSolid);
     records.reactions.reserve(records.reactions.size() + solids.size());

@@ -11,12 +11,12 @@
 namespace tormel {
 
 // The text of a literature reference, empty for none.
-std::string LiteratureText(const ChemicalSystem& chem, int32_t reference);
+SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference);
 
 // For every solid equilibrium whose components are all in the input, in
 // index order: a SolidSaturation record and its reaction definition (note
 // `solidNote`).
-void AddSolidChecks(const CalcContext& calc, const std::string& solidNote, SetRecords& records);
+void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRecords& records);
 
 // For every gas equilibrium whose gas has no input value, and every ligand
 // of the input in it: a GasResult record and its reaction definition.

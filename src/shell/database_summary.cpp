@@ -96,7 +96,7 @@ std::string EquilibriumListing(const Database& db) {
 std::string LiteratureListing(const Database& db) {
     std::string out;
     for (int32_t i = 0; i < db.LiteratureReferenceCount(); ++i)
-        out += FormatC("%5d  ", i + 1) + db.literature[static_cast<size_t>(i)] + "\n";
+        out += FormatC("%5d  ", i + 1) + db.literature[static_cast<size_t>(i)].str() + "\n";
     return out;
 }
 

@@ -143,7 +143,7 @@ TEST(RealDatabase, EveryEquilibriumCarriesAResolvableLiteratureReference) {
         EXPECT_TRUE(lines.insert(line).second) << "reference twice: " << line;
     }
     // Codes of known compilations are written out as citations.
-    auto citation = [&](const Equilibrium& q) { return chem.literature[q.literatureRef]; };
+    auto citation = [&](const Equilibrium& q) { return chem.literature[q.literatureRef].str(); };
     EXPECT_NE(citation(Eq(chem, EqComplex, "CaHCO3", 1)).find("NIST Critically Selected Stability Constants"),
               std::string::npos);
     EXPECT_NE(citation(Eq(chem, EqRedox, "Fe(II)")).find("Bard A.J."), std::string::npos);
@@ -153,7 +153,7 @@ TEST(RealDatabase, EveryEquilibriumCarriesAResolvableLiteratureReference) {
     for (int code = Model5; code <= Model7; ++code) {
         int ref = chem.Organic(code).literatureRef;
         ASSERT_GT(ref, 0);
-        EXPECT_NE(chem.literature[ref].find("Tipping"), std::string::npos);
+        EXPECT_NE(chem.literature[ref].str().find("Tipping"), std::string::npos);
     }
 }
 

@@ -67,8 +67,8 @@ std::string Written(const ReactionDefinition& definition) {
     };
     char logK[32];
     std::snprintf(logK, sizeof logK, "%g", definition.logK);
-    return side(definition.reactants) + " = " + side(definition.products) + " | " + logK + " | " + definition.note +
-           " | " + definition.literature;
+    return side(definition.reactants) + " = " + side(definition.products) + " | " + logK + " | " + definition.note.str() +
+           " | " + definition.literature.str();
 }
 
 }  // namespace

@@ -783,7 +783,7 @@ void Converter::Fill() {
     }
     for (int i = 0; i < ne; ++i)
         for (const auto& [c, v] : all[i]->coef) chem.Coefficient(c, i) = static_cast<int32_t>(std::lround(v));
-    chem.literature = literature_.Lines();
+    chem.literature.assign(literature_.Lines().begin(), literature_.Lines().end());
     for (int code = tormel::Model5; code <= tormel::Model7; ++code) {
         auto& params = chem.Organic(code);
         auto set = OrganicModelParameterSet(code);

@@ -182,7 +182,7 @@ ReactionLayout LayOutReaction(const ReactionDefinition& definition, const Langua
     double y = denominatorY + line;
     if (!definition.note.empty()) {
         newLine(y);
-        pen.Text(Q(definition.note));
+        pen.Text(Q(definition.note.view()));
         y += line;
     }
     layout.rules.push_back(y + 5 * f);
@@ -200,7 +200,7 @@ ReactionLayout LayOutReaction(const ReactionDefinition& definition, const Langua
     const double indent = pen.x;
     const QFontMetricsF metrics(fonts.normal);
     bool first = true;
-    for (const QString& word : Q(definition.literature).split(QLatin1Char(' '))) {
+    for (const QString& word : Q(definition.literature.view()).split(QLatin1Char(' '))) {
         const QString piece = first ? word : QLatin1Char(' ') + word;
         if (!first && maxWidth > 0 && pen.x + metrics.horizontalAdvance(piece) > maxWidth - left) {
             newLine(pen.y + line);

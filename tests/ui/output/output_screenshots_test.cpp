@@ -78,9 +78,10 @@ TEST(Screenshots, OutputViewerAndItsWindows) {
     ASSERT_NE(OpenReactionDefinitionWindow(), nullptr);
     Save(OpenReactionDefinitionWindow(), "reaction_caco3");
     ReactionDefinition longReference = OpenReactionDefinitionWindow()->Shown();
-    longReference.literature.clear();
+    std::string literature;
     for (int i = 0; i < 8; ++i)
-        longReference.literature += "Plummer L.N., Busenberg E. (1982) The solubilities of calcite, aragonite and vaterite; ";
+        literature += "Plummer L.N., Busenberg E. (1982) The solubilities of calcite, aragonite and vaterite; ";
+    longReference.literature = literature;
     ShowReactionDefinition(fixture.Ws(), longReference, viewer);
     Save(OpenReactionDefinitionWindow(), "reaction_long_reference");
     OpenReactionDefinitionWindow()->close();
