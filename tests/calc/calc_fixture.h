@@ -6,14 +6,14 @@
 #include <utility>
 
 #include "calc/calc_context.h"
-#include "calc/synthetic_database.h"
+#include "support/synthetic_database.h"
 #include "core/chemical_system.h"
 #include "input/input_problem.h"
 
 namespace tormel::test {
 
 struct CalcFixture {
-    ChemicalSystem chem{BuildSyntheticDatabase()};
+    ChemicalSystem chem{SyntheticDatabase()};
     InputProblem input;
     SolverState state;
     // No inputs but the electron's free activity of 1; Davies activities.

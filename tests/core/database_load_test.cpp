@@ -42,26 +42,27 @@ TEST(CoreDatabaseLoad, TypeRangesNeverStartAtIndexZero) {
     RecordingUi ui;
     Database chem = LoadSynthetic(SyntheticDatabase(), ui);
     // H+ is component 0: the cation range starts at the first cation after it
-    EXPECT_EQ(chem.componentRange[Cation].first, 5);
-    EXPECT_EQ(chem.componentRange[Cation].last, 10);
-    EXPECT_EQ(chem.componentRange[Ligand].first, 1);
-    EXPECT_EQ(chem.componentRange[Ligand].last, 4);
-    EXPECT_EQ(chem.componentRange[Ads].first, 8);
-    EXPECT_EQ(chem.componentRange[RedSol].first, 9);
-    EXPECT_EQ(chem.componentRange[Gas].first, 11);
-    EXPECT_EQ(chem.electronIndex, 2);
-    EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].first, 12);
-    EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].last, 13);
+    EXPECT_EQ(chem.componentRange[Cation].first, 1);
+    EXPECT_EQ(chem.componentRange[Cation].last, 5);
+    EXPECT_EQ(chem.componentRange[Ligand].first, 7);
+    EXPECT_EQ(chem.componentRange[Ligand].last, 9);
+    EXPECT_EQ(chem.componentRange[Ads].first, 10);
+    EXPECT_EQ(chem.componentRange[RedSol].first, 11);
+    EXPECT_EQ(chem.componentRange[Gas].first, 12);
+    EXPECT_EQ(chem.electronIndex, 6);
+    EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].first, 13);
+    EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].last, 14);
     EXPECT_TRUE(chem.organicComponentRange[Model6 - Model5].empty());
-    EXPECT_EQ(chem.organicComponentRange[Model7 - Model5].last, 15);
+    EXPECT_EQ(chem.organicComponentRange[Model7 - Model5].last, 16);
     // the water equilibrium is 0 and never starts a range
     EXPECT_EQ(chem.waterEquilibriumIndex, 0);
     EXPECT_EQ(chem.equilibriumRange[EqComplex].first, 1);
     EXPECT_EQ(chem.equilibriumRange[EqComplex].last, 9);
-    EXPECT_EQ(chem.equilibriumRange[EqAdsorption].first, 4);
-    EXPECT_EQ(chem.equilibriumRange[EqRedox].first, 5);
-    EXPECT_EQ(chem.equilibriumRange[EqRedox].last, 6);
-    EXPECT_EQ(chem.equilibriumRange[EqSolid].first, 8);
+    EXPECT_EQ(chem.equilibriumRange[EqAdsorption].first, 10);
+    EXPECT_EQ(chem.equilibriumRange[EqRedox].first, 12);
+    EXPECT_EQ(chem.equilibriumRange[EqRedox].last, 13);
+    EXPECT_EQ(chem.equilibriumRange[EqSolid].first, 15);
+    EXPECT_EQ(chem.organicEquilibriumRange[Model7 - Model5].first, 17);
     EXPECT_EQ(chem.maxComponentsPerEquilibrium, 4);
 }
 
@@ -69,25 +70,26 @@ TEST(CoreDatabaseLoad, WaterPartnersAndOrganicLiteratureAreRecorded) {
     RecordingUi ui;
     Database chem = LoadSynthetic(SyntheticDatabase(), ui);
     EXPECT_EQ(chem.hydrogenIndex, 0);
-    EXPECT_EQ(chem.hydroxideIndex, 1);
-    EXPECT_EQ(chem.components[0].waterPartnerOfH, 1);
-    EXPECT_EQ(chem.components[1].waterPartnerOfOH, 0);  // H+ is index 0
-    EXPECT_EQ(chem.equilibria[6].literatureRef, 0);     // 1-based 1 in the file
-    EXPECT_EQ(chem.equilibria[4].literatureRef, -1);    // 0 in the file: none
+    EXPECT_EQ(chem.hydroxideIndex, 7);
+    EXPECT_EQ(chem.components[0].waterPartnerOfH, 7);
+    EXPECT_EQ(chem.components[7].waterPartnerOfOH, 0);  // H+ is index 0
+    EXPECT_EQ(chem.equilibria[0].literatureRef, 0);     // 1-based 1 in the file
+    EXPECT_EQ(chem.equilibria[1].literatureRef, -1);    // 0 in the file: none
     // Model 5's only equilibrium has no reference; Model 7's has reference 4 (index 3)
     EXPECT_EQ(chem.Organic(Model5).literatureRef, 0);
     EXPECT_EQ(chem.Organic(Model7).literatureRef, 3);
 }
 
 TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
-    // a third iron state linked to Fe(III) only joins the Fe(II)/Fe(III) group
+    // a third iron state joins the Fe(II)/Fe(III) group; its equilibrium is
+    // written towards Fe(III), the linked component below its partner
     Database grown = SyntheticDatabase();
     grown.components.push_back(test::MakeComponent(Cation, "Fe(VI)", 6));
     grown.stoichiometry.resize(grown.components.size() * grown.equilibria.size(), 0);
-    Equilibrium q = test::MakeEquilibrium(EqRedox, "Fe(VI)/Fe(III)", 0, 0);
-    q.linkedComponent = grown.ComponentCount() - 1;
+    Equilibrium q = test::MakeEquilibrium(EqRedox, "Fe(III)/Fe(VI)", 0, 0);
+    q.linkedComponent = grown.FindComponent("Fe(III)");
     q.linkedCoefficient = 1;
-    test::AppendEquilibrium(grown, q, {{grown.FindComponent("Fe(III)"), 1}, {grown.FindComponent("e"), -3}});
+    test::AppendEquilibrium(grown, q, {{grown.ComponentCount() - 1, 1}, {grown.FindComponent("e"), 3}});
     RecordingUi ui;
     Database chem = LoadSynthetic(grown, ui);
     auto at = [&](const char* name) -> const Component& { return chem.components[chem.FindComponent(name)]; };
@@ -103,14 +105,14 @@ TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
     EXPECT_EQ(at("Fe(III)").redoxNext, fe6);
     EXPECT_EQ(at("Fe(VI)").redoxPrev, fe3);
     EXPECT_EQ(at("Fe(VI)").redoxNext, 0);
-    EXPECT_EQ(at("MnO2(s)").redoxNext, chem.FindComponent("Mn(II)"));
-    EXPECT_EQ(at("Mn(II)").redoxPrev, chem.FindComponent("MnO2(s)"));
+    EXPECT_EQ(at("Mn(II)").redoxNext, chem.FindComponent("MnO2(s)"));
+    EXPECT_EQ(at("MnO2(s)").redoxPrev, chem.FindComponent("Mn(II)"));
     EXPECT_EQ(at("Ca").redoxNext, 0);
 }
 
 TEST(CoreDatabaseLoad, MoreThanFourComponentsWarnsOnceAndKeepsLoading) {
     Database chem = SyntheticDatabase();
-    const int32_t e = chem.FindEquilibrium("FeCl(CO3)OH");
+    const int32_t e = chem.FindEquilibrium("MnCl(CO3)OH-2");
     chem.Coefficient(chem.FindComponent("Ca"), e) = 1;
     chem.Coefficient(chem.FindComponent("Hfo_wOH"), e) = 1;  // six components now
     RecordingUi ui;

@@ -23,11 +23,6 @@ namespace fs = std::filesystem;
 
 const std::string kGolden = std::string(TORMEL_TEST_DATA) + "/printed/hard_water.txt";
 
-std::string ReadText(const std::string& path) {
-    std::ifstream in(path);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
 std::vector<std::string> SplitLines(const std::string& text) {
     std::vector<std::string> lines;
     std::istringstream in(text);
@@ -59,7 +54,7 @@ TEST(PrintedTables, TheExampleWaterFitsATerminalWithNumberedReferences) {
     if (std::getenv("TORMEL_UPDATE_GOLDEN")) {
         std::ofstream(kGolden, std::ios::binary) << printed;
     }
-    EXPECT_EQ(printed, ReadText(kGolden)) << "printed:\n" << printed;
+    EXPECT_EQ(printed, test::ReadBytes(kGolden)) << "printed:\n" << printed;
 
     // every line fits; each component's keys point into its own reference list
     size_t keys = 0, references = 0;

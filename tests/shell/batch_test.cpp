@@ -13,7 +13,7 @@
 namespace tormel::test {
 namespace {
 
-std::string LogText(const std::string& path) {
+std::string DecodedText(const std::string& path) {
     const auto text = ReadUtf16File(path);
     return text ? Utf16ToUtf8(*text) : std::string();
 }
@@ -55,7 +55,7 @@ TEST(BatchLog, EntriesAreAppendedBehindEarlierOnes) {
     ASSERT_TRUE(bytes.has_value());
     EXPECT_EQ(bytes->substr(0, 2), "\xFF\xFE");
     EXPECT_EQ(bytes->find("\xFF\xFE", 2), std::string::npos) << "one byte-order mark";
-    EXPECT_EQ(LogText(path), "first\nsecond \u00e4\n");
+    EXPECT_EQ(DecodedText(path), "first\nsecond \u00e4\n");
     EXPECT_FALSE(AppendBatchLog(folder.File("no/such/folder/log.txt"), "x"));
 }
 
@@ -77,16 +77,19 @@ protected:
 TEST_F(BatchRun, ACleanBatchWritesNothingToTheLogAndShowsNothing) {
     ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "a.i64"));
     ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("nahco3_proton_balance"), ws.folders.inputFolder + "b c.i64"));
-    WriteBatch("a.i64 a.o64\n\"b c.i64\" \"" + folder.File("b c.o64") + "\"\n");
+    WriteBatch("a.i64 a.o64\n\"b c.i64\" \"" + folder.File("b c.o64") + "\"\na.i64 a.csv\na.i64 a.xml\n");
     const BatchSummary summary = RunBatchFile(ws, "jobs.txt", options);
     EXPECT_EQ(summary.ExitCode(), 0);
-    EXPECT_EQ(summary.lines, 2);
+    EXPECT_EQ(summary.lines, 4);
     EXPECT_FALSE(summary.logWritten);
     EXPECT_FALSE(FileExists(options.logPath));
     EXPECT_TRUE(ui.messages.empty());
     ResultStore store;
     EXPECT_FALSE(ReadOutputFile(ws.folders.outputFolder + "a.o64", store, 0).has_value());
     EXPECT_FALSE(ReadOutputFile(folder.File("b c.o64"), store, 0).has_value());
+    // an export where the output name's extension asks for one
+    EXPECT_EQ(DecodedText(ws.folders.outputFolder + "a.csv").rfind("\"Calculated with TORMEL Next", 0), 0u);
+    EXPECT_EQ(DecodedText(ws.folders.outputFolder + "a.xml").rfind("<?xml", 0), 0u);
 }
 
 TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
@@ -113,7 +116,7 @@ TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
     EXPECT_TRUE(FileExists(ws.folders.outputFolder + "cold.o64")) << "a warning does not stop the job";
     EXPECT_TRUE(FileExists(ws.folders.outputFolder + "good.o64"));
 
-    const std::string log = LogText(options.logPath);
+    const std::string log = DecodedText(options.logPath);
     const std::string expectedStart =
         "an earlier run\n"
         "This line of the batch file cannot be read:\n(good.i64  two_blanks.o64)\n"
@@ -137,7 +140,7 @@ TEST_F(BatchRun, ABatchFileSavedAsUtf8IsReadAsUtf8) {
         const std::string out = folder.File("ä" + std::to_string(bom.size()) + ".o64");
         ASSERT_TRUE(WriteFileAtomically(ws.folders.inputFolder + "jobs.txt", bom + "wässer.i64 " + out + "\r\n"));
         const BatchSummary summary = RunBatchFile(ws, "jobs.txt", options);
-        EXPECT_EQ(summary.ExitCode(), 0) << LogText(options.logPath);
+        EXPECT_EQ(summary.ExitCode(), 0) << DecodedText(options.logPath);
         EXPECT_EQ(summary.lines, 1);
         EXPECT_TRUE(FileExists(out));
     }

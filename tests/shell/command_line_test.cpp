@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/text_file.h"
+#include "core/utf16.h"
 #include "input/input_title.h"
 #include "output/output_file.h"
 #include "output/result_test_support.h"
@@ -62,10 +63,23 @@ protected:
     CommandLineServices services;
 };
 
+// The export is made from the whole result set, the "Other info" blocks
+// included, which a run builds as the desktop program does.
 TEST_F(CommandLineRun, ExportsAreWrittenByExtensionAndUnknownExtensionsAnsweredWithAMessage) {
-    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("carbonate_hard_ph8_3"), ws.folders.inputFolder + "water.i64"));
+    ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("co2_open_ph8"), ws.folders.inputFolder + "water.i64"));
+    auto written = [&](const std::string& name) {
+        const std::optional<std::u16string> text = ReadUtf16File(ws.folders.outputFolder + name);
+        return text ? Utf16ToUtf8(*text) : std::string();
+    };
     EXPECT_EQ(Handle({"/run:water.i64", "result.XML"}).exitCode, 0);
-    EXPECT_TRUE(FileExists(ws.folders.outputFolder + "result.XML"));
+    const std::string xml = written("result.XML");
+    EXPECT_EQ(xml.rfind("<?xml version=\"1.0\"?>\n<?mso-application progid=\"Excel.Sheet\"?>", 0), 0u);
+    EXPECT_NE(xml.find("<Worksheet ss:Name=\"Gas controlled ligands\">"), std::string::npos);
+    EXPECT_NE(xml.find("Block 5: Gases"), std::string::npos);
+    EXPECT_EQ(Handle({"/run:water.i64", "result.csv"}).exitCode, 0);
+    const std::string csv = written("result.csv");
+    EXPECT_EQ(csv.rfind("\"Calculated with TORMEL Next, version ", 0), 0u) << csv.substr(0, 200);
+    EXPECT_NE(csv.find("\n\"Block 1: General\"\n\"Number of iterations\"\t"), std::string::npos);
     EXPECT_EQ(Handle({"/run:water.i64", "result.txt"}).exitCode, 1);
     EXPECT_NE(LastMessage().find("The output name has none of the extensions"), std::string::npos);
     EXPECT_FALSE(FileExists(ws.folders.outputFolder + "result.txt"));

@@ -8,7 +8,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "shell/file_associations.h"
 #include "support/temp_folder.h"
@@ -34,13 +33,6 @@ std::string Output(const std::string& command) {
     }
     while (!text.empty() && text.back() == '\n') text.pop_back();
     return text;
-}
-
-std::string Slurp(const fs::path& path) {
-    std::ifstream in(path);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
 }
 
 // The user's folders of this test; xdg-mime asks in its generic way, as
@@ -80,7 +72,7 @@ TEST(FileAssociations, RegisteredFilesOpenInTheProgramAndUnregisteringForgetsThe
     EXPECT_EQ(Output(std::string("xdg-mime query default ") + kInputMimeType), kDesktopEntryName);
     EXPECT_EQ(Output(std::string("xdg-mime query default ") + kOutputMimeType), kDesktopEntryName);
     // the entry starts this program, its path quoted for the blank
-    const std::string entry = Slurp(fs::path(user.homes.data) / "applications" / kDesktopEntryName);
+    const std::string entry = ReadBytes(user.homes.data + "/applications/" + kDesktopEntryName);
     EXPECT_NE(entry.find("\nExec=\"" + executable + "\" %f\n"), std::string::npos) << entry;
     if (std::system("command -v desktop-file-validate >/dev/null 2>&1") == 0) {
         EXPECT_EQ(std::system(("desktop-file-validate '" + user.homes.data + "/applications/tormel.desktop'").c_str()),

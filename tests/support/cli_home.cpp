@@ -4,18 +4,8 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 
 namespace tormel::test {
-
-namespace {
-
-std::string TextFile(const std::string& path) {
-    std::ifstream in(path);
-    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-}
-
-}  // namespace
 
 CliHome::CliHome(bool createInputFolder) {
     if (createInputFolder) std::filesystem::create_directories(home + "Input");
@@ -29,8 +19,8 @@ int CliHome::Run(const std::string& arguments) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-std::string CliHome::Log() const { return TextFile(folder.File("cli.out")) + TextFile(folder.File("cli.err")); }
+std::string CliHome::Log() const { return ReadBytes(folder.File("cli.out")) + ReadBytes(folder.File("cli.err")); }
 
-std::string CliHome::Stdout() const { return TextFile(folder.File("cli.out")); }
+std::string CliHome::Stdout() const { return ReadBytes(folder.File("cli.out")); }
 
 }  // namespace tormel::test

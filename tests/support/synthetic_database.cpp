@@ -1,93 +1,136 @@
 #include "support/synthetic_database.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <initializer_list>
 #include <stdexcept>
 
+#include "core/database_reader_support.h"
 #include "support/database_builder.h"
 
 namespace tormel::test {
 
 namespace {
 
-int32_t AddComponent(Database& chem, int32_t type, const std::string& name, int32_t charge, double mass = 0,
-                     double diameter = 0, int32_t model = 0) {
-    Component c = MakeComponent(type, name, (type == RedSol || type == Gas) ? 0 : charge, mass, diameter);
+Component OrganicComponent(const char* name, int32_t model) {
+    Component c = MakeComponent(Organic, name, 0);
     c.organicModel = model;
-    chem.components.push_back(c);
-    return static_cast<int32_t>(chem.components.size() - 1);
+    return c;
 }
 
-Equilibrium Eq(int32_t type, const std::string& name, int32_t charge, double logK, int32_t deltaZ2, int32_t literature) {
-    Equilibrium q = MakeEquilibrium(type, name, charge, logK);
-    q.deltaZ2 = deltaZ2;
-    q.literatureRef = literature;
-    return q;
+// Appends an equilibrium; its charge term is that of the shipped database:
+// the sum of coefficient x charge^2 less the species' own charge^2 (surface
+// species carry no activity coefficient, so theirs stays in).
+Equilibrium& Add(Database& chem, int32_t type, const char* name, int32_t charge, double logK,
+                 std::initializer_list<ReactionTerm> terms, int32_t literature = -1) {
+    Equilibrium e = MakeEquilibrium(type, name, charge, logK);
+    e.literatureRef = literature;
+    const int32_t dz2 = ChargeSquareSum(chem, terms);
+    e.deltaZ2 = type == EqAdsorption ? dz2 : dz2 - charge * charge;
+    return chem.equilibria[static_cast<size_t>(AppendEquilibrium(chem, e, terms))];
+}
+
+Equilibrium& WithEnthalpy(Equilibrium& e, double enthalpy) {
+    e.hasEnthalpy = true;
+    e.enthalpy = enthalpy;
+    return e;
+}
+
+Equilibrium& Linked(Equilibrium& e, int32_t component) {
+    e.linkedComponent = component;
+    e.linkedCoefficient = 1;
+    return e;
+}
+
+// What the loader records once the files are read: type ranges (nothing
+// starts at index 0), the water pair, the largest reaction, each organic
+// model's first literature reference past the first one, then the links.
+void RecordAsTheLoaderDoes(Database& chem) {
+    for (int32_t i = 0; i < chem.ComponentCount(); ++i) {
+        const Component& c = chem.components[static_cast<size_t>(i)];
+        if (c.type == Organic)
+            ExtendTypeRange(chem.organicComponentRange[c.organicModel - Model5], i);
+        else if (c.type == Electron)
+            chem.electronIndex = i;
+        else
+            ExtendTypeRange(chem.componentRange[c.type], i);
+    }
+    for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
+        const Equilibrium& q = chem.equilibria[static_cast<size_t>(e)];
+        chem.maxComponentsPerEquilibrium = std::max(chem.maxComponentsPerEquilibrium, q.componentCount);
+        if (q.type == EqOrganic) {
+            ExtendTypeRange(chem.organicEquilibriumRange[q.organicModel - Model5], e);
+            OrganicModelParameters& p = chem.Organic(q.organicModel);
+            if (p.literatureRef == 0 && q.literatureRef > 0) p.literatureRef = q.literatureRef;
+        } else if (q.type != EqWater) {
+            ExtendTypeRange(chem.equilibriumRange[q.type], e);
+        }
+    }
+    chem.waterEquilibriumIndex = kWater;
+    chem.hydrogenIndex = kH;
+    chem.hydroxideIndex = kOH;
+    chem.components[kH].waterPartnerOfH = kOH;
+    chem.components[kOH].waterPartnerOfOH = kH;
+    LinkDatabase(chem);
 }
 
 }  // namespace
 
 Database SyntheticDatabase() {
     Database chem;
-    const int32_t h = AddComponent(chem, Cation, "H", 1, 1.008, 9e-10);
-    const int32_t oh = AddComponent(chem, Ligand, "OH", -1, 17.007, 3.5e-10);
-    const int32_t e = AddComponent(chem, Electron, "e", -1);
-    const int32_t co3 = AddComponent(chem, Ligand, "CO3", -2, 60.009, 4.5e-10);
-    const int32_t cl = AddComponent(chem, Ligand, "Cl", -1, 35.453, 3e-10);
-    const int32_t ca = AddComponent(chem, Cation, "Ca", 2, 40.078, 6e-10);  // first cation after H+: index 5
-    const int32_t fe2 = AddComponent(chem, Cation, "Fe(II)", 2, 55.845, 6e-10);
-    const int32_t fe3 = AddComponent(chem, Cation, "Fe(III)", 3, 55.845, 9e-10);
-    const int32_t hfo = AddComponent(chem, Ads, "Hfo_wOH", 0);
-    const int32_t mno2 = AddComponent(chem, RedSol, "MnO2(s)", 99, 86.94);
-    const int32_t mn = AddComponent(chem, Cation, "Mn(II)", 2, 54.938, 6e-10);
-    const int32_t co2g = AddComponent(chem, Gas, "CO2(g)", 99);
-    const int32_t fa5 = AddComponent(chem, Organic, "FA5", 0, 0, 0, Model5);
-    const int32_t ha5 = AddComponent(chem, Organic, "HA5", 0, 0, 0, Model5);
-    const int32_t fa7 = AddComponent(chem, Organic, "FA7", 0, 0, 0, Model7);
-    const int32_t ha7 = AddComponent(chem, Organic, "HA7", 0, 0, 0, Model7);
-    (void)fa5, (void)ha5, (void)ha7;
-
+    chem.components = {
+        MakeComponent(Cation, "H", 1, 0, 9e-10),
+        MakeComponent(Cation, "Na", 1, 0, 4.0e-10),
+        MakeComponent(Cation, "Ca", 2, 0, 6e-10),
+        MakeComponent(Cation, "Fe(II)", 2),
+        MakeComponent(Cation, "Fe(III)", 3),
+        MakeComponent(Cation, "Mn(II)", 2, 54.938, 6e-10),
+        MakeComponent(Electron, "e", -1),
+        MakeComponent(Ligand, "OH", -1),
+        MakeComponent(Ligand, "Cl", -1, 0, 3.6e-10),
+        MakeComponent(Ligand, "CO3", -2, 0, 4.5e-10),
+        MakeComponent(Ads, "Hfo_wOH", 0),
+        MakeComponent(RedSol, "MnO2(s)", 0, 86.94),
+        MakeComponent(Gas, "CO2(g)", 0),
+        OrganicComponent("FA5", Model5),
+        OrganicComponent("HA5", Model5),
+        OrganicComponent("FA7", Model7),
+        OrganicComponent("HA7", Model7),
+    };
     chem.literature = {"Reference one", "Nordstrom et al. (1990)", "Smith and Martell (2004) NIST 46",
                        "Tipping (1998) Humic ion-binding model VI"};
 
-    // water: H2O = H+ + OH-, written as the formation of water
-    AppendEquilibrium(chem, Eq(EqWater, "H2O", 0, 14.0, -2, 1), {{h, 1}, {oh, 1}});
-    AppendEquilibrium(chem, Eq(EqComplex, "HCO3", -1, 10.329, -4, 2), {{h, 1}, {co3, 1}});
-    chem.equilibria.back().hasEnthalpy = true;
-    chem.equilibria.back().enthalpy = -14900;
-    chem.equilibria.back().complexDiameter = 4e-10;
-    AppendEquilibrium(chem, Eq(EqComplex, "CaCO3", 0, 3.22, -8, 2), {{ca, 1}, {co3, 1}});
-    AppendEquilibrium(chem, Eq(EqComplex, "CaHCO3", 1, 11.43, -6, 2), {{ca, 1}, {h, 1}, {co3, 1}});
-    AppendEquilibrium(chem, Eq(EqAdsorption, "Hfo_wOCa", 1, 5.0, 3, -1), {{hfo, 1}, {ca, 1}, {h, -1}});
+    WithEnthalpy(Add(chem, EqWater, "H2O", 0, 14.0, {{kH, 1}, {kOH, 1}}, 0), -55840);
+    WithEnthalpy(Add(chem, EqComplex, "NaCl", 0, 0.3, {{kNa, 1}, {kCl, 1}}), 2000);
+    WithEnthalpy(Add(chem, EqComplex, "CaCl+", 1, 0.4, {{kCa, 1}, {kCl, 1}}), 8000);
+    WithEnthalpy(Add(chem, EqComplex, "HCO3-", -1, 10.33, {{kH, 1}, {kCO3, 1}}, 1), -14900);
+    WithEnthalpy(Add(chem, EqComplex, "H2CO3", 0, 16.681, {{kH, 2}, {kCO3, 1}}), -24000);
+    WithEnthalpy(Add(chem, EqComplex, "CaCO3", 0, 3.22, {{kCa, 1}, {kCO3, 1}}, 2), 14800);
+    Add(chem, EqComplex, "CaOH+", 1, -12.78, {{kCa, 1}, {kH, -1}});  // enthalpy unknown
+    WithEnthalpy(Add(chem, EqComplex, "FeCl+2", 2, 1.48, {{kFe3, 1}, {kCl, 1}}), 23000);
+    WithEnthalpy(Add(chem, EqComplex, "FeOH+", 1, -9.5, {{kFe2, 1}, {kH, -1}}), 55000);
+    Add(chem, EqComplex, "MnCl(CO3)OH-2", -2, 4.0, {{kMn2, 1}, {kCl, 1}, {kCO3, 1}, {kOH, 1}}).complexDiameter = 4e-10;
+    Add(chem, EqAdsorption, "Hfo_wOH2+", 1, 7.29, {{kH, 1}, {kSite, 1}});
+    Add(chem, EqAdsorption, "Hfo_wOCa+", 1, -5.85, {{kH, -1}, {kCa, 1}, {kSite, 1}});
     // Redox and gas equilibria hold their linked component in the link, not in
     // the stoichiometry: Fe(II) - e = Fe(III), Mn(II) - 4 H - 2 e = MnO2(s),
-    // CO3 + 2 H = CO2(g).
-    Equilibrium fe = Eq(EqRedox, "Fe(III)/Fe(II)", 0, -13.02, 0, 1);
-    fe.linkedComponent = fe3;
-    fe.linkedCoefficient = 1;
-    AppendEquilibrium(chem, fe, {{fe2, 1}, {e, -1}});
-    Equilibrium mnq = Eq(EqRedox, "Mn(II)/MnO2(s)", 0, 41.38, 0, 0);
-    mnq.linkedComponent = mno2;
-    mnq.linkedCoefficient = 1;
-    AppendEquilibrium(chem, mnq, {{mn, 1}, {h, -4}, {e, -2}});
-    Equilibrium gas = Eq(EqGas, "CO2(g)", 0, -18.147, 0, 3);
-    gas.linkedComponent = co2g;
-    gas.linkedCoefficient = 1;
-    AppendEquilibrium(chem, gas, {{co3, 1}, {h, 2}});
-    AppendEquilibrium(chem, Eq(EqSolid, "Calcite", 0, 8.48, -8, 2), {{ca, 1}, {co3, 1}});
-    AppendEquilibrium(chem, Eq(EqComplex, "FeCl(CO3)OH", -2, 4.0, 0, 0), {{fe3, 1}, {cl, 1}, {co3, 1}, {oh, 1}});
-    Equilibrium org5 = Eq(EqOrganic, "FA5-Ca", 2, -3.2, 0, 0);
-    org5.organicModel = Model5;
-    AppendEquilibrium(chem, org5, {{ca, 1}, {fa5, 1}});
-    Equilibrium org7 = Eq(EqOrganic, "FA7-Ca", 2, -2.5, 0, 3);
-    org7.organicModel = Model7;
-    org7.organicReal2 = 1.7;
-    AppendEquilibrium(chem, org7, {{ca, 1}, {fa7, 1}});
+    // 2 H + CO3 = CO2(g).
+    Linked(Add(chem, EqRedox, "Fe+3", 0, -13.02, {{kFe2, 1}, {kElectron, -1}}, 1), kFe3);
+    Linked(Add(chem, EqRedox, "Mn(II)/MnO2(s)", 0, 41.38, {{kMn2, 1}, {kH, -4}, {kElectron, -2}}, 0), kMnO2);
+    Linked(WithEnthalpy(Add(chem, EqGas, "CO2(g)", 0, 18.147, {{kH, 2}, {kCO3, 1}}, 2), -24000), kCO2Gas);
+    Add(chem, EqSolid, "Rhodochrosite", 0, 10.58, {{kMn2, 1}, {kCO3, 1}}, 2);
+    Equilibrium& fa5 = Add(chem, EqOrganic, "FA5-Ca", 2, -3.2, {{kCa, 1}, {kFA5, 1}}, 0);
+    fa5.organicModel = Model5;
+    Equilibrium& fa7 = Add(chem, EqOrganic, "FA7-Ca", 2, -2.5, {{kCa, 1}, {kFA7, 1}}, 3);
+    fa7.organicModel = Model7;
+    fa7.organicReal2 = 1.7;
 
     for (int32_t model = Model5; model <= Model7; ++model) {
         OrganicModelParameters& p = chem.Organic(model);
         p.values.resize(static_cast<size_t>(OrganicParameterCount(model)));
         for (size_t k = 0; k < p.values.size(); ++k) p.values[k] = {0.5 + static_cast<double>(k), -1.25 * model};
     }
+    RecordAsTheLoaderDoes(chem);
     return chem;
 }
 
