@@ -14,28 +14,28 @@ namespace {
 struct ViewDatabase {
     Database db;
     ViewDatabase() {
-        db.components = {MakeComponent(Cation, "H+", 1, 1.008),     MakeComponent(Cation, "Ca+2", 2, 40.078),
-                         MakeComponent(Ligand, "CO3-2", -2, 60.009), MakeComponent(Gas, "CO2", 0, 44.01),
-                         MakeComponent(Cation, "Fe+2", 2, 55.845),   MakeComponent(Cation, "Fe+3", 3, 55.845),
-                         MakeComponent(RedSol, "S(s)", 0, 32.06),    MakeComponent(Organic, "FA", 0)};
+        db.components = {MakeComponent(ComponentType::Cation, "H+", 1, 1.008),     MakeComponent(ComponentType::Cation, "Ca+2", 2, 40.078),
+                         MakeComponent(ComponentType::Ligand, "CO3-2", -2, 60.009), MakeComponent(ComponentType::Gas, "CO2", 0, 44.01),
+                         MakeComponent(ComponentType::Cation, "Fe+2", 2, 55.845),   MakeComponent(ComponentType::Cation, "Fe+3", 3, 55.845),
+                         MakeComponent(ComponentType::RedSol, "S(s)", 0, 32.06),    MakeComponent(ComponentType::Organic, "FA", 0)};
         db.components[3].linkedLigand = 2;
         db.components[7].organicModel = Model6;
         db.literature = {"Stumm and Morgan 1996", "Smith and Martell 2004"};
-        Equilibrium water = MakeEquilibrium(EqWater, "OH-", -1, -14);
+        Equilibrium water = MakeEquilibrium(EquilibriumType::Water, "OH-", -1, -14);
         water.literatureRef = 0;
         AppendEquilibrium(db, water, {{0, -1}});
-        Equilibrium complex = MakeEquilibrium(EqComplex, "CaCO3", 0, 3.22);
+        Equilibrium complex = MakeEquilibrium(EquilibriumType::Complex, "CaCO3", 0, 3.22);
         complex.literatureRef = 1;
         AppendEquilibrium(db, complex, {{1, 1}, {2, 1}});
-        Equilibrium gas = MakeEquilibrium(EqGas, "CO2(g)", 0, 18.15);
+        Equilibrium gas = MakeEquilibrium(EquilibriumType::Gas, "CO2(g)", 0, 18.15);
         gas.linkedComponent = 3;
         AppendEquilibrium(db, gas, {{0, 2}, {2, 1}});
-        Equilibrium redox = MakeEquilibrium(EqRedox, "Fe+3/Fe+2", 2, 13.03);
+        Equilibrium redox = MakeEquilibrium(EquilibriumType::Redox, "Fe+3/Fe+2", 2, 13.03);
         redox.linkedComponent = 4;
         AppendEquilibrium(db, redox, {{5, 1}});
-        AppendEquilibrium(db, MakeEquilibrium(EqSolid, "Calcite", 0, 8.48), {{1, 1}, {2, 1}});
-        AppendEquilibrium(db, MakeEquilibrium(EqComplex, "CaHS", 1, 2.0), {{1, 1}, {6, 1}, {0, -1}});
-        Equilibrium organic = MakeEquilibrium(EqOrganic, "FA-Ca", 0, 0);
+        AppendEquilibrium(db, MakeEquilibrium(EquilibriumType::Solid, "Calcite", 0, 8.48), {{1, 1}, {2, 1}});
+        AppendEquilibrium(db, MakeEquilibrium(EquilibriumType::Complex, "CaHS", 1, 2.0), {{1, 1}, {6, 1}, {0, -1}});
+        Equilibrium organic = MakeEquilibrium(EquilibriumType::Organic, "FA-Ca", 0, 0);
         organic.organicModel = Model6;
         AppendEquilibrium(db, organic, {{1, 1}, {7, 1}});
     }
@@ -116,8 +116,8 @@ TEST(DatabaseView, SummaryAndEquilibriumLinesOfEachMode) {
         {ViewByComponent, 2,
          {"Component: Ca+2", "Charge: 2", "Molar mass (g/mol): 40,078", "There are 4 equilibria with Ca+2", "CaCO3 #1",
           "Calcite #4", "CaHS #5", "FA-Ca (Model 6) #-1"}},
-        {ViewByType, EqGas, {"There are 1 equilibria of this type.", "CO3-2 / CO2(g) #2"}},
-        {ViewByType, EqAdsorption, {"There are 0 equilibria of this type."}},
+        {ViewByType, CodeOf(EquilibriumType::Gas), {"There are 1 equilibria of this type.", "CO3-2 / CO2(g) #2"}},
+        {ViewByType, CodeOf(EquilibriumType::Adsorption), {"There are 0 equilibria of this type."}},
         {ViewByLiterature, 1, {"There are 1 equilibria from this reference.", "OH- #0"}},
     };
     for (const Case& c : cases)
