@@ -35,7 +35,7 @@ struct BatchSetUp {
             InputProblem input;
             if (LoadInputFile(source + "/data/examples/" + examples[k % 2], input, ws->chem.db())) return;
             for (size_t c = 0; c < input.components.size(); ++c)
-                if (input.components[c].inputType == InpTypeTotalConc &&
+                if (input.components[c].inputType == InputType::TotalConc &&
                     static_cast<int32_t>(c) != ws->chem.db().hydrogenIndex)
                     input.components[c].inputValue *= 1.0 + 0.002 * (k % 100);
             const std::string name = "job" + std::to_string(k);

@@ -17,7 +17,7 @@ namespace {
 
 using namespace tormel;
 
-void Set(const ChemicalSystem& chem, InputProblem& input, const char* name, int32_t type, double value) {
+void Set(const ChemicalSystem& chem, InputProblem& input, const char* name, InputType type, double value) {
     const int32_t c = chem.db().FindComponent(name);
     if (c < 0) return;
     input.components[c] = {value, type};
@@ -34,22 +34,22 @@ void NaturalWater(ChemicalSystem& chem, InputProblem& input, int32_t model, bool
     input.docConcentration = 5;
     input.fulvicFraction = 0.7;
     if (protonBalance)
-        Set(chem, input, "H", InpTypeTotalConc, 1.3e-3);
+        Set(chem, input, "H", InputType::TotalConc, 1.3e-3);
     else
-        Set(chem, input, "H", InpTypeFreeAct, 1e-7);
-    Set(chem, input, "Ca", InpTypeTotalConc, 5e-4);
-    Set(chem, input, "Mg", InpTypeTotalConc, 2e-4);
-    Set(chem, input, "Na", InpTypeTotalConc, 5e-4);
-    Set(chem, input, "K", InpTypeTotalConc, 5e-5);
-    Set(chem, input, "Cu(II)", InpTypeTotalConc, 5e-8);
-    Set(chem, input, "Zn", InpTypeTotalConc, 2e-7);
-    Set(chem, input, "Cd", InpTypeTotalConc, 1e-9);
-    Set(chem, input, "Pb", InpTypeTotalConc, 5e-9);
-    Set(chem, input, "Ni", InpTypeTotalConc, 3e-8);
-    Set(chem, input, "Al", InpTypeTotalConc, 2e-7);
-    Set(chem, input, "Cl", InpTypeTotalConc, 5e-4);
-    Set(chem, input, "SO4", InpTypeTotalConc, 2e-4);
-    Set(chem, input, "CO3", InpTypeTotalConc, 1e-3);
+        Set(chem, input, "H", InputType::FreeAct, 1e-7);
+    Set(chem, input, "Ca", InputType::TotalConc, 5e-4);
+    Set(chem, input, "Mg", InputType::TotalConc, 2e-4);
+    Set(chem, input, "Na", InputType::TotalConc, 5e-4);
+    Set(chem, input, "K", InputType::TotalConc, 5e-5);
+    Set(chem, input, "Cu(II)", InputType::TotalConc, 5e-8);
+    Set(chem, input, "Zn", InputType::TotalConc, 2e-7);
+    Set(chem, input, "Cd", InputType::TotalConc, 1e-9);
+    Set(chem, input, "Pb", InputType::TotalConc, 5e-9);
+    Set(chem, input, "Ni", InputType::TotalConc, 3e-8);
+    Set(chem, input, "Al", InputType::TotalConc, 2e-7);
+    Set(chem, input, "Cl", InputType::TotalConc, 5e-4);
+    Set(chem, input, "SO4", InputType::TotalConc, 2e-4);
+    Set(chem, input, "CO3", InputType::TotalConc, 1e-3);
 }
 
 void SolveOrganicWater(benchmark::State& state, int32_t model, bool protonBalance) {

@@ -164,6 +164,9 @@ PYBIND11_MODULE(_tormel, m) {
         std::copy(table->values.begin(), table->values.end(), values.mutable_data());
         return py::make_tuple(table->columns, values);
     });
-    m.def("input_type_text", [](int32_t type) { return std::string(InputTypeFileText(type)); });
+    m.def("input_type_text", [](int32_t code) {
+        const std::optional<InputType> type = InputTypeFromCode(code);
+        return type ? std::string(InputTypeFileText(*type)) : std::string();
+    });
     m.def("max_threads", &MaxBatchThreads);
 }

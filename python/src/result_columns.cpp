@@ -36,9 +36,9 @@ private:
 py::dict ComponentTable(const ResultStore& store) {
     Columns t{"component", "type", "dissolved", "adsorbed", "solid", "organic", "total"};
     for (const ComponentResult& c : ViewSet(store, 0).components)
-        if (c.kind != 0)
-            t.Row(c.displayName, c.kind, c.amounts[AmountDissolved], c.amounts[AmountAdsorbed], c.amounts[AmountSolid],
-                  c.amounts[AmountOrganic], c.amounts[AmountTotal]);
+        if (c.Reported())
+            t.Row(c.displayName, CodeOf(c.kind), c.amounts[AmountDissolved], c.amounts[AmountAdsorbed],
+                  c.amounts[AmountSolid], c.amounts[AmountOrganic], c.amounts[AmountTotal]);
     return t.Dict();
 }
 
@@ -52,7 +52,7 @@ py::dict SpeciesTable(const Workspace& ws) {
     const auto count = static_cast<int32_t>(ViewSet(ws.results, 0).components.size());
     for (int32_t i = 0; i < count; ++i) {
         const ExportComponent rows = ExportComponentRows(ws.results, 0, i, context);
-        if (!rows.component || rows.component->kind == 0) continue;
+        if (!rows.component || !rows.component->Reported()) continue;
         for (const ExportSpeciesRow& r : rows.species)
             t.Row(rows.component->displayName, r.name, r.concentration,
                   rows.total != 0 ? ExportFraction(r.share, rows.total, false) : kNone,

@@ -6,7 +6,8 @@
 namespace tormel::python {
 
 bool IsFreeSpecies(const SpeciesResult& species) {
-    return species.kind == FreeComponent || species.kind == FreeHydroxide || species.kind == GasLigand;
+    return species.kind == SpeciesKind::FreeComponent || species.kind == SpeciesKind::FreeHydroxide ||
+           species.kind == SpeciesKind::GasLigand;
 }
 
 double ResultPh(const ResultStore& store) {

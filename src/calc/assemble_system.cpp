@@ -28,7 +28,8 @@ void SetInputFlags(CalcContext& ctx) {
     const int32_t count = chem.db().ComponentCount();
     for (int32_t i = 0; i < count; ++i) {
         const Component& c = chem.db().components[i];
-        if (c.type == Gas && placement[i].inInput && c.linkedLigand > 0) placement[c.linkedLigand].inInput = true;
+        if (c.type == ComponentType::Gas && placement[i].inInput && c.linkedLigand > 0)
+            placement[c.linkedLigand].inInput = true;
     }
     if (ctx.input.redox) {
         for (int32_t i = 0; i < count; ++i) {
@@ -50,7 +51,7 @@ void ResetAssembledLayer(AssemblyWork& w) {
 }
 
 // A free species of kind `kind` that stands for system component `sc`.
-int32_t AddFreeSpecies(AssemblyWork& w, int32_t kind, int32_t component, int32_t sc, double ionSize) {
+int32_t AddFreeSpecies(AssemblyWork& w, SpeciesKind kind, int32_t component, int32_t sc, double ionSize) {
     const Component& c = w.chem.db().components[component];
     const int32_t s = w.NewSpecies();
     Species& sp = w.chem.species[s];
@@ -90,7 +91,7 @@ void AddHydrogen(AssemblyWork& w) {
     const int32_t h = w.chem.db().hydrogenIndex;
     AddComponentUnknown(w, h);  // system component 0
     w.chem.systemComponents[0].balanceTotal = w.ctx.state.hydrogenInput - w.ctx.state.hydroxideReference;
-    AddFreeSpecies(w, FreeComponent, h, 0, w.chem.db().components[h].ionDiameter);
+    AddFreeSpecies(w, SpeciesKind::FreeComponent, h, 0, w.chem.db().components[h].ionDiameter);
     w.speciesOf[h] = 0;
 }
 
@@ -99,10 +100,10 @@ void AddElectron(AssemblyWork& w) {
     const int32_t e = chem.db().electronIndex;
     const int32_t j = w.NewSystemComponent();
     SystemComponent& sc = chem.systemComponents[j];
-    sc.type = Electron;
+    sc.type = ComponentType::Electron;
     sc.name = "e";
     sc.charge = -1;
-    sc.balanceKind = InpTypeFreeAct;
+    sc.balanceKind = InputType::FreeAct;
     sc.givenValue = w.ctx.input.components[e].inputValue;
     sc.componentIndex = e;
     chem.placement[e].systemIndex = j;
@@ -113,12 +114,12 @@ void AddElectron(AssemblyWork& w) {
 // ligand becomes a species formed from the gas (and H+).
 void AddGases(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    const TypeRange range = chem.db().componentRange[Gas];
+    const TypeRange range = chem.db().componentRange[ComponentType::Gas];
     if (range.empty()) return;
     const double temperature = w.ctx.input.temperature;
     for (int32_t g = range.first; g <= range.last; ++g) {
         const Component& gas = chem.db().components[g];
-        if (gas.type != Gas || !chem.placement[g].inInput) continue;
+        if (gas.type != ComponentType::Gas || !chem.placement[g].inInput) continue;
         w.placed[g] = 1;
         const int32_t j = w.NewSystemComponent();
         {
@@ -134,16 +135,17 @@ void AddGases(AssemblyWork& w) {
         const int32_t s = w.NewSpecies();
         {
             Species& sp = chem.species[s];
-            sp.kind = GasLigand;
+            sp.kind = SpeciesKind::GasLigand;
             const Component& ligand = chem.db().components[gas.linkedLigand];
             sp.name = AssemblyWork::FreeName(ligand.name);
             sp.charge = ligand.charge;
         }
         int32_t eq = -1;
-        const TypeRange eqRange = chem.db().equilibriumRange[EqGas];
+        const TypeRange eqRange = chem.db().equilibriumRange[EquilibriumType::Gas];
         if (!eqRange.empty())
             for (int32_t e = eqRange.first; e <= eqRange.last; ++e)
-                if (chem.db().equilibria[e].type == EqGas && chem.db().equilibria[e].linkedComponent == g) {
+                if (chem.db().equilibria[e].type == EquilibriumType::Gas &&
+                    chem.db().equilibria[e].linkedComponent == g) {
                     eq = e;
                     break;
                 }
@@ -172,7 +174,7 @@ void AddGases(AssemblyWork& w) {
             if (nu == 0) continue;
             const Component& c = chem.db().components[k];
             w.AddReactant(row, nu, c.name, c.charge, AssemblyWork::AqueousPhase(c.charge));
-            if (c.type == Ligand) {
+            if (c.type == ComponentType::Ligand) {
                 ligand = k;
                 break;
             }
@@ -205,35 +207,35 @@ void AddRedoxGroups(AssemblyWork& w) {
         sc.name = head.name;
         sc.charge = head.charge;
         sc.molarMass = head.molarMass;
-        sc.balanceKind = InpTypeTotalConc;
+        sc.balanceKind = InputType::TotalConc;
         sc.givenValue = 0;
         sc.componentIndex = c;
         int32_t guard = 0;
         for (int32_t m = c; m != 0 && guard <= chem.db().ComponentCount();
              m = chem.db().components[m].redoxNext, ++guard) {
             const ComponentInput& member = w.ctx.input.components[m];
-            if (member.inputType == InpTypeFreeConc || member.inputType == InpTypeFreeAct) {
-                sc.balanceKind = 5;
+            if (member.inputType == InputType::FreeConc || member.inputType == InputType::FreeAct) {
+                sc.balanceKind = InputType::RedoxMemberGiven;
                 sc.givenValue = member.inputValue;
                 sc.givenMember = m;
                 break;
             }
-            if (member.inputType == InpTypeTotalConc) sc.givenValue += member.inputValue;
+            if (member.inputType == InputType::TotalConc) sc.givenValue += member.inputValue;
         }
-        AddFreeSpecies(w, FreeComponent, c, j, 0);
+        AddFreeSpecies(w, SpeciesKind::FreeComponent, c, j, 0);
         chem.placement[c].systemIndex = j;
         w.placed[c] = 1;
         AddRedoxPartners(w, true);
     }
-    if (chem.systemComponents[0].balanceKind != InpTypeTotalConc) return;
+    if (chem.systemComponents[0].balanceKind != InputType::TotalConc) return;
     SystemComponent& hydrogen = chem.systemComponents[0];
     for (size_t s = 0; s < chem.species.size(); ++s) {
         const Species& sp = chem.species[s];
-        if (sp.kind != RedoxPartner && sp.kind != RedoxPartnerSolid) continue;
+        if (sp.kind != SpeciesKind::RedoxPartner && sp.kind != SpeciesKind::RedoxPartnerSolid) continue;
         w.ctx.state.redoxProtonFlag = true;
         const int32_t nu = w.Coef(static_cast<int32_t>(s), 0);
         const ComponentInput& member = w.ctx.input.components[-sp.source];
-        if (nu == 0 || member.inputValue == 0 || member.inputType != InpTypeTotalConc) continue;
+        if (nu == 0 || member.inputValue == 0 || member.inputType != InputType::TotalConc) continue;
         if (nu < 0)
             hydrogen.balanceTotal -= std::abs(member.inputValue) * nu;
         else
@@ -250,7 +252,7 @@ void AddHydroxide(AssemblyWork& w) {
     const Component& hydrogen = chem.db().components[chem.db().hydrogenIndex];
     const int32_t s = w.NewSpecies();
     Species& sp = chem.species[s];
-    sp.kind = FreeHydroxide;
+    sp.kind = SpeciesKind::FreeHydroxide;
     sp.name = AssemblyWork::FreeName(hydroxide.name);
     sp.charge = hydroxide.charge;
     sp.componentTerms = 1;
@@ -283,7 +285,8 @@ void AddRemainingComponents(AssemblyWork& w) {
         if (!chem.placement[c].inInput || w.placed[c]) continue;
         const int32_t j = AddComponentUnknown(w, c);
         const Component& comp = chem.db().components[c];
-        const int32_t kind = comp.type == Ads ? AdsorbedSpecies : FreeComponent;
+        const SpeciesKind kind =
+            comp.type == ComponentType::Ads ? SpeciesKind::AdsorbedSpecies : SpeciesKind::FreeComponent;
         w.speciesOf[c] = AddFreeSpecies(w, kind, c, j, comp.ionDiameter);
     }
 }
@@ -348,11 +351,11 @@ AssemblyResult AssembleSystem(CalcContext& ctx) {
     SortSystemComponents(w);
 
     const int32_t firstComplex = static_cast<int32_t>(chem.species.size());
-    AddEquilibriumSpecies(w, EqComplex);
+    AddEquilibriumSpecies(w, EquilibriumType::Complex);
     const int32_t endComplex = static_cast<int32_t>(chem.species.size());
     chem.complexSpeciesRange = {firstComplex, endComplex - 1};
     if (input.organicComplexation) AddOrganicSpecies(w);
-    if (input.adsorption) AddEquilibriumSpecies(w, EqAdsorption);
+    if (input.adsorption) AddEquilibriumSpecies(w, EquilibriumType::Adsorption);
     if (input.precipitation) {
         AddSolidSpecies(w);
         if (std::string refusal = CheckSolidTotals(w); !refusal.empty()) return {false, std::move(refusal)};

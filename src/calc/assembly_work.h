@@ -46,7 +46,7 @@ private:
 
 // Assembly steps kept in their own files.
 void AddRedoxPartners(AssemblyWork& work, bool groupStep);
-void AddEquilibriumSpecies(AssemblyWork& work, int32_t equilibriumType);
+void AddEquilibriumSpecies(AssemblyWork& work, EquilibriumType equilibriumType);
 
 // Steps that belong to the organic model (organic_assembly.cpp) and to
 // precipitation, called at their place in the assembly.

@@ -19,10 +19,10 @@ void ResetSums(SystemComponent& sc) {
 
 }  // namespace
 
-void AddToSums(SystemComponent& sc, int32_t kind, double amount) {
+void AddToSums(SystemComponent& sc, SpeciesKind kind, double amount) {
     if (IsDissolvedKind(kind))
         sc.sumDissolved += amount;
-    else if (kind == AdsorbedSpecies)
+    else if (kind == SpeciesKind::AdsorbedSpecies)
         sc.sumAdsorbed += amount;
     else if (IsSolidKind(kind))
         sc.sumSolid += amount;
@@ -53,7 +53,7 @@ void ComputeProtonSums(CalcContext& ctx) {
             const bool donor = term.coefficient > 0;
             if (IsDissolvedKind(sp.kind))
                 (donor ? ps.donorDissolved : ps.acceptorDissolved) += amount;
-            else if (sp.kind == AdsorbedSpecies)
+            else if (sp.kind == SpeciesKind::AdsorbedSpecies)
                 (donor ? ps.donorAdsorbed : ps.acceptorAdsorbed) += amount;
             else if (IsSolidKind(sp.kind))
                 (donor ? ps.donorSolid : ps.acceptorSolid) += amount;
@@ -77,7 +77,7 @@ void TotalsAndRatios(CalcContext& ctx, bool& converged) {
     if (st.protonBalanceMode) ComputeProtonSums(ctx);
     auto& scs = chem.systemComponents;
     for (SystemComponent& sc : scs)
-        if (sc.balanceKind == InpTypeTotalConc) ResetSums(sc);
+        if (sc.balanceKind == InputType::TotalConc) ResetSums(sc);
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {
         const Species& sp = chem.species[s];
@@ -85,7 +85,7 @@ void TotalsAndRatios(CalcContext& ctx, bool& converged) {
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             SystemComponent& sc = scs[term.systemComponent];
-            if (sc.balanceKind != InpTypeTotalConc || term.coefficient == 0) continue;
+            if (sc.balanceKind != InputType::TotalConc || term.coefficient == 0) continue;
             AddToSums(sc, sp.kind, term.coefficient * sp.concentration);
         }
     }
@@ -95,7 +95,7 @@ void TotalsAndRatios(CalcContext& ctx, bool& converged) {
     st.worstComponentName.clear();
     for (size_t j = 0; j < scs.size(); ++j) {
         SystemComponent& sc = scs[j];
-        if (sc.balanceKind != InpTypeTotalConc) continue;
+        if (sc.balanceKind != InputType::TotalConc) continue;
         sc.boundOrganic += sc.boundFA + sc.ddlSum[0] + sc.boundHA + sc.ddlSum[1];
         CombineSums(sc, st.bulkFraction);
         double ratio;

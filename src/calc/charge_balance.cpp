@@ -15,7 +15,7 @@ double InputChargeExcess(const ChemicalSystem& chem, const InputProblem& input) 
 void SpeciesChargeSums(const ChemicalSystem& chem, double& cationCharge, double& anionCharge) {
     cationCharge = anionCharge = 0;
     for (const Species& sp : chem.species) {
-        if (!IsDissolvedKind(sp.kind) && sp.kind != AdsorbedSpecies) continue;
+        if (!IsDissolvedKind(sp.kind) && sp.kind != SpeciesKind::AdsorbedSpecies) continue;
         if (sp.charge > 0) cationCharge += sp.charge * sp.concentration;
         if (sp.charge < 0) anionCharge -= sp.charge * sp.concentration;
     }

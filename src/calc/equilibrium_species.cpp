@@ -11,10 +11,10 @@ namespace tormel {
 
 namespace {
 
-void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t equilibriumType) {
+void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, EquilibriumType equilibriumType) {
     ChemicalSystem& chem = w.chem;
     const Equilibrium& eq = chem.db().equilibria[e];
-    const bool adsorbed = equilibriumType == EqAdsorption;
+    const bool adsorbed = equilibriumType == EquilibriumType::Adsorption;
     const int32_t s = w.NewSpecies();
     const int32_t row = w.NewReactionRow();
     bool substituted = false;
@@ -52,7 +52,7 @@ void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t e
     }
 
     Species& sp = chem.species[s];
-    sp.kind = adsorbed ? AdsorbedSpecies : ComplexSpecies;
+    sp.kind = adsorbed ? SpeciesKind::AdsorbedSpecies : SpeciesKind::ComplexSpecies;
     sp.name = eq.name;
     sp.charge = eq.charge;
     if (substituted) {
@@ -87,7 +87,7 @@ void AddOne(AssemblyWork& w, const EquilibriumIndex& index, int32_t e, int32_t e
 
 }  // namespace
 
-void AddEquilibriumSpecies(AssemblyWork& w, int32_t equilibriumType) {
+void AddEquilibriumSpecies(AssemblyWork& w, EquilibriumType equilibriumType) {
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(w.chem.db(), temporary);
     for (const int32_t e : EquilibriaInInput(w.chem, equilibriumType)) AddOne(w, index, e, equilibriumType);

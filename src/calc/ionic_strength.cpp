@@ -25,7 +25,7 @@ void StartIonicStrength(CalcContext& ctx) {
         // concentrations (a tenth of the totals), summed in single precision
         float sum = 0;
         for (const SystemComponent& sc : ctx.chem.systemComponents) {
-            if (sc.type != Cation && sc.type != Ligand) continue;
+            if (sc.type != ComponentType::Cation && sc.type != ComponentType::Ligand) continue;
             sum += static_cast<float>(sc.freeConcentration) * static_cast<float>(sc.charge * sc.charge);
         }
         st.ionicStrength = std::min(5.0 * sum, 0.5);

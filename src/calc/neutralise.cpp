@@ -79,8 +79,8 @@ AssemblyResult FirstEstimate(CalcContext& ctx, const Ion& cation, const Ion& ani
     ChemicalSystem& chem = ctx.chem;
     double positive = 0, negative = 0;
     for (const SystemComponent& sc : chem.systemComponents) {
-        if (sc.type == Cation) positive += sc.givenValue * sc.charge;
-        if (sc.type == Ligand) negative -= sc.givenValue * sc.charge;
+        if (sc.type == ComponentType::Cation) positive += sc.givenValue * sc.charge;
+        if (sc.type == ComponentType::Ligand) negative -= sc.givenValue * sc.charge;
     }
     if (RelativelyEqual(positive, negative, criterion)) return {true, {}};
     const Ion& ion = positive > negative ? anion : cation;
@@ -128,7 +128,7 @@ NeutraliseOutcome Neutralise(CalcContext& ctx) {
                           ctx.Text("NeutralCalc", "NeutrCaption2") + " " + anion.name;
     window.Show();
 
-    if (chem.systemComponents[0].balanceKind == InpTypeTotalConc) {
+    if (chem.systemComponents[0].balanceKind == InputType::TotalConc) {
         assembly = FirstEstimate(ctx, cation, anion, criterion);
         if (!assembly) {
             out.assembled = false;

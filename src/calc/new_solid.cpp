@@ -15,11 +15,10 @@ namespace tormel {
 
 namespace {
 
-
-bool FixedByInput(int32_t balanceKind) {
+bool FixedByInput(InputType balanceKind) {
     // free concentration, free activity, gas pressure, redox group fixed by a member
-    return balanceKind == InpTypeFreeConc || balanceKind == InpTypeFreeAct || balanceKind == InpTypeGasPres ||
-           balanceKind == 5 || balanceKind == 6;
+    return balanceKind == InputType::FreeConc || balanceKind == InputType::FreeAct ||
+           balanceKind == InputType::GasPres || balanceKind == InputType::RedoxMemberGiven;
 }
 
 // What the dissolved part of each component of s is, and which fraction of
@@ -101,7 +100,7 @@ bool LogIapAfterRemoval(const CalcContext& ctx, int32_t s, const RemovalBasis& b
         const SystemComponent& sc = chem.systemComponents[j];
         if (FixedByInput(sc.balanceKind)) {
             logIap += term.coefficient * std::log10(sc.freeConcentration);
-        } else if (sc.balanceKind == InpTypeTotalConc) {
+        } else if (sc.balanceKind == InputType::TotalConc) {
             const double c = FreeAfterRemoval(ctx, basis, j, term.coefficient, p);
             if (!(c > 0)) return false;
             logIap += term.coefficient * std::log10(c);
@@ -125,7 +124,7 @@ double LargestAmount(const CalcContext& ctx, int32_t s, const RemovalBasis& basi
         const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
         const int32_t j = term.systemComponent;
         const SystemComponent& sc = chem.systemComponents[j];
-        if (term.coefficient == 0 || sc.balanceKind != InpTypeTotalConc) continue;
+        if (term.coefficient == 0 || sc.balanceKind != InputType::TotalConc) continue;
         const double nu = std::abs(term.coefficient);
         if (IsProtonBalance(ctx, j)) {
             const bool usesUp = basis.hydrogenByDonors == (term.coefficient > 0);
@@ -150,7 +149,7 @@ void ApplyAmount(CalcContext& ctx, int32_t s, const RemovalBasis& basis, double 
         const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
         const int32_t j = term.systemComponent;
         SystemComponent& sc = chem.systemComponents[j];
-        if (term.coefficient == 0 || sc.balanceKind != InpTypeTotalConc) continue;
+        if (term.coefficient == 0 || sc.balanceKind != InputType::TotalConc) continue;
         if (basis.dissolved[j] == 0) continue;
         const double c = FreeAfterRemoval(ctx, basis, j, term.coefficient, p);
         sc.freeConcentration = c > 0 ? c : sc.freeConcentration / 10;

@@ -22,7 +22,7 @@ int32_t FractionComponent(const ChemicalSystem& chem, int32_t model, int32_t fra
     if (range.empty()) return -1;
     for (int32_t c = range.first; c <= range.last; ++c) {
         const Component& comp = chem.db().components[c];
-        if (comp.type != Organic || comp.organicModel != model) continue;
+        if (comp.type != ComponentType::Organic || comp.organicModel != model) continue;
         if (StartsWith(comp.name, "HA") == (fraction == kHumic)) return c;
     }
     return -1;
@@ -34,11 +34,11 @@ void AddSite(AssemblyWork& w, OrganicFraction& fr, int32_t model, int32_t fracti
     ChemicalSystem& chem = w.chem;
     const int32_t j = w.NewSystemComponent();
     SystemComponent& sc = chem.systemComponents[j];
-    sc.type = Organic;
+    sc.type = ComponentType::Organic;
     sc.name = name;
     sc.charge = -1;
     sc.givenValue = total;
-    sc.balanceKind = InpTypeTotalConc;
+    sc.balanceKind = InputType::TotalConc;
     sc.componentIndex = fr.organicComponent;
     const int32_t s = w.NewSpecies();
     Species& sp = chem.species[s];
@@ -162,7 +162,7 @@ int32_t FindHydroxoSpecies(AssemblyWork& w, int32_t metalRowSpecies) {
     const TypeRange range = chem.complexSpeciesRange;
     const int32_t systemCount = static_cast<int32_t>(chem.systemComponents.size());
     for (int32_t s = range.first; s <= range.last && s < static_cast<int32_t>(chem.species.size()); ++s) {
-        if (chem.species[s].kind != ComplexSpecies) continue;
+        if (chem.species[s].kind != SpeciesKind::ComplexSpecies) continue;
         bool same = true;
         for (int32_t j = 0; j < systemCount && same; ++j) {
             const int32_t expected = w.Coef(metalRowSpecies, j) - (j == 0 ? 1 : 0);
@@ -282,7 +282,7 @@ void AddOrganicSpecies(AssemblyWork& w) {
         if (!range.empty())
             for (int32_t e = range.first; e <= range.last; ++e) {
                 const Equilibrium& eq = chem.db().equilibria[e];
-                if (eq.type != EqOrganic || eq.organicModel != org.model) continue;
+                if (eq.type != EquilibriumType::Organic || eq.organicModel != org.model) continue;
                 int32_t metal = -1, hydrogenCoefficient = 0;
                 if (!EquilibriumTakesPart(chem, e, fr.organicComponent, metal, hydrogenCoefficient)) continue;
                 AddMetalBlock(w, fr, org.model, fraction, e, metal, hydrogenCoefficient);

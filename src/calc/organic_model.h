@@ -35,15 +35,15 @@ enum OrganicKindOffset : int32_t {
 };
 
 // First kind of the block of a model (code 2, 3, 4) and fraction (0, 1).
-int32_t OrganicKindBase(int32_t model, int32_t fraction);
+SpeciesKind OrganicKindBase(int32_t model, int32_t fraction);
 // Kind of a site component's free or protonated species; size 1, 2 or 3.
-int32_t SiteSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool protonated);
+SpeciesKind SiteSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool protonated);
 // Kind of a metal species at a combination of the given size.
-int32_t MetalSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool hydrolysed);
+SpeciesKind MetalSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool hydrolysed);
 // Fraction (0, 1) of an organic kind, -1 for inorganic kinds.
-int32_t FractionOfKind(int32_t kind);
+int32_t FractionOfKind(SpeciesKind kind);
 // True for the metal (and hydrolysed metal) kinds.
-bool IsOrganicMetalKind(int32_t kind);
+bool IsOrganicMetalKind(SpeciesKind kind);
 
 // --- parameters and the site layout ---
 

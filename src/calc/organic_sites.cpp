@@ -18,42 +18,45 @@ bool TypeA(int32_t site) { return site <= 4; }
 
 // --- kinds ---
 
-int32_t OrganicKindBase(int32_t model, int32_t fraction) {
+SpeciesKind OrganicKindBase(int32_t model, int32_t fraction) {
+    // blocks start at kinds 9 and 17 (Model 5), 25 and 37 (Model 6), 49 and 61 (Model 7)
     switch (model) {
         case Model5:
-            return fraction == kFulvic ? 9 : 17;
+            return OrganicKind(fraction == kFulvic ? 0 : 8);
         case Model6:
-            return fraction == kFulvic ? 25 : 37;
+            return OrganicKind(fraction == kFulvic ? 16 : 28);
         default:
-            return fraction == kFulvic ? 49 : 61;
+            return OrganicKind(fraction == kFulvic ? 40 : 52);
     }
 }
 
-int32_t SiteSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool protonated) {
-    const int32_t base = OrganicKindBase(model, fraction) + (size - 1);
-    if (model == Model5) return base + (protonated ? M5ProtonatedSingle : M5FreeSingle);
-    return base + (protonated ? M67ProtonatedSingle : M67FreeSingle);
+SpeciesKind SiteSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool protonated) {
+    const SpeciesKind base = OffsetKind(OrganicKindBase(model, fraction), size - 1);
+    if (model == Model5) return OffsetKind(base, protonated ? M5ProtonatedSingle : M5FreeSingle);
+    return OffsetKind(base, protonated ? M67ProtonatedSingle : M67FreeSingle);
 }
 
-int32_t MetalSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool hydrolysed) {
+SpeciesKind MetalSpeciesKind(int32_t model, int32_t fraction, int32_t size, bool hydrolysed) {
     const int32_t first = model == Model5 ? M5MetalSingle : M67MetalSingle;
-    return OrganicKindBase(model, fraction) + first + 2 * (size - 1) + (hydrolysed ? 1 : 0);
+    return OffsetKind(OrganicKindBase(model, fraction), first + 2 * (size - 1) + (hydrolysed ? 1 : 0));
 }
 
-int32_t FractionOfKind(int32_t kind) {
-    if (kind >= 9 && kind <= 16) return kFulvic;
-    if (kind >= 17 && kind <= 24) return kHumic;
-    if (kind >= 25 && kind <= 36) return kFulvic;
-    if (kind >= 37 && kind <= 48) return kHumic;
-    if (kind >= 49 && kind <= 60) return kFulvic;
-    if (kind >= 61 && kind <= 72) return kHumic;
-    return -1;
+int32_t FractionOfKind(SpeciesKind kind) {
+    const int32_t n = OrganicKindNumber(kind);
+    if (n < 0 || n >= kOrganicKindCount) return -1;
+    if (n < 8) return kFulvic;
+    if (n < 16) return kHumic;
+    if (n < 28) return kFulvic;
+    if (n < 40) return kHumic;
+    if (n < 52) return kFulvic;
+    return kHumic;
 }
 
-bool IsOrganicMetalKind(int32_t kind) {
-    if (kind < 9 || kind > 72) return false;
-    if (kind <= 24) return (kind - 9) % kModel5BlockSize >= M5MetalSingle;
-    return (kind - 25) % kModel67BlockSize >= M67MetalSingle;
+bool IsOrganicMetalKind(SpeciesKind kind) {
+    const int32_t n = OrganicKindNumber(kind);
+    if (n < 0 || n >= kOrganicKindCount) return false;
+    if (n < 16) return n % kModel5BlockSize >= M5MetalSingle;
+    return (n - 16) % kModel67BlockSize >= M67MetalSingle;
 }
 
 // --- parameters ---

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "core/chemical_types.h"
+
 namespace tormel {
 
 // Fractions of the organic matter.
@@ -72,7 +74,7 @@ struct OrganicFraction {
     bool present = false;
     double concentration = 0;  // C, g C/L
     int32_t organicComponent = -1;  // database component (FA5, HA7, ...)
-    int32_t kindBase = 0;           // first species kind of the fraction's block
+    SpeciesKind kindBase{};         // first species kind of the fraction's block
     OrganicParameters parameters;
     std::vector<OrganicSite> sites;
     std::vector<OrganicCombination> combinations;  // singles, then pairs, then triples

@@ -10,8 +10,8 @@ namespace tormel {
 namespace {
 
 // Class (0..5) of an organic species kind for the H+ component's class sums.
-int32_t ProtonClass(int32_t kind) {
-    switch (kind) {
+int32_t ProtonClass(SpeciesKind kind) {
+    switch (CodeOf(kind)) {
         case 11: case 28: case 52: return 0;
         case 19: case 40: case 64: return 1;
         case 12: case 29: case 53: return 2;
@@ -23,8 +23,8 @@ int32_t ProtonClass(int32_t kind) {
 }
 
 // Class (0..5) of an organic species kind for a metal's class sums.
-int32_t MetalClass(int32_t kind) {
-    switch (kind) {
+int32_t MetalClass(SpeciesKind kind) {
+    switch (CodeOf(kind)) {
         case 13: case 14: case 31: case 32: case 55: case 56: return 0;
         case 21: case 22: case 43: case 44: case 67: case 68: return 1;
         case 15: case 16: case 33: case 34: case 57: case 58: return 2;
@@ -53,7 +53,7 @@ void OrganicSums(CalcContext& ctx) {
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             SystemComponent& sc = chem.systemComponents[term.systemComponent];
-            if (sc.balanceKind == InpTypeTotalConc) sc.*field += term.coefficient * amount;
+            if (sc.balanceKind == InputType::TotalConc) sc.*field += term.coefficient * amount;
         }
     };
     for (int32_t f = 0; f < kOrganicFractions; ++f) {
@@ -76,7 +76,7 @@ void OrganicSums(CalcContext& ctx) {
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             SystemComponent& sc = chem.systemComponents[term.systemComponent];
-            if (sc.balanceKind != InpTypeTotalConc) continue;
+            if (sc.balanceKind != InputType::TotalConc) continue;
             sc.ddlSum[kFulvic] += term.coefficient * volume[kFulvic] * sp.organicTerms[kFulvic];
             sc.ddlSum[kHumic] += term.coefficient * volume[kHumic] * sp.organicTerms[kHumic];
         }
@@ -102,7 +102,7 @@ void AddOrganicCharges(const CalcContext& ctx, double& positive, double& negativ
 
 void OrganicClassSums(ChemicalSystem& chem) {
     for (SystemComponent& sc : chem.systemComponents)
-        if (sc.type != Organic) sc.organicClassSums = {};
+        if (sc.type != ComponentType::Organic) sc.organicClassSums = {};
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {
         const Species& sp = chem.species[s];
@@ -120,7 +120,7 @@ void OrganicClassSums(ChemicalSystem& chem) {
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
             SystemComponent& sc = chem.systemComponents[term.systemComponent];
-            if (term.systemComponent == 0 || sc.type == Organic) continue;
+            if (term.systemComponent == 0 || sc.type == ComponentType::Organic) continue;
             sc.organicClassSums[metalClass] += term.coefficient * sp.concentration;
         }
     }

@@ -67,8 +67,8 @@ void OrganicUpdate(CalcContext& ctx, bool& converged) {
     const int32_t count = static_cast<int32_t>(chem.systemComponents.size());
     for (int32_t j = 1; j < count; ++j) {
         const SystemComponent& sc = chem.systemComponents[j];
-        if (sc.balanceKind != InpTypeTotalConc) continue;
-        if (sc.type != Organic) {
+        if (sc.balanceKind != InputType::TotalConc) continue;
+        if (sc.type != ComponentType::Organic) {
             RatioUpdate(ctx, j);
             continue;
         }
@@ -94,10 +94,7 @@ void InitialiseOrganic(CalcContext& ctx) {
     }
     org.layerSpecies.clear();
     for (size_t s = 0; s < chem.species.size(); ++s) {
-        const int32_t kind = chem.species[s].kind;
-        if (kind == FreeComponent || kind == FreeHydroxide || kind == GasLigand || kind == RedoxPartner ||
-            kind == ComplexSpecies)
-            org.layerSpecies.push_back(static_cast<int32_t>(s));
+        if (IsDissolvedKind(chem.species[s].kind)) org.layerSpecies.push_back(static_cast<int32_t>(s));
     }
     org.stepLimit = 0.01f;
     org.chargeDamping = {};

@@ -18,7 +18,7 @@ void FillUnbalancedSums(ChemicalSystem& chem, double bulkFraction) {
     const int32_t systemCount = static_cast<int32_t>(chem.systemComponents.size());
     for (int32_t j = 0; j < systemCount; ++j) {
         SystemComponent& sc = chem.systemComponents[j];
-        if (sc.type != Gas && sc.balanceKind == InpTypeTotalConc) continue;
+        if (sc.type != ComponentType::Gas && sc.balanceKind == InputType::TotalConc) continue;
         ResetBalanceSums(sc);
         for (int32_t s = 0; s < speciesCount; ++s) {
             const Species& sp = chem.species[s];
@@ -37,7 +37,7 @@ void FillUnbalancedSums(ChemicalSystem& chem, double bulkFraction) {
 void PostProcess(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     SolverState& st = ctx.state;
-    const bool hydrogenIsTotal = chem.systemComponents[0].balanceKind == InpTypeTotalConc;
+    const bool hydrogenIsTotal = chem.systemComponents[0].balanceKind == InputType::TotalConc;
     // With a fixed pH the proton sums still tell how much H+ the species hold;
     // the sums of every unbalanced unknown (H+ among them) are then formed anew.
     if (!hydrogenIsTotal) ComputeProtonSums(ctx);
@@ -55,7 +55,7 @@ CalculationOutcome RunCalculation(CalcContext& ctx, bool showProgress) {
     outcome.refusal = std::move(assembly.refusal);
     if (!outcome.assembled) return outcome;
     ctx.state.inputChargeExcess = 0;
-    if (ctx.chem.systemComponents[0].balanceKind == InpTypeTotalConc)
+    if (ctx.chem.systemComponents[0].balanceKind == InputType::TotalConc)
         ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem, ctx.input);
     outcome.solve = SolveEquilibrium(ctx, showProgress);
     if (ctx.state.abortRequested) return outcome;

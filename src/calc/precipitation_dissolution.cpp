@@ -31,7 +31,7 @@ bool Negligible(const CalcContext& ctx, int32_t s, double amount) {
     for (int32_t e = 0; e < solid.componentTerms; ++e) {
         const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
         const SystemComponent& sc = chem.systemComponents[term.systemComponent];
-        if (term.coefficient == 0 || sc.balanceKind != InpTypeTotalConc) continue;
+        if (term.coefficient == 0 || sc.balanceKind != InputType::TotalConc) continue;
         // (a component's given total bounds the share too, should its
         // dissolved sum be far off while the iteration is still on its way)
         const double dissolved = term.systemComponent == 0

@@ -18,7 +18,7 @@ namespace {
 
 bool AnyFreeGiven(const ChemicalSystem& chem) {
     for (const SystemComponent& sc : chem.systemComponents)
-        if (sc.balanceKind == InpTypeFreeConc || sc.balanceKind == InpTypeFreeAct) return true;
+        if (sc.balanceKind == InputType::FreeConc || sc.balanceKind == InputType::FreeAct) return true;
     return false;
 }
 

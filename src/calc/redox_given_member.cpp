@@ -8,21 +8,17 @@
 
 namespace tormel {
 
-namespace {
-constexpr int32_t kGroupWithGivenMember = 5;
-}
-
 void FreeFromGivenMember(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     const int32_t systemCount = static_cast<int32_t>(chem.systemComponents.size());
     for (int32_t j = 0; j < systemCount; ++j) {
         SystemComponent& sc = chem.systemComponents[j];
-        if (sc.balanceKind != kGroupWithGivenMember) continue;
+        if (sc.balanceKind != InputType::RedoxMemberGiven) continue;
         const Component& member = chem.db().components[sc.givenMember];
         const int32_t memberIndex = chem.placement[sc.givenMember].systemIndex;
         double target = sc.givenValue;
-        if (ctx.input.components[sc.givenMember].inputType == InpTypeFreeAct) {
+        if (ctx.input.components[sc.givenMember].inputType == InputType::FreeAct) {
             const double z = member.charge;
             target /= std::pow(10.0, z * z * ctx.state.logGamma1);
         }

@@ -52,7 +52,7 @@ void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b
     chem.species[t].reactionRow = row;
     const int32_t linked = static_cast<int32_t>(eq.linkedCoefficient);
     if (!groupStep) {
-        const bool solidPartner = chem.db().components[n].type == RedSol;
+        const bool solidPartner = chem.db().components[n].type == ComponentType::RedSol;
         if (solidPartner)
             w.AddReactant(row, chem.db().Coefficient(b, e), compB.name, 0, "(s)");
         else
@@ -67,17 +67,17 @@ void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b
             const Component& electron = chem.db().components[chem.db().electronIndex];
             w.AddReactant(row, chem.db().Coefficient(chem.db().electronIndex, e), electron.name, electron.charge, "");
         }
-        const bool aqueous = compA.type != RedSol && compB.charge == 0;
+        const bool aqueous = compA.type != ComponentType::RedSol && compB.charge == 0;
         w.AddProduct(row, linked, compA.name, compA.charge, aqueous ? "(aq)" : "");
         return;
     }
-    bool solidTerm = compA.type == RedSol;
+    bool solidTerm = compA.type == ComponentType::RedSol;
     for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
         const int32_t nu = chem.db().Coefficient(k, e);
         if (nu == 0) continue;
         const Component& c = chem.db().components[k];
         w.AddReactant(row, nu, c.name, c.charge, "");
-        if (c.type == RedSol) solidTerm = true;
+        if (c.type == ComponentType::RedSol) solidTerm = true;
     }
     w.AddProduct(row, linked, compA.name, compA.charge, "");
     if (solidTerm) chem.species[t].addInfo = w.ctx.Text("EqDef", "AddInfoSolid");
@@ -87,7 +87,7 @@ void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b
 
 void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
     ChemicalSystem& chem = w.chem;
-    const TypeRange range = chem.db().equilibriumRange[EqRedox];
+    const TypeRange range = chem.db().equilibriumRange[EquilibriumType::Redox];
     if (range.empty()) return;
     const int32_t electronColumn =
         chem.db().electronIndex > 0 ? chem.placement[chem.db().electronIndex].systemIndex : -1;
@@ -98,7 +98,7 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
         bool added = false;
         for (int32_t e = range.first; e <= range.last; ++e) {
             const Equilibrium& eq = chem.db().equilibria[e];
-            if (eq.type != EqRedox) continue;
+            if (eq.type != EquilibriumType::Redox) continue;
             const int32_t a = eq.linkedComponent;
             const int32_t b = ReactionComponent(chem, e);
             if (a <= 0 || b < 0 || a >= chem.db().ComponentCount()) continue;
@@ -121,11 +121,11 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
 
             const Component& partner = chem.db().components[n];
             Species& t2 = chem.species[t];
-            if (partner.type == RedSol) {
-                t2.kind = RedoxPartnerSolid;
+            if (partner.type == ComponentType::RedSol) {
+                t2.kind = SpeciesKind::RedoxPartnerSolid;
                 t2.name = partner.name;
             } else {
-                t2.kind = RedoxPartner;
+                t2.kind = SpeciesKind::RedoxPartner;
                 t2.name = AssemblyWork::FreeName(partner.name);
             }
             t2.charge = partner.charge;

@@ -12,15 +12,16 @@ std::optional<double> SaltMeanActivityCoefficient(const Database& database, cons
     InputProblem input;
     input.components.resize(chem.db().components.size());
     for (size_t k = 0; k < chem.db().components.size(); ++k)
-        input.components[k].inputType = chem.db().components[k].type == Gas ? InpTypeGasPres : InpTypeTotalConc;
-    input.components[chem.db().hydroxideIndex].inputType = InpTypeNotSpecified;
+        input.components[k].inputType =
+            chem.db().components[k].type == ComponentType::Gas ? InputType::GasPres : InputType::TotalConc;
+    input.components[chem.db().hydroxideIndex].inputType = InputType::NotSpecified;
     const int32_t zc = chem.db().components[cation].charge;
     const int32_t za = -chem.db().components[anion].charge;
     input.components[cation].inputValue = salt.concentration * za;
     input.components[anion].inputValue = salt.concentration * zc;
     if (salt.hydrogenActivity > 0) {
         ComponentInput& h = input.components[chem.db().hydrogenIndex];
-        h.inputType = InpTypeFreeAct;
+        h.inputType = InputType::FreeAct;
         h.inputValue = salt.hydrogenActivity;
     }
     input.ionicStrengthModel = kMsaModel;

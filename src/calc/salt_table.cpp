@@ -33,14 +33,14 @@ void BuildSaltTable(CalcContext& ctx) {
     auto& table = ctx.state.saltRecords;
     table.clear();
     const int32_t count = static_cast<int32_t>(chem.systemComponents.size());
-    for (int32_t m = 0; m < count && chem.systemComponents[m].type == Cation; ++m) {
+    for (int32_t m = 0; m < count && chem.systemComponents[m].type == ComponentType::Cation; ++m) {
         const SystemComponent& cation = chem.systemComponents[m];
         if (!Sized(chem, cation)) continue;
         const int32_t sm = FreeSpeciesOf(chem, m);
         if (sm < 0) continue;
         for (int32_t x = m + 1; x < count; ++x) {
             const SystemComponent& ligand = chem.systemComponents[x];
-            if (ligand.type != Ligand || !Sized(chem, ligand)) continue;
+            if (ligand.type != ComponentType::Ligand || !Sized(chem, ligand)) continue;
             const int32_t sx = FreeSpeciesOf(chem, x);
             if (sx < 0) continue;
             const int32_t zm = cation.charge;

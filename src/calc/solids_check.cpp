@@ -14,14 +14,14 @@ namespace tormel {
 void AddSolidSpecies(AssemblyWork& work) {
     ChemicalSystem& chem = work.chem;
     const int32_t first = static_cast<int32_t>(chem.species.size());
-    AddEquilibriumSpecies(work, EqSolid);
+    AddEquilibriumSpecies(work, EquilibriumType::Solid);
     const int32_t end = static_cast<int32_t>(chem.species.size());
     chem.solidSpeciesRange = first < end ? TypeRange{first, end - 1} : TypeRange{};
     const std::string note = work.ctx.Text("EqDef", "AddInfoSolid");
     const int32_t width = chem.db().maxComponentsPerEquilibrium;
     for (int32_t s = first; s < end; ++s) {
         Species& solid = chem.species[s];
-        solid.kind = SolidSpecies;
+        solid.kind = SpeciesKind::SolidSpecies;
         solid.addInfo = note;
         for (int32_t k = 0; k < width; ++k) {
             chem.reactionReactants[Position(k, solid.reactionRow, width)].phase.clear();
@@ -44,7 +44,7 @@ std::string CheckSolidTotals(AssemblyWork& work) {
     for (int32_t s = range.first; s <= range.last; ++s) {
         int32_t count = 0;
         for (int32_t j = 0; j < systemCount; ++j)
-            if (chem.systemComponents[j].balanceKind == InpTypeTotalConc) count += std::abs(work.Coef(s, j));
+            if (chem.systemComponents[j].balanceKind == InputType::TotalConc) count += std::abs(work.Coef(s, j));
         st.solidTotalCounts.push_back(count);
         if (count == 0) names += chem.species[s].name + "; ";
     }

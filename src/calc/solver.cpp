@@ -18,26 +18,28 @@ namespace {
 
 double SaturationToleranceFor(double criterion) { return std::max(criterion, std::pow(10.0, 0.000499)); }
 
-bool IsMassBalance(const SystemComponent& sc) { return sc.balanceKind == InpTypeTotalConc; }
+bool IsMassBalance(const SystemComponent& sc) { return sc.balanceKind == InputType::TotalConc; }
 
 // Starting free concentrations of the unknowns by the way they are given.
 void StartingValues(CalcContext& ctx) {
     for (SystemComponent& sc : ctx.chem.systemComponents) {
         switch (sc.balanceKind) {
-            case InpTypeFreeConc:
+            case InputType::FreeConc:
                 sc.freeConcentration = sc.givenValue;
                 break;
-            case InpTypeFreeAct: {
+            case InputType::FreeAct: {
                 const double z = sc.charge;
                 sc.freeConcentration = sc.givenValue / std::pow(10.0, z * z * ctx.state.logGamma1);
                 break;
             }
-            case InpTypeGasPres:
+            case InputType::GasPres:
                 sc.freeConcentration = sc.givenValue;
                 break;
-            case InpTypeTotalConc:
+            case InputType::TotalConc:
                 if (&sc != &ctx.chem.systemComponents[0]) sc.balanceTotal = sc.givenValue;
-                if ((sc.type == Cation || sc.type == Ligand || sc.type == Ads) && sc.freeConcentration == 0)
+                if ((sc.type == ComponentType::Cation || sc.type == ComponentType::Ligand ||
+                     sc.type == ComponentType::Ads) &&
+                    sc.freeConcentration == 0)
                     sc.freeConcentration = sc.balanceTotal / 10;
                 break;
             default:
@@ -148,7 +150,7 @@ void InitialiseSolve(CalcContext& ctx) {
     SolverState& st = ctx.state;
     StartingValues(ctx);
     SystemComponent& hydrogen = chem.systemComponents[0];
-    st.protonBalanceMode = hydrogen.balanceKind == InpTypeTotalConc;
+    st.protonBalanceMode = hydrogen.balanceKind == InputType::TotalConc;
     if (st.protonBalanceMode) {
         const double logKw = chem.db().equilibria[chem.db().waterEquilibriumIndex].logK;
         hydrogen.freeConcentration = std::sqrt(std::pow(10.0, -std::fabs(logKw)));

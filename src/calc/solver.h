@@ -27,7 +27,7 @@ void ComputeProtonSums(CalcContext& ctx);
 // sumAll, the bulk sums and the calculated total of one system component.
 // Adds an amount of the unknown held by a species of `kind` to the sum of
 // its class (dissolved, adsorbed, solid; organic kinds have their own sums).
-void AddToSums(SystemComponent& sc, int32_t kind, double amount);
+void AddToSums(SystemComponent& sc, SpeciesKind kind, double amount);
 void CombineSums(SystemComponent& sc, double bulkFraction);
 // The ratio update of one mass-balance component.
 void RatioUpdate(CalcContext& ctx, int32_t component);

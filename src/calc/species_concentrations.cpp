@@ -13,8 +13,10 @@ namespace {
 // Kinds whose concentration follows from the mass-action law here; solids
 // keep their amount (an unknown of its own) and the remaining organic kinds
 // are computed by the organic model.
-bool ComputedHere(int32_t kind) {
-    if (kind >= FreeComponent && kind <= AdsorbedSpecies) return true;
+bool ComputedHere(SpeciesKind species) {
+    if (species >= SpeciesKind::FreeComponent && species <= SpeciesKind::AdsorbedSpecies) return true;
+    // the free and protonated site kinds of each organic block
+    const int32_t kind = CodeOf(species);
     return (kind >= 9 && kind <= 12) || (kind >= 17 && kind <= 20) || (kind >= 25 && kind <= 30) ||
            (kind >= 37 && kind <= 42) || (kind >= 49 && kind <= 54) || (kind >= 61 && kind <= 66);
 }

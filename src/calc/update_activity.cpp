@@ -26,7 +26,7 @@ double DaviesWorkingLogK(const Species& sp, double logGamma1) { return sp.logK +
 //    coefficient its free activity is converted with.
 double ComponentGammaForMsa(const ChemicalSystem& chem, const SolverState& st, int32_t j) {
     const SystemComponent& sc = chem.systemComponents[j];
-    if (sc.type == Gas) return 1.0;
+    if (sc.type == ComponentType::Gas) return 1.0;
     if (j < static_cast<int32_t>(st.firstSpeciesOf.size())) {
         const int32_t s = st.firstSpeciesOf[j];
         if (s >= 0 && chem.species[s].ionSize > 0) return chem.species[s].gamma;
@@ -46,15 +46,15 @@ void UpdateActivity(CalcContext& ctx) {
     for (int32_t s = 0; s < speciesCount; ++s) {
         Species& sp = chem.species[s];
         switch (sp.kind) {
-            case FreeHydroxide:
-            case GasLigand:
-            case RedoxPartner:
-            case RedoxPartnerSolid:
-            case AdsorbedSpecies:
-            case SolidSpecies:
+            case SpeciesKind::FreeHydroxide:
+            case SpeciesKind::GasLigand:
+            case SpeciesKind::RedoxPartner:
+            case SpeciesKind::RedoxPartnerSolid:
+            case SpeciesKind::AdsorbedSpecies:
+            case SpeciesKind::SolidSpecies:
                 sp.workingLogK = DaviesWorkingLogK(sp, st.logGamma1);
                 break;
-            case ComplexSpecies:
+            case SpeciesKind::ComplexSpecies:
                 if (msaComplexes && sp.ionSize > 0) {
                     double logProduct = 0;
                     for (int32_t e = 0; e < sp.componentTerms; ++e) {
@@ -78,7 +78,7 @@ void UpdateActivity(CalcContext& ctx) {
 
 void FreeFromActivity(CalcContext& ctx) {
     for (SystemComponent& sc : ctx.chem.systemComponents) {
-        if (sc.balanceKind != InpTypeFreeAct) continue;
+        if (sc.balanceKind != InputType::FreeAct) continue;
         const double z = sc.charge;
         sc.freeConcentration = sc.givenValue / std::pow(10.0, z * z * ctx.state.logGamma1);
     }

@@ -22,12 +22,12 @@ struct ComponentPlacement {
 };
 
 struct SystemComponent {
-    int32_t type = 0;
+    ComponentType type{};
     std::string name;
     int32_t charge = 0;
     double molarMass = 0;
     double givenValue = 0;
-    int32_t balanceKind = 0;
+    InputType balanceKind = InputType::NotSpecified;
     int32_t givenMember = 0;
     double balanceTotal = 0;
     double freeConcentration = 0;
@@ -44,7 +44,7 @@ struct SystemComponent {
 };
 
 struct Species {
-    int32_t kind = 0;  // SpeciesKind
+    SpeciesKind kind{};
     std::string name;
     int32_t charge = 0;
     int32_t componentTerms = 0;

@@ -7,18 +7,21 @@ namespace {
 
 std::optional<DatabaseError> ReadComponent(RecordFieldReader& in, Component& c, int promised) {
     if (auto e = in.Name(c.name, promised)) return e;
-    if (auto e = in.Int(c.type, "type")) return e;
-    if (c.type < Cation || c.type > Organic) return in.Fail("the type " + std::to_string(c.type) + " is not 1 to 7");
-    if (c.type != RedSol && c.type != Gas) {
+    int32_t code = 0;
+    if (auto e = in.Int(code, "type")) return e;
+    const std::optional<ComponentType> type = ComponentTypeFromCode(code);
+    if (!type) return in.Fail("the type " + std::to_string(code) + " is not 1 to 7");
+    c.type = *type;
+    if (c.type != ComponentType::RedSol && c.type != ComponentType::Gas) {
         if (auto e = in.Int(c.charge, "charge")) return e;
     }
-    if (c.type == Cation || c.type == Ligand || c.type == RedSol) {
+    if (c.type == ComponentType::Cation || c.type == ComponentType::Ligand || c.type == ComponentType::RedSol) {
         if (auto e = in.Real(c.molarMass, "molar mass")) return e;
     }
-    if (c.type == Cation || c.type == Ligand) {
+    if (c.type == ComponentType::Cation || c.type == ComponentType::Ligand) {
         if (auto e = in.Real(c.ionDiameter, "ion diameter")) return e;
     }
-    if (c.type == Organic) {
+    if (c.type == ComponentType::Organic) {
         if (auto e = in.Int(c.organicModel, "organic model code")) return e;
         if (c.organicModel < Model5 || c.organicModel > Model7)
             return in.Fail("the organic model code " + std::to_string(c.organicModel) + " is not 2, 3 or 4");
@@ -46,9 +49,9 @@ std::optional<DatabaseError> ReadComponentFile(Database& chem, const std::string
             chem.components.clear();
             return error;
         }
-        if (c.type == Organic)
+        if (c.type == ComponentType::Organic)
             ExtendTypeRange(chem.organicComponentRange[c.organicModel - Model5], i);
-        else if (c.type == Electron)
+        else if (c.type == ComponentType::Electron)
             chem.electronIndex = i;
         else
             ExtendTypeRange(chem.componentRange[c.type], i);

@@ -18,7 +18,7 @@
 namespace tormel {
 
 struct Component {
-    int32_t type = 0;  // ComponentType
+    ComponentType type{};
     std::string name;
     int32_t charge = 0;
     double molarMass = 0;
@@ -33,7 +33,7 @@ struct Component {
 };
 
 struct Equilibrium {
-    int32_t type = 0;  // EquilibriumType
+    EquilibriumType type{};
     std::string name;
     int32_t charge = 0;
     double logK = 0;
@@ -57,6 +57,14 @@ struct TypeRange {
     int32_t first = 0;
     int32_t last = 0;
     bool empty() const { return first == 0; }
+};
+
+// Type ranges indexed by the kind itself (code 0 unused).
+template <typename Kind>
+struct RangesByType {
+    std::array<TypeRange, 8> ranges{};
+    TypeRange& operator[](Kind kind) { return ranges[static_cast<size_t>(kind)]; }
+    const TypeRange& operator[](Kind kind) const { return ranges[static_cast<size_t>(kind)]; }
 };
 
 // Parameters of one organic model: [k][0] fulvic acid, [k][1] humic acid.
@@ -83,11 +91,11 @@ struct Database {
     int32_t electronIndex = 0;
     int32_t waterEquilibriumIndex = 0;
 
-    // component ranges by type 1..7 (2 unused) and type 7 per model code;
-    // equilibrium ranges by type 1..7 and type 7 per model code
-    std::array<TypeRange, 8> componentRange{};
+    // component ranges by type (Electron unused) and Organic per model code;
+    // equilibrium ranges by type and Organic per model code
+    RangesByType<ComponentType> componentRange{};
     std::array<TypeRange, 3> organicComponentRange{};
-    std::array<TypeRange, 8> equilibriumRange{};
+    RangesByType<EquilibriumType> equilibriumRange{};
     std::array<TypeRange, 3> organicEquilibriumRange{};
     // Which components each equilibrium is made of (equilibrium_index.h),
     // built by the loader.

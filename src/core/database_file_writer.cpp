@@ -25,11 +25,12 @@ std::string Cut(const std::string& text) {
 std::string FormatComponentFile(const Database& chem, const DatabaseFileHeader& header) {
     std::string out = Header(header, chem.components.size());
     for (const Component& c : chem.components) {
-        out += "\"" + Cut(c.name) + "\" " + std::to_string(c.type);
-        if (c.type != RedSol && c.type != Gas) out += " " + std::to_string(c.charge);
-        if (c.type == Cation || c.type == Ligand || c.type == RedSol) out += " " + Real(c.molarMass);
-        if (c.type == Cation || c.type == Ligand) out += " " + Real(c.ionDiameter);
-        if (c.type == Organic) out += " " + std::to_string(c.organicModel);
+        out += "\"" + Cut(c.name) + "\" " + std::to_string(CodeOf(c.type));
+        if (c.type != ComponentType::RedSol && c.type != ComponentType::Gas) out += " " + std::to_string(c.charge);
+        if (c.type == ComponentType::Cation || c.type == ComponentType::Ligand || c.type == ComponentType::RedSol)
+            out += " " + Real(c.molarMass);
+        if (c.type == ComponentType::Cation || c.type == ComponentType::Ligand) out += " " + Real(c.ionDiameter);
+        if (c.type == ComponentType::Organic) out += " " + std::to_string(c.organicModel);
         out += "\n";
     }
     return out;
@@ -39,16 +40,17 @@ std::string FormatEquilibriumFile(const Database& chem, const DatabaseFileHeader
     std::string out = Header(header, chem.equilibria.size());
     for (int32_t e = 0; e < chem.EquilibriumCount(); ++e) {
         const Equilibrium& q = chem.equilibria[static_cast<size_t>(e)];
-        out += "\"" + Cut(q.name) + "\" " + std::to_string(q.type);
-        if (q.type == EqRedox || q.type == EqGas)
+        out += "\"" + Cut(q.name) + "\" " + std::to_string(CodeOf(q.type));
+        if (q.type == EquilibriumType::Redox || q.type == EquilibriumType::Gas)
             out += " " + std::to_string(q.linkedComponent + 1) + " " + Real(q.linkedCoefficient);
-        if (q.type == EqOrganic) out += " " + std::to_string(q.organicModel);
-        if (q.type == EqWater || q.type == EqComplex || q.type == EqAdsorption || q.type == EqOrganic)
+        if (q.type == EquilibriumType::Organic) out += " " + std::to_string(q.organicModel);
+        if (q.type == EquilibriumType::Water || q.type == EquilibriumType::Complex ||
+            q.type == EquilibriumType::Adsorption || q.type == EquilibriumType::Organic)
             out += " " + std::to_string(q.charge);
         out += " " + Real(q.logK) + " " + Real(q.secondReal) + " " + Real(q.thirdReal);
-        if (q.type != EqOrganic) out += " " + std::to_string(q.deltaZ2);
+        if (q.type != EquilibriumType::Organic) out += " " + std::to_string(q.deltaZ2);
         out += q.hasEnthalpy ? " 1 " + Real(q.enthalpy) : std::string(" 0");
-        if (q.type == EqComplex) out += " " + Real(q.complexDiameter);
+        if (q.type == EquilibriumType::Complex) out += " " + Real(q.complexDiameter);
         out += " " + std::to_string(q.literatureRef + 1);
         std::string pairs;
         int32_t n = 0;
@@ -59,8 +61,9 @@ std::string FormatEquilibriumFile(const Database& chem, const DatabaseFileHeader
             ++n;
         }
         out += " " + std::to_string(n) + pairs;
-        if (q.type == EqOrganic && q.organicModel == Model6) out += " " + Real(q.organicReal1) + " " + Real(q.organicReal2);
-        if (q.type == EqOrganic && q.organicModel == Model7) out += " " + Real(q.organicReal2);
+        if (q.type == EquilibriumType::Organic && q.organicModel == Model6)
+            out += " " + Real(q.organicReal1) + " " + Real(q.organicReal2);
+        if (q.type == EquilibriumType::Organic && q.organicModel == Model7) out += " " + Real(q.organicReal2);
         out += "\n";
     }
     return out;

@@ -21,9 +21,12 @@ std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, Database& ch
     Equilibrium& q = chem.equilibria[static_cast<size_t>(index)];
     const int32_t componentCount = chem.ComponentCount();
     if (auto e = in.Name(q.name, promised)) return e;
-    if (auto e = in.Int(q.type, "type")) return e;
-    if (q.type < EqWater || q.type > EqOrganic) return in.Fail("the type " + std::to_string(q.type) + " is not 1 to 7");
-    if (q.type == EqRedox || q.type == EqGas) {
+    int32_t code = 0;
+    if (auto e = in.Int(code, "type")) return e;
+    const std::optional<EquilibriumType> type = EquilibriumTypeFromCode(code);
+    if (!type) return in.Fail("the type " + std::to_string(code) + " is not 1 to 7");
+    q.type = *type;
+    if (q.type == EquilibriumType::Redox || q.type == EquilibriumType::Gas) {
         int32_t linked = 0;
         if (auto e = in.Int(linked, "linked component")) return e;
         if (linked < 1 || linked > componentCount)
@@ -31,18 +34,19 @@ std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, Database& ch
         q.linkedComponent = linked - 1;
         if (auto e = in.Real(q.linkedCoefficient, "linked coefficient")) return e;
     }
-    if (q.type == EqOrganic) {
+    if (q.type == EquilibriumType::Organic) {
         if (auto e = in.Int(q.organicModel, "organic model code")) return e;
         if (q.organicModel < Model5 || q.organicModel > Model7)
             return in.Fail("the organic model code " + std::to_string(q.organicModel) + " is not 2, 3 or 4");
     }
-    if (q.type == EqWater || q.type == EqComplex || q.type == EqAdsorption || q.type == EqOrganic) {
+    if (q.type == EquilibriumType::Water || q.type == EquilibriumType::Complex ||
+        q.type == EquilibriumType::Adsorption || q.type == EquilibriumType::Organic) {
         if (auto e = in.Int(q.charge, "charge")) return e;
     }
     if (auto e = in.Real(q.logK, "log K")) return e;
     if (auto e = in.Real(q.secondReal, "second real")) return e;
     if (auto e = in.Real(q.thirdReal, "third real")) return e;
-    if (q.type != EqOrganic) {
+    if (q.type != EquilibriumType::Organic) {
         if (auto e = in.Int(q.deltaZ2, "delta z squared")) return e;
     }
     int32_t flag = 0;
@@ -51,7 +55,7 @@ std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, Database& ch
     if (q.hasEnthalpy) {
         if (auto e = in.Real(q.enthalpy, "enthalpy")) return e;
     }
-    if (q.type == EqComplex) {
+    if (q.type == EquilibriumType::Complex) {
         if (auto e = in.Real(q.complexDiameter, "ion diameter")) return e;
     }
     int32_t literature = 0;
@@ -69,17 +73,17 @@ std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, Database& ch
             return in.Fail("the component number " + std::to_string(number) + " is not between 1 and " +
                            std::to_string(componentCount));
         chem.Coefficient(number - 1, index) = coefficient;
-        if (q.type == EqWater) {
-            if (chem.components[static_cast<size_t>(number - 1)].type == Cation)
+        if (q.type == EquilibriumType::Water) {
+            if (chem.components[static_cast<size_t>(number - 1)].type == ComponentType::Cation)
                 chem.hydrogenIndex = number - 1;
             else
                 chem.hydroxideIndex = number - 1;
         }
     }
-    if (q.type == EqOrganic && q.organicModel == Model6) {
+    if (q.type == EquilibriumType::Organic && q.organicModel == Model6) {
         if (auto e = in.Real(q.organicReal1, "first organic real")) return e;
         if (auto e = in.Real(q.organicReal2, "second organic real")) return e;
-    } else if (q.type == EqOrganic && q.organicModel == Model7) {
+    } else if (q.type == EquilibriumType::Organic && q.organicModel == Model7) {
         if (auto e = in.Real(q.organicReal2, "organic real")) return e;
     }
     return std::nullopt;
@@ -89,11 +93,11 @@ std::optional<DatabaseError> ReadEquilibrium(RecordFieldReader& in, Database& ch
 void Record(Database& chem, int32_t index) {
     const Equilibrium& q = chem.equilibria[static_cast<size_t>(index)];
     if (q.componentCount > chem.maxComponentsPerEquilibrium) chem.maxComponentsPerEquilibrium = q.componentCount;
-    if (q.type == EqWater) {
+    if (q.type == EquilibriumType::Water) {
         chem.waterEquilibriumIndex = index;
         chem.components[static_cast<size_t>(chem.hydrogenIndex)].waterPartnerOfH = chem.hydroxideIndex;
         chem.components[static_cast<size_t>(chem.hydroxideIndex)].waterPartnerOfOH = chem.hydrogenIndex;
-    } else if (q.type == EqOrganic) {
+    } else if (q.type == EquilibriumType::Organic) {
         ExtendTypeRange(chem.organicEquilibriumRange[q.organicModel - Model5], index);
         OrganicModelParameters& p = chem.Organic(q.organicModel);
         if (p.literatureRef == 0 && q.literatureRef > 0) p.literatureRef = q.literatureRef;

@@ -80,7 +80,7 @@ std::vector<EquilibriumTerm> TermsOf(const Database& db, int32_t equilibrium) {
     return terms;
 }
 
-std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, int32_t type) {
+std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type) {
     const Database& db = chem.db();
     std::vector<int32_t> found;
     const TypeRange range = db.equilibriumRange[type];

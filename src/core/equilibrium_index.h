@@ -14,6 +14,8 @@
 #include <span>
 #include <vector>
 
+#include "core/chemical_types.h"
+
 namespace tormel {
 
 struct ChemicalSystem;
@@ -63,6 +65,6 @@ std::vector<EquilibriumTerm> TermsOf(const Database& db, int32_t equilibrium);
 // The equilibria of `type`, within the type's range, whose components all
 // take part in the current calculation (their inInput placement flag), in ascending
 // order. Without a fitting index in the database a temporary one is built.
-std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, int32_t type);
+std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type);
 
 }  // namespace tormel

@@ -8,13 +8,13 @@ namespace tormel {
 namespace {
 
 void LinkGases(Database& chem) {
-    const TypeRange range = chem.equilibriumRange[EqGas];
+    const TypeRange range = chem.equilibriumRange[EquilibriumType::Gas];
     if (range.empty()) return;
     for (int32_t e = range.first; e <= range.last; ++e) {
         const Equilibrium& q = chem.equilibria[static_cast<size_t>(e)];
-        if (q.type != EqGas) continue;
+        if (q.type != EquilibriumType::Gas) continue;
         for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
-            if (chem.Coefficient(c, e) > 0 && chem.components[static_cast<size_t>(c)].type == Ligand) {
+            if (chem.Coefficient(c, e) > 0 && chem.components[static_cast<size_t>(c)].type == ComponentType::Ligand) {
                 chem.components[static_cast<size_t>(c)].gasPartner = q.linkedComponent;
                 chem.components[static_cast<size_t>(q.linkedComponent)].linkedLigand = c;
                 break;
@@ -34,11 +34,11 @@ int32_t RedoxPartner(const Database& chem, int32_t e) {
 }
 
 void LinkRedoxGroups(Database& chem) {
-    const TypeRange range = chem.equilibriumRange[EqRedox];
+    const TypeRange range = chem.equilibriumRange[EquilibriumType::Redox];
     if (range.empty()) return;
     std::vector<int32_t> redox;
     for (int32_t e = range.first; e <= range.last; ++e)
-        if (chem.equilibria[static_cast<size_t>(e)].type == EqRedox) redox.push_back(e);
+        if (chem.equilibria[static_cast<size_t>(e)].type == EquilibriumType::Redox) redox.push_back(e);
     std::vector<bool> visited(redox.size(), false);
     for (size_t a = 0; a < redox.size(); ++a) {
         if (visited[a]) continue;

@@ -21,9 +21,9 @@ std::optional<DatabaseError> CheckReferences(const Database& chem, const std::st
                                      " is not in the literature file (" +
                                      std::to_string(chem.LiteratureReferenceCount()) + " references)"};
     }
-    if (chem.equilibria.empty() || chem.equilibria[0].type != EqWater)
+    if (chem.equilibria.empty() || chem.equilibria[0].type != EquilibriumType::Water)
         return DatabaseError{path, 0, "equilibrium 1", "the first equilibrium must be the dissociation of water"};
-    if (chem.components.empty() || chem.components[0].type != Cation)
+    if (chem.components.empty() || chem.components[0].type != ComponentType::Cation)
         return DatabaseError{WorkingCopyPath(dataFolder, DbComponents), 0, "component 1",
                              "the first component must be H+"};
     return std::nullopt;

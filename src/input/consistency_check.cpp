@@ -8,7 +8,7 @@ namespace tormel {
 
 namespace {
 
-bool IsFreeValue(int32_t inputType) { return inputType == InpTypeFreeConc || inputType == InpTypeFreeAct; }
+bool IsFreeValue(InputType inputType) { return inputType == InputType::FreeConc || inputType == InputType::FreeAct; }
 
 const Component* ComponentAt(const Database& db, int32_t index) {
     if (index < 0 || index >= db.ComponentCount()) return nullptr;
@@ -26,8 +26,10 @@ void CheckHydrogen(const InputProblem& input, const Database& db, const Language
     const ComponentInput* oh = InputAt(input, db, db.hydroxideIndex);
     if (!h) return;
     if (h->inputValue == 0) {
-        if (h->inputType == InpTypeFreeConc) errors += LanguageText(lang, "Input", "ConsistencyError1") + "\n";
-        else if (h->inputType == InpTypeFreeAct) errors += LanguageText(lang, "Input", "ConsistencyError2") + "\n";
+        if (h->inputType == InputType::FreeConc)
+            errors += LanguageText(lang, "Input", "ConsistencyError1") + "\n";
+        else if (h->inputType == InputType::FreeAct)
+            errors += LanguageText(lang, "Input", "ConsistencyError2") + "\n";
     }
     if (oh && IsFreeValue(h->inputType) && IsFreeValue(oh->inputType))
         errors += LanguageText(lang, "Input", "ConsistencyError3") + "\n";
@@ -40,12 +42,12 @@ std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const Database
     std::vector<bool> fixedByGas(db.components.size(), false);
     for (int32_t e = 0; e < db.EquilibriumCount(); ++e) {
         const Equilibrium& eq = db.equilibria[static_cast<size_t>(e)];
-        if (eq.type != EqGas) continue;
+        if (eq.type != EquilibriumType::Gas) continue;
         const Component* gas = ComponentAt(db, eq.linkedComponent);
         if (!gas || !(input.components[static_cast<size_t>(eq.linkedComponent)].inputValue > 0)) continue;
         for (int32_t k = 0; k < db.ComponentCount(); ++k) {
             const Component& ligand = db.components[static_cast<size_t>(k)];
-            if (db.Coefficient(k, e) == 0 || ligand.type != Ligand) continue;
+            if (db.Coefficient(k, e) == 0 || ligand.type != ComponentType::Ligand) continue;
             fixedByGas[static_cast<size_t>(k)] = true;
             if (input.components[static_cast<size_t>(k)].inputValue == 0) continue;
             warnings += LanguageText(lang, "Input", "ConsistencyError4") + " " + gas->name + "\n" +
@@ -61,7 +63,7 @@ void CheckRedoxSolids(const InputProblem& input, const Database& db, const Langu
     if (input.redox) return;
     for (size_t k = 0; k < db.components.size(); ++k) {
         const Component& c = db.components[k];
-        if (c.type != RedSol || !(input.components[k].inputValue > 0)) continue;
+        if (c.type != ComponentType::RedSol || !(input.components[k].inputValue > 0)) continue;
         warnings += LanguageText(lang, "Input", "ConsistencyError7") + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError8") + " " + c.name + ".\n" +
                     LanguageText(lang, "Input", "ConsistencyError9") + "\n";
@@ -101,13 +103,13 @@ void CheckRedoxGroups(const InputProblem& input, const Database& db, const std::
                 gasFixed = true;
             } else if (const ComponentInput& given = input.components[static_cast<size_t>(m)];
                        given.inputValue != 0) {
-                if (given.inputType == InpTypeTotalConc) {
+                if (given.inputType == InputType::TotalConc) {
                     ++totals;
                     valueText += LanguageText(lang, "Input", "ConsistencyError17");
-                } else if (given.inputType == InpTypeFreeConc) {
+                } else if (given.inputType == InputType::FreeConc) {
                     ++freeValues;
                     valueText += LanguageText(lang, "Input", "ConsistencyError15");
-                } else if (given.inputType == InpTypeFreeAct) {
+                } else if (given.inputType == InputType::FreeAct) {
                     ++freeValues;
                     valueText += LanguageText(lang, "Input", "ConsistencyError16");
                 }

@@ -184,7 +184,8 @@ bool ApplyComponentLine(ComponentInput& component, std::string_view value) {
 // line, a ligand for the anion line, or component 0, which stands for none
 // chosen (the writer writes its name then).
 bool NeutralisesAs(const Database& db, int32_t index, bool cation) {
-    return index == 0 || db.components[static_cast<size_t>(index)].type == (cation ? Cation : Ligand);
+    return index == 0 ||
+           db.components[static_cast<size_t>(index)].type == (cation ? ComponentType::Cation : ComponentType::Ligand);
 }
 
 }  // namespace

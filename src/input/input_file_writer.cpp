@@ -24,7 +24,7 @@ std::string ComponentName(const Database& db, int32_t index) {
     return db.components.empty() ? std::string() : db.components[static_cast<size_t>(index)].name;
 }
 
-void AppendComponentLine(std::string& out, const Component& c, double inputValue, int32_t inputType) {
+void AppendComponentLine(std::string& out, const Component& c, double inputValue, InputType inputType) {
     out += c.name;
     out += FormatC(": %.16G ", inputValue);
     out += InputTypeFileText(inputType);
@@ -76,8 +76,8 @@ std::string FormatInputFile(const InputProblem& input, const Database& db) {
     for (int32_t i = 0; i < db.ComponentCount(); ++i) {
         const Component& c = db.components[static_cast<size_t>(i)];
         const ComponentInput& given = input.components[static_cast<size_t>(i)];
-        if (c.type == Electron) {
-            if (input.redox) AppendComponentLine(out, c, given.inputValue, InpTypeFreeAct);
+        if (c.type == ComponentType::Electron) {
+            if (input.redox) AppendComponentLine(out, c, given.inputValue, InputType::FreeAct);
         } else if (i == db.hydrogenIndex || given.inputValue != 0) {
             AppendComponentLine(out, c, given.inputValue, given.inputType);
         }

@@ -20,7 +20,7 @@ constexpr size_t kDescriptionLimit = 259;
 // What the user gives for one database component.
 struct ComponentInput {
     double inputValue = 0;
-    int32_t inputType = InpTypeNotSpecified;
+    InputType inputType = InputType::NotSpecified;
     bool operator==(const ComponentInput&) const = default;
 };
 

@@ -16,14 +16,15 @@ constexpr std::array<std::string_view, 5> kTypeTexts = {
 
 }  // namespace
 
-std::string_view InputTypeFileText(int32_t inputType) {
-    if (inputType < InpTypeNotSpecified || inputType > InpTypeGasPres) return {};
-    return kTypeTexts[static_cast<size_t>(inputType)];
+std::string_view InputTypeFileText(InputType inputType) {
+    const size_t index = static_cast<size_t>(CodeOf(inputType));
+    if (index >= kTypeTexts.size()) return {};
+    return kTypeTexts[index];
 }
 
-std::optional<int32_t> InputTypeFromFileText(std::string_view text) {
+std::optional<InputType> InputTypeFromFileText(std::string_view text) {
     for (size_t i = 0; i < kTypeTexts.size(); ++i)
-        if (EqualsIgnoreCase(text, kTypeTexts[i])) return static_cast<int32_t>(i);
+        if (EqualsIgnoreCase(text, kTypeTexts[i])) return static_cast<InputType>(i);
     return std::nullopt;
 }
 

@@ -4,15 +4,17 @@
 #include <optional>
 #include <string_view>
 
+#include "core/chemical_types.h"
+
 namespace tormel {
 
 // "(not specified; for OH only)", "(free concentration)", "(free activity)",
 // "(total concentration)" or "(partial pressure)" for types 0..4; empty for
 // any other value.
-std::string_view InputTypeFileText(int32_t inputType);
+std::string_view InputTypeFileText(InputType inputType);
 
 // The input type named by `text` (compared without regard to letter case);
 // nullopt when it names none.
-std::optional<int32_t> InputTypeFromFileText(std::string_view text);
+std::optional<InputType> InputTypeFromFileText(std::string_view text);
 
 }  // namespace tormel

@@ -23,23 +23,23 @@ void SetProgramDefaults(InputProblem& input, const Database& db) {
     for (size_t k = 0; k < db.components.size(); ++k) {
         const Component& c = db.components[k];
         ComponentInput& given = input.components[k];
-        if (c.type == Electron) {
+        if (c.type == ComponentType::Electron) {
             given.inputValue = 1.0;
-            given.inputType = InpTypeFreeAct;
-        } else if (c.type == Gas) {
+            given.inputType = InputType::FreeAct;
+        } else if (c.type == ComponentType::Gas) {
             given.inputValue = 0;
-            given.inputType = InpTypeGasPres;
+            given.inputType = InputType::GasPres;
         } else if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0) {
-            if (c.type == Cation) {
+            if (c.type == ComponentType::Cation) {
                 given.inputValue = 1e-7;
-                given.inputType = InpTypeFreeAct;
+                given.inputType = InputType::FreeAct;
             } else {
                 given.inputValue = 0;
-                given.inputType = InpTypeNotSpecified;
+                given.inputType = InputType::NotSpecified;
             }
         } else {
             given.inputValue = 0;
-            given.inputType = InpTypeTotalConc;
+            given.inputType = InputType::TotalConc;
         }
     }
 }

@@ -30,7 +30,7 @@ std::string PowerOfTenText(const std::string& exponent) {
 }  // namespace
 
 std::string WaterFieldLine(const WaterField& field, const Database& db) {
-    const std::string_view freeActivity = InputTypeFileText(InpTypeFreeAct);
+    const std::string_view freeActivity = InputTypeFileText(InputType::FreeAct);
     // the electron has index 0 only when the database has none
     const bool ph = field.name == "pH", pe = field.name == "pe" && db.electronIndex > 0;
     if ((ph || pe) && !db.components.empty()) {

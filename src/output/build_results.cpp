@@ -13,20 +13,17 @@ namespace tormel {
 
 namespace {
 
-
-bool Reported(int32_t type) { return type == Cation || type == Electron || type == Ligand || type == Ads || type == Gas; }
-
-bool IsInorganic(int32_t kind) { return kind >= FreeComponent && kind <= SolidSpecies; }
-
-bool Dissolved(int32_t kind) {
-    return kind == FreeComponent || kind == FreeHydroxide || kind == GasLigand || kind == RedoxPartner ||
-           kind == ComplexSpecies;
+bool Reported(ComponentType type) {
+    return type == ComponentType::Cation || type == ComponentType::Electron || type == ComponentType::Ligand ||
+           type == ComponentType::Ads || type == ComponentType::Gas;
 }
 
-int32_t Category(int32_t kind) {
-    if (Dissolved(kind)) return CategoryDissolved;
-    if (kind == AdsorbedSpecies) return CategoryAdsorbed;
-    if (kind == RedoxPartnerSolid || kind == SolidSpecies) return CategorySolid;
+bool IsInorganic(SpeciesKind kind) { return kind >= SpeciesKind::FreeComponent && kind <= SpeciesKind::SolidSpecies; }
+
+int32_t Category(SpeciesKind kind) {
+    if (IsDissolvedKind(kind)) return CategoryDissolved;
+    if (kind == SpeciesKind::AdsorbedSpecies) return CategoryAdsorbed;
+    if (IsSolidKind(kind)) return CategorySolid;
     return CategoryOrganic;
 }
 
@@ -54,7 +51,7 @@ void FillGasNames(const CalcContext& calc, int32_t c, ComponentResult& result) {
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {
         const Species& sp = chem.species[s];
-        if (sp.kind != GasLigand) continue;
+        if (sp.kind != SpeciesKind::GasLigand) continue;
         bool holds = false;
         for (int32_t e = 0; e < sp.componentTerms && !holds; ++e) holds = Term(chem, s, e).systemComponent == c;
         if (!holds) continue;
@@ -75,7 +72,7 @@ ComponentResult MakeComponentResult(const CalcContext& calc, int32_t c) {
     if (!Reported(sc.type)) return result;
     result.kind = sc.type;
     result.name = sc.name;
-    if (sc.type == Gas) {
+    if (sc.type == ComponentType::Gas) {
         FillGasNames(calc, c, result);
     } else {
         result.displayName = calc.input.redox ? RedoxGroupName(chem, sc.name, sc.componentIndex) : sc.name;
@@ -84,8 +81,8 @@ ComponentResult MakeComponentResult(const CalcContext& calc, int32_t c) {
     result.amounts[AmountAdsorbed] = sc.bulkAdsorbed;
     result.amounts[AmountSolid] = sc.bulkSolid;
     result.amounts[AmountOrganic] = sc.boundOrganic;
-    const bool calculated =
-        sc.type == Gas || c == 0 || sc.balanceKind == InpTypeFreeConc || sc.balanceKind == InpTypeFreeAct;
+    const bool calculated = sc.type == ComponentType::Gas || c == 0 || sc.balanceKind == InputType::FreeConc ||
+                            sc.balanceKind == InputType::FreeAct;
     result.amounts[AmountTotal] = calculated ? sc.calculatedTotal : sc.balanceTotal;
     for (int32_t k = 0; k < 6; ++k) result.siteAmounts[k] = sc.organicClassSums[k];
     result.siteAmounts[SiteDiffuseFulvic] = sc.ddlSum[0];
@@ -101,17 +98,17 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
     const Species& sp = chem.species[s];
     SpeciesResult result;
     result.kind = sp.kind;
-    result.hasConstants = sp.kind >= FreeHydroxide && sp.kind <= SolidSpecies;
+    result.hasConstants = sp.kind >= SpeciesKind::FreeHydroxide && sp.kind <= SpeciesKind::SolidSpecies;
     result.category = Category(sp.kind);
-    result.name = Dissolved(sp.kind) ? sp.name + ChargeSuffix(sp.charge) : sp.name;
-    result.charge = Dissolved(sp.kind) || sp.kind == AdsorbedSpecies ? sp.charge : 0;
+    result.name = IsDissolvedKind(sp.kind) ? sp.name + ChargeSuffix(sp.charge) : sp.name;
+    result.charge = IsDissolvedKind(sp.kind) || sp.kind == SpeciesKind::AdsorbedSpecies ? sp.charge : 0;
     result.concentration = sp.concentration;
-    result.hasActivity = Dissolved(sp.kind);
+    result.hasActivity = IsDissolvedKind(sp.kind);
     if (result.hasActivity)
         result.activity = sp.concentration * std::pow(10.0, sp.charge * sp.charge * calc.state.logGamma1);
     if (result.hasConstants) {
         result.intrinsicLogK = sp.logKDatabase;
-        if (sp.kind <= RedoxPartner) {
+        if (sp.kind <= SpeciesKind::RedoxPartner) {
             result.conditionalLogK = -sp.workingLogK;
         } else if (sp.logKDatabase == sp.logK) {
             result.conditionalLogK = sp.workingLogK;
@@ -120,10 +117,10 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
                 sp.logKDatabase + calc.state.logGamma1 * sp.deltaZ2Stored + sp.tempCorrectionDatabase;
         }
     }
-    result.literatureIndex = sp.kind == FreeComponent ? -1 : sp.literatureRef;
+    result.literatureIndex = sp.kind == SpeciesKind::FreeComponent ? -1 : sp.literatureRef;
     result.literature = LiteratureText(chem, sp.literatureRef);
     result.reactionDefinition = result.hasConstants ? sp.reactionRow : -1;
-    if (sp.kind == SolidSpecies) {
+    if (sp.kind == SpeciesKind::SolidSpecies) {
         double value = sp.workingLogK;
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& term = Term(chem, s, e);
@@ -169,7 +166,7 @@ void AddSpeciesLists(const ChemicalSystem& chem, SetRecords& records) {
             const CompositionTerm& term = Term(chem, s, e);
             if (term.systemComponent < 0 || static_cast<size_t>(term.systemComponent) >= records.components.size())
                 continue;
-            if (chem.systemComponents[term.systemComponent].type == Organic) continue;
+            if (chem.systemComponents[term.systemComponent].type == ComponentType::Organic) continue;
             char entry[32];
             char* end = std::to_chars(entry, entry + 12, s + 1).ptr;
             *end++ = '=';
@@ -231,7 +228,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     records.componentInfos.reserve(static_cast<size_t>(componentCount));
     for (int32_t c = 0; c < componentCount; ++c) {
         records.components.push_back(MakeComponentResult(calc, c));
-        if (records.components.back().kind > 0) ++header.reportedComponentCount;
+        if (records.components.back().Reported()) ++header.reportedComponentCount;
     }
 
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());

@@ -11,11 +11,11 @@ std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\
 std::string Number(double value) { return FormatC("%.16G", value); }
 
 // The heading of the exported components of a kind.
-const char* SectionKey(int32_t kind) {
+const char* SectionKey(ComponentType kind) {
     switch (kind) {
-        case Ligand:
+        case ComponentType::Ligand:
             return "ligands";
-        case Gas:
+        case ComponentType::Gas:
             return "gases";
         default:
             return "cations";
@@ -44,11 +44,11 @@ public:
     std::string Write() {
         out_ += Quoted(context_.Text("CalcVersion") + " " + context_.programVersion) + "\n\n";
         out_ += Quoted(context_.Text("HeaderCSV")) + "\n\n";
-        out_ += Quoted(context_.Text(SectionKey(Cation))) + "\n";
+        out_ += Quoted(context_.Text(SectionKey(ComponentType::Cation))) + "\n";
         const SetView view = ViewSet(store_, set_);
-        int32_t previousKind = Cation;
+        ComponentType previousKind = ComponentType::Cation;
         for (size_t i = 0; i < view.components.size(); ++i) {
-            const int32_t kind = view.components[i].kind;
+            const ComponentType kind = view.components[i].kind;
             if (!IsExportedKind(kind)) continue;
             if (kind != previousKind) out_ += "\n" + Quoted(context_.Text(SectionKey(kind))) + "\n";
             previousKind = kind;

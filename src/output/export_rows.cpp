@@ -16,7 +16,9 @@ constexpr std::array<const char*, 4> kSiteGroupKeys = {"OrgGroupMono", "OrgGroup
 
 std::string ProgramFileVersion() { return TORMEL_VERSION ".0"; }
 
-bool IsExportedKind(int32_t kind) { return kind == Cation || kind == Ligand || kind == Gas; }
+bool IsExportedKind(ComponentType kind) {
+    return kind == ComponentType::Cation || kind == ComponentType::Ligand || kind == ComponentType::Gas;
+}
 
 double ExportFraction(double amount, double total, bool singlePrecisionAmount) {
     const double a = singlePrecisionAmount ? static_cast<double>(static_cast<float>(amount)) : amount;

@@ -30,7 +30,7 @@ struct ExportContext {
 };
 
 // Components of these kinds are exported: cations, ligands, gases.
-bool IsExportedKind(int32_t kind);
+bool IsExportedKind(ComponentType kind);
 
 // A share of a component's total: `amount` / `total`, with the amount first
 // rounded to single precision where an export asks for that.

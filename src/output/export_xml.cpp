@@ -149,15 +149,15 @@ public:
     XmlWriter(const ResultStore& store, int32_t set, const ExportContext& context)
         : store_(store), set_(set), context_(context), view_(ViewSet(store, set)) {
         for (const ComponentResult& component : view_.components)
-            if (component.kind == Gas) hasGas_ = true;
+            if (component.kind == ComponentType::Gas) hasGas_ = true;
     }
 
     std::string Write(const std::tm& localTime) {
         Prolog(localTime);
         Contents();
-        ComponentSheet(Cation, SheetName("Cations", "Cations"));
-        ComponentSheet(Ligand, SheetName("Ligands", "Ligands"));
-        if (hasGas_) ComponentSheet(Gas, SheetName("Gases", "Gas controlled ligands"));
+        ComponentSheet(ComponentType::Cation, SheetName("Cations", "Cations"));
+        ComponentSheet(ComponentType::Ligand, SheetName("Ligands", "Ligands"));
+        if (hasGas_) ComponentSheet(ComponentType::Gas, SheetName("Gases", "Gas controlled ligands"));
         OtherInfo();
         out_ += "</Workbook>";
         return std::move(out_);
@@ -205,7 +205,7 @@ private:
         sheet.Close();
     }
 
-    void ComponentSheet(int32_t kind, const std::string& name) {
+    void ComponentSheet(ComponentType kind, const std::string& name) {
         SheetWriter sheet(out_, name);
         for (size_t i = 0; i < view_.components.size(); ++i)
             if (view_.components[i].kind == kind) Component(sheet, static_cast<int32_t>(i));

@@ -17,7 +17,7 @@ void BuildAdsorptionBlock(const OtherInfoSource& source, InfoBlock& block) {
     const double protons = components.empty() ? 0 : components[0].amounts[AmountAdsorbed];
     double cations = 0;
     for (size_t i = 1; i < components.size(); ++i)
-        if (components[i].kind == Cation) cations += components[i].amounts[AmountAdsorbed];
+        if (components[i].kind == ComponentType::Cation) cations += components[i].amounts[AmountAdsorbed];
     const double total = protons + cations;
 
     w.AmountShare(source.Text("OrgBoundNo"), protons, total);
@@ -28,7 +28,7 @@ void BuildAdsorptionBlock(const OtherInfoSource& source, InfoBlock& block) {
         std::min<int32_t>(source.set.header.reportedComponentCount, static_cast<int32_t>(components.size()));
     for (int32_t i = 1; i < reportedEnd; ++i) {
         const ComponentResult& c = components[i];
-        if (c.kind != Cation && c.kind != Ligand) continue;
+        if (c.kind != ComponentType::Cation && c.kind != ComponentType::Ligand) continue;
         const double a = c.amounts[AmountAdsorbed];
         if (a == 0) continue;
         if (!source.options.showAll && !(a > source.options.cutOff * total)) continue;

@@ -53,7 +53,7 @@ void BuildGasesBlock(const OtherInfoSource& source, InfoBlock& block) {
     bool givenRows = false;
     for (size_t i = 0; i < components.size(); ++i) {
         const ComponentResult& component = components[i];
-        if (component.kind != Gas) continue;
+        if (component.kind != ComponentType::Gas) continue;
         const std::vector<SpeciesListEntry> entries = ParseSpeciesList(component.speciesList);
         if (entries.empty() || entries[0].species < 1 || static_cast<size_t>(entries[0].species) > species.size())
             continue;

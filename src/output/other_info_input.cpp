@@ -15,7 +15,6 @@ namespace tormel {
 namespace {
 
 constexpr int32_t kFirstOptionRow = 8;
-constexpr int32_t kRedoxGroupWithFreeMember = 5;
 // pE to millivolts at 25 degrees C
 constexpr double kMillivoltsPerPe = 59.159;
 
@@ -28,16 +27,16 @@ void DropLastCharacter(std::string& text) {
     }
 }
 
-std::string InputTypeKey(int32_t inputType) {
+std::string InputTypeKey(InputType inputType) {
     switch (inputType) {
-        case InpTypeNotSpecified:
-        case InpTypeTotalConc:
+        case InputType::NotSpecified:
+        case InputType::TotalConc:
             return "InpTypeTotalConc";
-        case InpTypeFreeConc:
+        case InputType::FreeConc:
             return "InpTypeFreeConc";
-        case InpTypeFreeAct:
+        case InputType::FreeAct:
             return "InpTypeFreeAct";
-        case InpTypeGasPres:
+        case InputType::GasPres:
             return "InpTypeGasPres";
         default:
             return std::string();
@@ -136,7 +135,7 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
     const auto& components = source.view.components;
     if (in.redox) {
         for (const ComponentInfo& info : infos) {
-            if (info.kind != Electron) continue;
+            if (info.kind != ComponentType::Electron) continue;
             const double pE = -std::log10(info.inputValue);
             w.NextRow();
             w.Text(0, source.Text("Redox_pE"));
@@ -152,15 +151,16 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
     w.NextRow();
     for (size_t i = 0; i < infos.size(); ++i) {
         const ComponentInfo& info = infos[i];
-        if (info.kind != Cation && info.kind != Ligand && info.kind != Ads && info.kind != RedSol && info.kind != Gas)
+        if (info.kind != ComponentType::Cation && info.kind != ComponentType::Ligand &&
+            info.kind != ComponentType::Ads && info.kind != ComponentType::RedSol && info.kind != ComponentType::Gas)
             continue;
         std::string name = info.name;
-        if (in.redox && info.kind != Gas && i < components.size() && !components[i].displayName.empty())
+        if (in.redox && info.kind != ComponentType::Gas && i < components.size() && !components[i].displayName.empty())
             name = components[i].displayName;
         w.Text(0, std::move(name));
         w.Scientific(1, ConvertAmount(info.inputValue, info.molarMass, units, order));
-        w.Text(2, UnitLabel(false, info.inputType == InpTypeGasPres, false, units, order));
-        if (info.inputType != kRedoxGroupWithFreeMember) w.Text(3, source.Text(InputTypeKey(info.inputType)));
+        w.Text(2, UnitLabel(false, info.inputType == InputType::GasPres, false, units, order));
+        if (info.inputType != InputType::RedoxMemberGiven) w.Text(3, source.Text(InputTypeKey(info.inputType)));
         w.NextRow();
     }
 

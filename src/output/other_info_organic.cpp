@@ -16,7 +16,7 @@ constexpr int32_t kSiteTypes = 3;  // mono-, bi-, tridentate
 constexpr int32_t kTridentate = 2;
 
 // The species kinds of free organic sites by fraction and site type.
-int32_t FreeSiteSlot(int32_t kind, int32_t& fraction) {
+int32_t FreeSiteSlot(SpeciesKind kind, int32_t& fraction) {
     struct Slot {
         int32_t fraction, site;
         std::array<int32_t, 6> kinds;
@@ -31,7 +31,7 @@ int32_t FreeSiteSlot(int32_t kind, int32_t& fraction) {
     }};
     for (const Slot& slot : kSlots)
         for (const int32_t k : slot.kinds)
-            if (k != 0 && k == kind) {
+            if (k != 0 && k == CodeOf(kind)) {
                 fraction = slot.fraction;
                 return slot.site;
             }
@@ -70,7 +70,7 @@ void BuildOrganicBlock(const OtherInfoSource& source, InfoBlock& block) {
 
     // cations at positions 1 .. n
     int32_t n = 0;
-    while (static_cast<size_t>(n + 1) < components.size() && components[n + 1].kind == Cation) ++n;
+    while (static_cast<size_t>(n + 1) < components.size() && components[n + 1].kind == ComponentType::Cation) ++n;
     n = std::max(n, 1);
     const int32_t lastCation = std::min<int32_t>(n, static_cast<int32_t>(components.size()) - 1);
 
@@ -93,7 +93,7 @@ void BuildOrganicBlock(const OtherInfoSource& source, InfoBlock& block) {
     double diffuse[2] = {};
     for (size_t i = 1; i < components.size(); ++i) {
         const ComponentResult& c = components[i];
-        if (!(c.amounts[AmountOrganic] > 0) || c.kind == Organic) continue;
+        if (!(c.amounts[AmountOrganic] > 0) || c.kind == ComponentType::Organic) continue;
         for (int32_t g = 0; g < 2; ++g) diffuse[g] += SiteAmountOf(c, g, 3);
     }
 

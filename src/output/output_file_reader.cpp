@@ -81,6 +81,17 @@ private:
     }
     bool Int(int32_t& value) { return Token() && in_.ReadInt(value); }
     bool Double(double& value) { return Token() && in_.ReadDouble(value); }
+    // A kind stored as its integer code; a code that names no kind fails the
+    // field like any other unreadable one.
+    template <typename Kind>
+    bool Code(Kind& value, std::optional<Kind> (*fromCode)(int32_t)) {
+        int32_t code = 0;
+        if (!Int(code)) return false;
+        const std::optional<Kind> kind = fromCode(code);
+        if (!kind) return false;
+        value = *kind;
+        return true;
+    }
     // A saturation: a number, or the word written for minus infinity.
     bool Saturation(double& value) {
         if (Token() && in_.ReadWord(kNoSaturationWord)) {
@@ -225,8 +236,8 @@ private:
             if (i >= records.components.size()) records.components.emplace_back();
             ComponentResult& c = records.components[i];
             int32_t length = 0;
-            if (!Quoted(c.name) || !Quoted(c.displayName) || !Quoted(c.gasText) || !Int(c.kind) ||
-                !Flag(c.percentagesAllowed))
+            if (!Quoted(c.name) || !Quoted(c.displayName) || !Quoted(c.gasText) ||
+                !Code(c.kind, ComponentTypeFromCode) || !Flag(c.percentagesAllowed))
                 return false;
             for (double& amount : c.amounts)
                 if (!Double(amount)) return false;
@@ -247,7 +258,9 @@ private:
 
     bool ParseSpecies(SetRecords& records) {
         return CountedRecords(records.species, [this](SpeciesResult& s) {
-            if (!Quoted(s.name) || !Int(s.kind) || !Double(s.concentration) || !Flag(s.hasActivity)) return false;
+            if (!Quoted(s.name) || !Code(s.kind, SpeciesKindFromCode) || !Double(s.concentration) ||
+                !Flag(s.hasActivity))
+                return false;
             if (s.hasActivity && !Double(s.activity)) return false;
             if (!Flag(s.hasConstants)) return false;
             if (s.hasConstants && (!Double(s.intrinsicLogK) || !Double(s.conditionalLogK))) return false;
@@ -314,8 +327,8 @@ private:
     bool ParseComponentInfos(SetRecords& records, size_t count) {
         for (size_t i = 0; i < count; ++i) {
             ComponentInfo& info = records.componentInfos.emplace_back();
-            if (!Quoted(info.name) || !Int(info.kind) || !Double(info.inputValue) || !Double(info.molarMass) ||
-                !Int(info.inputType))
+            if (!Quoted(info.name) || !Code(info.kind, ComponentTypeFromCode) || !Double(info.inputValue) ||
+                !Double(info.molarMass) || !Code(info.inputType, InputTypeFromCode))
                 return false;
         }
         return true;
@@ -385,7 +398,7 @@ std::optional<OutputFileError> ReadOutputText(std::u16string text, ResultStore& 
     target.msa = part.msa;
     target.otherInfo = std::move(part.otherInfo);
     int32_t reported = 0;
-    for (const ComponentResult& c : records.components) reported += c.kind > 0 ? 1 : 0;
+    for (const ComponentResult& c : records.components) reported += c.Reported() ? 1 : 0;
     target.header.reportedComponentCount = reported;
     StoreSetRecords(store, set, std::move(records));
     if (set == 0) store.holdsLoadedOutput = true;

@@ -101,9 +101,9 @@ void AppendSide(std::string& out, const std::array<ReactionEntry, kMaxReactionEn
 
 void AppendComponents(std::string& out, const SetView& view, bool organic) {
     for (const ComponentResult& c : view.components) {
-        if (c.kind <= 0) continue;
+        if (!c.Reported()) continue;
         out += Quoted(c.name) + " " + Quoted(c.displayName) + " " + Quoted(c.gasText) + " ";
-        out += FormatC("%i ", c.kind) + (c.percentagesAllowed ? " 1 " : " 0 ");
+        out += FormatC("%i ", CodeOf(c.kind)) + (c.percentagesAllowed ? " 1 " : " 0 ");
         for (double amount : c.amounts) AppendC(out, "%.16G ", amount);
         out += FormatC("%9.9E %i ", c.molarMass, static_cast<int>(c.speciesList.size())) + c.speciesList + "\n";
         if (organic) {
@@ -121,7 +121,7 @@ void AppendSpecies(std::string& out, const SetView& view) {
     AppendC(out, "%i\n", static_cast<int>(view.species.size()));
     for (const SpeciesResult& s : view.species) {
         AppendQuoted(out, s.name);
-        AppendC(out, " %i", s.kind);
+        AppendC(out, " %i", CodeOf(s.kind));
         AppendC(out, " %.16G", s.concentration);
         if (s.hasActivity)
             AppendC(out, " 1 %9.9E", s.activity);
@@ -179,7 +179,7 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
     const InputProblem& in = snap.input;
     const SetView view = ViewSet(store, set);
     int32_t reported = 0;
-    for (const ComponentResult& c : view.components) reported += c.kind > 0 ? 1 : 0;
+    for (const ComponentResult& c : view.components) reported += c.Reported() ? 1 : 0;
 
     out += std::string(kOutputFileLine1) + "\n";
     out += std::string(kOutputFileLine2) + "\n";
@@ -270,7 +270,8 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
 
     for (const ComponentInfo& info : view.componentInfos) {
         AppendQuoted(out, info.name);
-        AppendC(out, " %i %9.9E %9.9E %i\n", info.kind, info.inputValue, info.molarMass, info.inputType);
+        AppendC(out, " %i %9.9E %9.9E %i\n", CodeOf(info.kind), info.inputValue, info.molarMass,
+                CodeOf(info.inputType));
     }
 
     AppendC(out, "%i\n", static_cast<int>(view.reactions.size()));

@@ -94,7 +94,9 @@ std::string PrintedResultTables(ResultStore& store, int32_t set, const ResultCon
     const SetView view = ViewSet(store, set);
     for (size_t i = 0; i < view.components.size(); ++i) {
         const ComponentResult& component = view.components[i];
-        if (component.kind != Cation && component.kind != Ligand && component.kind != Gas) continue;
+        if (component.kind != ComponentType::Cation && component.kind != ComponentType::Ligand &&
+            component.kind != ComponentType::Gas)
+            continue;
         const std::string heading = component.gasText.empty() ? component.displayName : component.gasText;
         out += "\n== " + heading + " ==\n";
         TextTable summary = {{text("Summary"), text("Concentration"), text("Unit"), text("Percentage")}};

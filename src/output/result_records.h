@@ -74,7 +74,7 @@ struct ResultHeader {
 };
 
 struct ComponentResult {
-    int32_t kind = 0;  // the component's type; 0 for a component that is not reported
+    ComponentType kind{};  // code 0 for a component that is not reported
     std::string name;
     std::string displayName;
     std::string gasText;      // gas components: gas " / " ligand with its charge suffix
@@ -83,10 +83,12 @@ struct ComponentResult {
     std::array<double, kSiteAmountCount> siteAmounts{};  // mol/L
     double molarMass = 0;  // g/mol
     bool percentagesAllowed = false;
+
+    bool Reported() const { return kind != ComponentType{}; }
 };
 
 struct SpeciesResult {
-    int32_t kind = 0;  // SpeciesKind
+    SpeciesKind kind{};
     bool hasConstants = false;
     int32_t category = 0;  // SpeciesCategory
     std::string name;      // with the charge suffix for dissolved species
@@ -133,10 +135,10 @@ struct GasResult {
 
 struct ComponentInfo {
     std::string name;
-    int32_t kind = 0;
+    ComponentType kind{};
     double inputValue = 0;
     double molarMass = 0;
-    int32_t inputType = 0;  // InputType, or 5 for a redox group fixed by a member
+    InputType inputType = InputType::NotSpecified;
 };
 
 struct MsaIonResult {

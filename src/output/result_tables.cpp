@@ -32,14 +32,15 @@ std::string Plain(double value, const OutputOptions& options) {
     return FormatNumber(value, options.formats.scientific, true, DecimalSeparator{});
 }
 
-bool FreeKind(int32_t kind) {
-    return kind == FreeComponent || kind == FreeHydroxide || kind == RedoxPartner || kind == RedoxPartnerSolid;
+bool FreeKind(SpeciesKind kind) {
+    return kind == SpeciesKind::FreeComponent || kind == SpeciesKind::FreeHydroxide ||
+           kind == SpeciesKind::RedoxPartner || kind == SpeciesKind::RedoxPartnerSolid;
 }
 
 bool SpeciesShown(const SpeciesResult& p, int32_t n, double b, const ComponentResult& component,
                   const OutputOptions& options) {
     if (IsOrganicKind(p.kind)) return false;
-    if (options.showAll) return p.kind != SolidSpecies || p.concentration != 0;
+    if (options.showAll) return p.kind != SpeciesKind::SolidSpecies || p.concentration != 0;
     if (!component.percentagesAllowed) return true;
     const double total = component.amounts[AmountTotal];
     if (std::fabs(p.concentration * n * b) > std::fabs(options.cutOff * total)) return true;

@@ -93,7 +93,7 @@ SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference) {
 
 void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
-    const std::vector<int32_t> solids = EquilibriaInInput(chem, EqSolid);
+    const std::vector<int32_t> solids = EquilibriaInInput(chem, EquilibriumType::Solid);
     records.reactions.reserve(records.reactions.size() + solids.size());
     records.solidChecks.reserve(records.solidChecks.size() + solids.size());
     std::vector<int32_t> components;
@@ -116,7 +116,7 @@ void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRec
 
 void AddGasResults(const CalcContext& calc, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
-    const TypeRange range = chem.db().equilibriumRange[EqGas];
+    const TypeRange range = chem.db().equilibriumRange[EquilibriumType::Gas];
     if (range.empty()) return;
     for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) {
         const Equilibrium& eq = chem.db().equilibria[e];
@@ -128,7 +128,7 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
         for (const auto [j, nu] : terms) pressure *= std::pow(FreeValue(chem, j, 1), nu);
         for (const auto [k, nu] : terms) {
             const Component& ligand = chem.db().components[k];
-            if (ligand.type != Ligand || !chem.placement[k].inInput) continue;
+            if (ligand.type != ComponentType::Ligand || !chem.placement[k].inInput) continue;
             GasResult& gas = AddWithDefinition(eq.logK, conditional, records.gases, records, [&](ReactionDefinition& d) {
                 std::vector<int32_t> components;
                 EquilibriumComponents(chem, e, chem.db().ComponentCount(), components);

@@ -7,14 +7,14 @@ namespace tormel {
 
 namespace {
 
-const char* ComponentTypeName(int32_t type) {
+const char* ComponentTypeName(ComponentType type) {
     static const char* names[] = {"?", "cation", "electron", "ligand", "adsorbent", "redox solid", "gas", "organic"};
-    return type >= 1 && type <= 7 ? names[type] : names[0];
+    return ComponentTypeFromCode(CodeOf(type)) ? names[CodeOf(type)] : names[0];
 }
 
-const char* EquilibriumTypeName(int32_t type) {
+const char* EquilibriumTypeName(EquilibriumType type) {
     static const char* names[] = {"?", "water", "complex", "adsorption", "redox", "gas", "solid", "organic"};
-    return type >= 1 && type <= 7 ? names[type] : names[0];
+    return EquilibriumTypeFromCode(CodeOf(type)) ? names[CodeOf(type)] : names[0];
 }
 
 const char* ModelName(int32_t code) { return code == Model5 ? "Model 5" : code == Model6 ? "Model 6" : "Model 7"; }
@@ -31,7 +31,7 @@ std::string Reaction(const Database& db, int32_t e) {
         text += db.components[static_cast<size_t>(c)].name;
     }
     const Equilibrium& q = db.equilibria[static_cast<size_t>(e)];
-    if (q.type == EqRedox || q.type == EqGas)
+    if (q.type == EquilibriumType::Redox || q.type == EquilibriumType::Gas)
         text +=
             " = " + FormatC("%g ", q.linkedCoefficient) + db.components[static_cast<size_t>(q.linkedComponent)].name;
     return text;
@@ -41,20 +41,22 @@ std::string Reaction(const Database& db, int32_t e) {
 
 std::string DatabaseSummary(const Database& db, const std::string& dataFolder) {
     std::string out = "Database in " + dataFolder + "\n\nComponents: " + std::to_string(db.ComponentCount()) + "\n";
-    for (int32_t type = Cation; type <= Organic; ++type) {
+    for (int32_t code = CodeOf(ComponentType::Cation); code <= CodeOf(ComponentType::Organic); ++code) {
+        const ComponentType type = *ComponentTypeFromCode(code);
         int n = 0;
         for (const Component& c : db.components) n += c.type == type;
         out += FormatC("  %-12s %6d\n", ComponentTypeName(type), n);
     }
     out += "Equilibria: " + std::to_string(db.EquilibriumCount()) + "\n";
-    for (int32_t type = EqWater; type <= EqOrganic; ++type) {
+    for (int32_t code = CodeOf(EquilibriumType::Water); code <= CodeOf(EquilibriumType::Organic); ++code) {
+        const EquilibriumType type = *EquilibriumTypeFromCode(code);
         int n = 0;
         for (const Equilibrium& q : db.equilibria) n += q.type == type;
         out += FormatC("  %-12s %6d\n", EquilibriumTypeName(type), n);
     }
     for (int32_t model = Model5; model <= Model7; ++model) {
         int n = 0;
-        for (const Equilibrium& q : db.equilibria) n += q.type == EqOrganic && q.organicModel == model;
+        for (const Equilibrium& q : db.equilibria) n += q.type == EquilibriumType::Organic && q.organicModel == model;
         out += FormatC("    %s: %d equilibria, %zu parameters per fraction\n", ModelName(model), n,
                        db.Organic(model).values.size());
     }

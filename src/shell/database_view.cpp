@@ -32,9 +32,11 @@ DatabaseTree BuildDatabaseTree(const Database& db, const Language& language, int
             tree.expanded = 0;
             for (int32_t c = 0; c < db.ComponentCount(); ++c) {
                 const Component& comp = db.components[c];
-                const int32_t group = comp.type == Cation ? 0 : comp.type == Ligand ? 1 : 2;
+                const int32_t group = comp.type == ComponentType::Cation   ? 0
+                                      : comp.type == ComponentType::Ligand ? 1
+                                                                           : 2;
                 std::string text = comp.name;
-                if (comp.type == Organic) text += ModelSuffix(comp.organicModel);
+                if (comp.type == ComponentType::Organic) text += ModelSuffix(comp.organicModel);
                 tree.items.push_back({std::move(text), c + 1, group});
                 if (c == 0) tree.selected = static_cast<int32_t>(tree.items.size()) - 1;
             }
@@ -57,8 +59,8 @@ DatabaseTree BuildDatabaseTree(const Database& db, const Language& language, int
 
 EquilibriumLine EquilibriumLineOf(const Database& db, int32_t e) {
     const Equilibrium& eq = db.equilibria[e];
-    if (eq.type == EqOrganic) return {eq.name + ModelSuffix(eq.organicModel), -1};
-    if (eq.type == EqGas) {
+    if (eq.type == EquilibriumType::Organic) return {eq.name + ModelSuffix(eq.organicModel), -1};
+    if (eq.type == EquilibriumType::Gas) {
         const int32_t gas = eq.linkedComponent;
         const int32_t ligand = IsValidComponent(db, gas) ? db.components[gas].linkedLigand : -1;
         const std::string ligandName = IsValidComponent(db, ligand) ? db.components[ligand].name : std::string();
@@ -85,7 +87,8 @@ DatabaseSelection SelectDatabaseItem(const Database& db, const Language& languag
             for (int32_t e = 0; e < count; ++e) {
                 const Equilibrium& eq = db.equilibria[e];
                 // only redox and gas equilibria have a linked component; elsewhere 0 means none, not H+
-                const bool linked = (eq.type == EqRedox || eq.type == EqGas) && eq.linkedComponent == c;
+                const bool linked =
+                    (eq.type == EquilibriumType::Redox || eq.type == EquilibriumType::Gas) && eq.linkedComponent == c;
                 if (eq.componentCount > 0 && (db.Coefficient(c, e) != 0 || linked))
                     selection.lines.push_back(EquilibriumLineOf(db, e));
             }
@@ -94,7 +97,7 @@ DatabaseSelection SelectDatabaseItem(const Database& db, const Language& languag
         }
         case ViewByType:
             for (int32_t e = 0; e < count; ++e)
-                if (db.equilibria[e].type == number) selection.lines.push_back(EquilibriumLineOf(db, e));
+                if (CodeOf(db.equilibria[e].type) == number) selection.lines.push_back(EquilibriumLineOf(db, e));
             selection.summary.push_back(CountLine(language, selection.lines.size(), "ListBoxTop5b"));
             break;
         case ViewByLiterature:
@@ -125,17 +128,17 @@ ReactionDefinition DatabaseReactionDefinition(const Database& db, const Language
             if (products < kMaxReactionEntries) definition.products[products] = {-nu, comp.name, comp.charge, ""};
             ++products;
         }
-        if (comp.type == RedSol) solidInvolved = true;
+        if (comp.type == ComponentType::RedSol) solidInvolved = true;
     }
     ReactionEntry formed{1, eq.name, eq.charge, ""};
-    if (eq.type == EqRedox) {
+    if (eq.type == EquilibriumType::Redox) {
         if (IsValidComponent(db, eq.linkedComponent)) {
             const Component& linked = db.components[eq.linkedComponent];
             formed.name = linked.name;
             formed.charge = linked.charge;
-            if (linked.type == RedSol) solidInvolved = true;
+            if (linked.type == ComponentType::RedSol) solidInvolved = true;
         }
-    } else if (eq.type == EqGas) {
+    } else if (eq.type == EquilibriumType::Gas) {
         // the phase label replaces the "(g)" of the name, with or without a blank before it
         const size_t label = eq.name.rfind("(g)");
         if (label != std::string::npos) {
@@ -143,14 +146,14 @@ ReactionDefinition DatabaseReactionDefinition(const Database& db, const Language
             while (!formed.name.empty() && formed.name.back() == ' ') formed.name.pop_back();
             formed.phase = "(g)";
         }
-    } else if (eq.type != EqSolid && eq.charge == 0) {
+    } else if (eq.type != EquilibriumType::Solid && eq.charge == 0) {
         formed.phase = "(aq)";
     }
     if (products < kMaxReactionEntries) definition.products[products] = std::move(formed);
     definition.logK = eq.logK;
-    if (eq.type == EqWater)
+    if (eq.type == EquilibriumType::Water)
         definition.note = LanguageText(language, "EQDEF", "AddInfoWater");
-    else if (eq.type == EqSolid || solidInvolved)
+    else if (eq.type == EquilibriumType::Solid || solidInvolved)
         definition.note = LanguageText(language, "EQDEF", "AddInfoSolid");
     if (eq.literatureRef >= 0 && eq.literatureRef < db.LiteratureReferenceCount())
         definition.literature = db.literature[eq.literatureRef];

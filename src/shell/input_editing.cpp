@@ -22,7 +22,7 @@ double OrderFactor(int32_t order) {
 }
 
 bool IsMass(const Component& component, const UnitSettings& units) {
-    return units.units == 1 && component.type != Gas && component.type != Ads;
+    return units.units == 1 && component.type != ComponentType::Gas && component.type != ComponentType::Ads;
 }
 
 std::string Lower(std::string_view text) {
@@ -38,17 +38,17 @@ EditorRows EditorRowsOf(const Database& db) {
     for (int32_t i = 0; i < static_cast<int32_t>(db.components.size()); ++i) {
         const Component& c = db.components[static_cast<size_t>(i)];
         switch (c.type) {
-            case Cation:
+            case ComponentType::Cation:
                 rows.cations.push_back(i);
                 rows.neutraliseCations.push_back(i);
                 break;
-            case Ligand:
+            case ComponentType::Ligand:
                 rows.ligands.push_back(i);
                 if (c.charge < 0) rows.neutraliseAnions.push_back(i);
                 break;
-            case RedSol: rows.redoxSolids.push_back(i); break;
-            case Gas: rows.gases.push_back(i); break;
-            case Ads: rows.adsorbents.push_back(i); break;
+            case ComponentType::RedSol: rows.redoxSolids.push_back(i); break;
+            case ComponentType::Gas: rows.gases.push_back(i); break;
+            case ComponentType::Ads: rows.adsorbents.push_back(i); break;
             default: break;
         }
     }
@@ -70,7 +70,7 @@ std::optional<double> StoredValue(const Component& component, double shown, cons
 }
 
 std::string ShownUnitLabel(const Component& component, const UnitSettings& units) {
-    return UnitLabel(component.type == Ads, component.type == Gas, false, units.units, units.order);
+    return UnitLabel(component.type == ComponentType::Ads, component.type == ComponentType::Gas, false, units.units, units.order);
 }
 
 std::vector<std::string> ConcentrationUnitChoices() {
@@ -94,21 +94,21 @@ void ChooseConcentrationUnit(UnitSettings& units, int32_t position) {
 
 void ChoosePressureUnit(UnitSettings& units, int32_t position) { units.order = position; }
 
-int32_t TypeListPosition(int32_t inputType) {
-    if (inputType == InpTypeFreeConc) return 1;
-    if (inputType == InpTypeFreeAct) return 2;
+int32_t TypeListPosition(InputType inputType) {
+    if (inputType == InputType::FreeConc) return 1;
+    if (inputType == InputType::FreeAct) return 2;
     return 0;
 }
 
-int32_t InputTypeAtPosition(int32_t position) {
-    if (position == 1) return InpTypeFreeConc;
-    if (position == 2) return InpTypeFreeAct;
-    return InpTypeTotalConc;
+InputType InputTypeAtPosition(int32_t position) {
+    if (position == 1) return InputType::FreeConc;
+    if (position == 2) return InputType::FreeAct;
+    return InputType::TotalConc;
 }
 
-std::string_view InputTypeLabelKey(int32_t inputType) {
-    if (inputType == InpTypeFreeConc) return "InpTypeFreeConc";
-    if (inputType == InpTypeFreeAct) return "InpTypeFreeAct";
+std::string_view InputTypeLabelKey(InputType inputType) {
+    if (inputType == InputType::FreeConc) return "InpTypeFreeConc";
+    if (inputType == InputType::FreeAct) return "InpTypeFreeAct";
     return "InpTypeTotalConc";
 }
 
@@ -200,7 +200,7 @@ std::vector<int32_t> SearchComponents(const Database& db, std::string_view text)
     std::vector<int32_t> found;
     for (int32_t i = 0; i < static_cast<int32_t>(db.components.size()); ++i) {
         const Component& c = db.components[static_cast<size_t>(i)];
-        if (c.type != Cation && c.type != Ligand && c.type != Ads && c.type != RedSol && c.type != Gas) continue;
+        if (c.type != ComponentType::Cation && c.type != ComponentType::Ligand && c.type != ComponentType::Ads && c.type != ComponentType::RedSol && c.type != ComponentType::Gas) continue;
         if (Lower(c.name).find(needle) != std::string::npos) found.push_back(i);
     }
     return found;
@@ -208,7 +208,7 @@ std::vector<int32_t> SearchComponents(const Database& db, std::string_view text)
 
 void AcceptEditedInput(InputProblem& input, const Database& db) {
     for (size_t i = 0; i < db.components.size() && i < input.components.size(); ++i)
-        if (db.components[i].type == Ads && input.components[i].inputValue > 0) input.adsorption = true;
+        if (db.components[i].type == ComponentType::Ads && input.components[i].inputValue > 0) input.adsorption = true;
     input.modified = true;
 }
 

@@ -49,10 +49,10 @@ void ChoosePressureUnit(UnitSettings& units, int32_t position);
 // The type list of the main lists: total concentration, free concentration,
 // free activity. The position that shows `inputType`, and the type chosen at
 // a position.
-int32_t TypeListPosition(int32_t inputType);
-int32_t InputTypeAtPosition(int32_t position);
+int32_t TypeListPosition(InputType inputType);
+InputType InputTypeAtPosition(int32_t position);
 // Section "OtherInfo" key of the type text shown in the main lists.
-std::string_view InputTypeLabelKey(int32_t inputType);
+std::string_view InputTypeLabelKey(InputType inputType);
 
 // Convergence criterion and its two fields.
 double AbsoluteOfCriterion(double criterion);

@@ -18,7 +18,7 @@ bool Assemble(CalcFixture& f) {
 
 TEST(CalcAssembly, ComplexNeedsAllItsComponents) {
     CalcFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kCa, 1e-3}, {kCl, 2e-3}});
     ASSERT_TRUE(Assemble(f));
     EXPECT_GE(f.SpeciesIndex("CaCl+"), 0);
@@ -33,7 +33,7 @@ TEST(CalcAssembly, ComplexNeedsAllItsComponents) {
 TEST(CalcAssembly, InputsOfAnotherDatabaseAreRefused) {
     for (int32_t surplus : {-1, 1}) {
         CalcFixture f;
-        f.Set(kH, InpTypeFreeAct, 1e-7);
+        f.Set(kH, InputType::FreeAct, 1e-7);
         f.SetTotals({{kCa, 1e-3}, {kCl, 2e-3}});
         f.input.components.resize(f.input.components.size() + surplus);
         SCOPED_TRACE(surplus);
@@ -45,9 +45,9 @@ TEST(CalcAssembly, InputsOfAnotherDatabaseAreRefused) {
 TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     CalcFixture f;
     f.input.redox = true;
-    f.Set(kH, InpTypeFreeAct, 1e-3);
-    f.Set(kFe3, InpTypeTotalConc, 2e-4);  // only the oxidised member is given
-    f.Set(kElectron, InpTypeFreeAct, 1e-12);
+    f.Set(kH, InputType::FreeAct, 1e-3);
+    f.Set(kFe3, InputType::TotalConc, 2e-4);  // only the oxidised member is given
+    f.Set(kElectron, InputType::FreeAct, 1e-12);
     ASSERT_TRUE(Assemble(f));
     EXPECT_TRUE(f.chem.placement[kFe2].inInput);
     int32_t groupUnknowns = 0;
@@ -56,11 +56,11 @@ TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
     EXPECT_EQ(groupUnknowns, 1);
     const int32_t fe3 = f.SpeciesIndex("free Fe(III)");
     ASSERT_GE(fe3, 0);
-    EXPECT_EQ(f.chem.species[fe3].kind, RedoxPartner);
+    EXPECT_EQ(f.chem.species[fe3].kind, SpeciesKind::RedoxPartner);
     // without redox the member stays alone
     CalcFixture g;
-    g.Set(kH, InpTypeFreeAct, 1e-3);
-    g.Set(kFe3, InpTypeTotalConc, 2e-4);
+    g.Set(kH, InputType::FreeAct, 1e-3);
+    g.Set(kFe3, InputType::TotalConc, 2e-4);
     ASSERT_TRUE(Assemble(g));
     EXPECT_FALSE(g.chem.placement[kFe2].inInput);
     EXPECT_GT(g.chem.placement[kFe3].systemIndex, 0);
@@ -69,9 +69,9 @@ TEST(CalcAssembly, RedoxGroupIsOneUnknownOnlyWithTheRedoxOption) {
 TEST(CalcAssembly, TemperatureCorrectionModes) {
     CalcFixture f;
     f.input.temperature = 10;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kCa, InpTypeTotalConc, 1e-3);  // brings CaOH+, whose enthalpy is unknown
-    f.Set(kCO3, InpTypeTotalConc, 1e-3);
+    f.Set(kH, InputType::FreeAct, 1e-7);
+    f.Set(kCa, InputType::TotalConc, 1e-3);  // brings CaOH+, whose enthalpy is unknown
+    f.Set(kCO3, InputType::TotalConc, 1e-3);
     f.input.temperatureCorrection = 1;
     ASSERT_TRUE(Assemble(f));
     EXPECT_FALSE(f.chem.temperatureCorrectionApplied);
@@ -84,7 +84,7 @@ TEST(CalcAssembly, TemperatureCorrectionModes) {
     // free OH: the water reaction reversed
     EXPECT_DOUBLE_EQ(f.chem.species[f.chem.freeHydroxideSpecies].tempCorrection, -TemperatureTerm(10, -55840));
     // mode 1 corrects when every species has its enthalpy
-    f.Set(kCa, InpTypeTotalConc, 0);
+    f.Set(kCa, InputType::TotalConc, 0);
     f.input.temperatureCorrection = 1;
     ASSERT_TRUE(Assemble(f));
     EXPECT_TRUE(f.chem.temperatureCorrectionApplied);
@@ -96,13 +96,13 @@ TEST(CalcAssembly, TemperatureCorrectionModes) {
 TEST(CalcAssembly, AdsorbedSpeciesOnlyWithTheAdsorptionOption) {
     CalcFixture f;
     f.input.adsorption = true;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kCa, 1e-3}, {kSite, 1e-4}});
     ASSERT_TRUE(Assemble(f));
     for (const char* name : {"free Hfo_wOH", "Hfo_wOCa+"}) {
         const int32_t s = f.SpeciesIndex(name);
         ASSERT_GE(s, 0) << name;
-        EXPECT_EQ(f.chem.species[s].kind, AdsorbedSpecies) << name;
+        EXPECT_EQ(f.chem.species[s].kind, SpeciesKind::AdsorbedSpecies) << name;
     }
     // the reaction shown for it: Hfo_wOH + Ca = Hfo_wOCa+ + H
     const int32_t row = f.chem.species[f.SpeciesIndex("Hfo_wOCa+")].reactionRow;

@@ -6,7 +6,7 @@ namespace tormel::test {
 
 CalcFixture::CalcFixture() {
     ClearInputs(input, chem);
-    Set(kElectron, InpTypeFreeAct, 1.0);
+    Set(kElectron, InputType::FreeAct, 1.0);
     input.ionicStrengthModel = 1;  // Davies
     input.convergenceCriterion = 1.000001;
 }

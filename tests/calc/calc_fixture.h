@@ -19,12 +19,12 @@ struct CalcFixture {
     // No inputs but the electron's free activity of 1; Davies activities.
     CalcFixture();
     CalcContext Context() { return CalcContext{chem, input, state}; }
-    void Set(int32_t component, int32_t type, double value) {
+    void Set(int32_t component, InputType type, double value) {
         input.components[component] = {value, type};
     }
     // Gives each listed component its total concentration.
     void SetTotals(std::initializer_list<std::pair<int32_t, double>> totals) {
-        for (auto [component, total] : totals) Set(component, InpTypeTotalConc, total);
+        for (auto [component, total] : totals) Set(component, InputType::TotalConc, total);
     }
     // index of the species with the given name; -1 when absent
     int32_t SpeciesIndex(const std::string& name) const;

@@ -117,7 +117,7 @@ namespace tormel::test {
 TEST(CalcMsa, UnsizedComplexKeepsDaviesConstantAndSaltsAreNamed) {
     CalcFixture f;
     f.input.ionicStrengthModel = 2;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kNa, 0.05}, {kCa, 0.02}, {kCl, 0.09}});
     CalcContext ctx = f.Context();
     const CalculationOutcome out = RunCalculation(ctx, false);

@@ -32,7 +32,7 @@ void ExpectRelative(double actual, double expected, double tolerance, const char
 
 TEST(CalcSolver, CalciumChlorideCarbonateAtFixedPh) {
     CalcFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kNa, 1e-3}, {kCa, 1e-3}, {kCl, 2e-3}, {kCO3, 1e-3}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.assembled);
@@ -84,7 +84,7 @@ TEST(CalcSolver, SodiumBicarbonateByProtonBalance) {
 
 TEST(CalcSolver, NetProtonTotalAtHydroxideReferenceUsesDonorAcceptorRatio) {
     CalcFixture f;
-    f.Set(kH, InpTypeTotalConc, 0);  // Na2CO3: no protons beyond the reference forms
+    f.Set(kH, InputType::TotalConc, 0);  // Na2CO3: no protons beyond the reference forms
     f.SetTotals({{kNa, 2e-3}, {kCO3, 1e-3}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -104,9 +104,9 @@ TEST(CalcSolver, AcidStrongEnoughToForbidNewtonStillConverges) {
 
 TEST(CalcSolver, NoMassBalanceComponents) {
     CalcFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-6);
-    f.Set(kNa, InpTypeFreeConc, 0.01);
-    f.Set(kCl, InpTypeFreeConc, 0.01);
+    f.Set(kH, InputType::FreeAct, 1e-6);
+    f.Set(kNa, InputType::FreeConc, 0.01);
+    f.Set(kCl, InputType::FreeConc, 0.01);
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     EXPECT_EQ(f.state.newton.n, 0);
@@ -121,9 +121,9 @@ TEST(CalcSolver, NoMassBalanceComponents) {
 
 TEST(CalcSolver, GasFixesTheDissolvedLigand) {
     CalcFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-8);
+    f.Set(kH, InputType::FreeAct, 1e-8);
     f.SetTotals({{kCa, 5e-4}, {kCl, 1e-3}});
-    f.Set(kCO2Gas, InpTypeGasPres, std::pow(10.0, -3.5));
+    f.Set(kCO2Gas, InputType::GasPres, std::pow(10.0, -3.5));
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     // log P = log a(CO3) + 2 log a(H) + 18.147
@@ -138,9 +138,9 @@ TEST(CalcSolver, GasFixesTheDissolvedLigand) {
 TEST(CalcSolver, RedoxSplitFollowsThePe) {
     CalcFixture f;
     f.input.redox = true;
-    f.Set(kH, InpTypeFreeAct, std::pow(10.0, -2.5));
+    f.Set(kH, InputType::FreeAct, std::pow(10.0, -2.5));
     f.SetTotals({{kFe3, 2e-4}, {kCl, 1e-3}});
-    f.Set(kElectron, InpTypeFreeAct, std::pow(10.0, -12.8));
+    f.Set(kElectron, InputType::FreeAct, std::pow(10.0, -12.8));
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     // Fe+3 = Fe+2 - e, log K -13.02: log a3 = -13.02 + log a2 + pe
@@ -153,10 +153,10 @@ TEST(CalcSolver, RedoxSplitFollowsThePe) {
 TEST(CalcSolver, RedoxGroupFixedByFreeMemberActivity) {
     CalcFixture f;
     f.input.redox = true;
-    f.Set(kH, InpTypeFreeAct, 1e-3);
-    f.Set(kFe3, InpTypeFreeAct, 1e-6);
-    f.Set(kCl, InpTypeTotalConc, 1e-3);
-    f.Set(kElectron, InpTypeFreeAct, std::pow(10.0, -13.5));
+    f.Set(kH, InputType::FreeAct, 1e-3);
+    f.Set(kFe3, InputType::FreeAct, 1e-6);
+    f.Set(kCl, InputType::TotalConc, 1e-3);
+    f.Set(kElectron, InputType::FreeAct, std::pow(10.0, -13.5));
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     EXPECT_NEAR(LogAct(f, "free Fe(III)"), -6, kLaw);
@@ -166,7 +166,7 @@ TEST(CalcSolver, RedoxGroupFixedByFreeMemberActivity) {
 TEST(CalcSolver, AdsorptionBalancesSitesAndMetals) {
     CalcFixture f;
     f.input.adsorption = true;
-    f.Set(kH, InpTypeFreeAct, std::pow(10.0, -7.5));
+    f.Set(kH, InputType::FreeAct, std::pow(10.0, -7.5));
     f.SetTotals({{kCa, 1e-4}, {kCl, 2e-4}, {kSite, 2e-4}});
     const CalculationOutcome out = Calculate(f);
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -203,7 +203,7 @@ TEST(CalcSolver, CriterionIsTightenedInStages) {
 
 TEST(CalcSolver, IonicStrengthStartValues) {
     CalcFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kCa, 0.01}, {kCl, 0.02}});
     CalcContext ctx = f.Context();
     ASSERT_TRUE(AssembleSystem(ctx));
@@ -254,7 +254,7 @@ TEST(CalcSolver, CancelStopsWithoutResults) {
 TEST(CalcSolver, IterationBoundEndsWithNamedWorstComponent) {
     CalcFixture f;
     f.state.maxIterations = 2;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kCa, 1e-3}, {kCl, 2e-3}});
     bool built = false;
     CalcContext ctx = f.Context();

@@ -30,7 +30,7 @@ std::vector<int32_t> Candidates(const ChemicalSystem& chem) {
     for (int32_t k = 0; k < static_cast<int32_t>(chem.db().components.size()); ++k) {
         const Component& c = chem.db().components[k];
         if (k == chem.db().hydrogenIndex || k == chem.db().hydroxideIndex) continue;
-        if (c.type == Cation || c.type == Ligand) list.push_back(k);
+        if (c.type == ComponentType::Cation || c.type == ComponentType::Ligand) list.push_back(k);
     }
     return list;
 }
@@ -110,16 +110,16 @@ bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& databa
     ClearInputs(input, chem);
     ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
     if (water.protonBalance) {
-        hydrogen.inputType = InpTypeTotalConc;
+        hydrogen.inputType = InputType::TotalConc;
         hydrogen.inputValue = water.hTotal;
     } else {
-        hydrogen.inputType = InpTypeFreeAct;
+        hydrogen.inputType = InputType::FreeAct;
         hydrogen.inputValue = std::pow(10.0, -water.ph);
     }
     for (const auto& [name, value] : water.totals) {
         const int32_t k = chem.db().FindComponent(name);
         if (k < 0) return false;
-        input.components[k] = {value, InpTypeTotalConc};
+        input.components[k] = {value, InputType::TotalConc};
     }
     input.ionicStrengthModel = water.activityModel;
     input.convergenceCriterion = criterion;
@@ -130,7 +130,7 @@ bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& databa
     input.redox = water.redox;
     if (water.redox) {
         ComponentInput& electron = input.components[chem.db().electronIndex];
-        electron.inputType = InpTypeFreeAct;
+        electron.inputType = InputType::FreeAct;
         electron.inputValue = std::pow(10.0, -water.pe);
     }
     if (water.organicModel != 0) {

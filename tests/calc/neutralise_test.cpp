@@ -65,7 +65,7 @@ struct NeutralFixture : CalcFixture {
 void ChargeSums(const CalcFixture& f, double& positive, double& negative) {
     positive = negative = 0;
     for (const Species& sp : f.chem.species) {
-        if (sp.kind == SolidSpecies || sp.kind == AdsorbedSpecies) continue;
+        if (sp.kind == SpeciesKind::SolidSpecies || sp.kind == SpeciesKind::AdsorbedSpecies) continue;
         (sp.charge > 0 ? positive : negative) += std::abs(sp.charge) * sp.concentration;
     }
 }
@@ -80,7 +80,7 @@ void ExpectNeutral(const NeutralFixture& f) {
 
 TEST(Neutralise, ExcessCationChargeRaisesTheAnionAtFixedPh) {
     NeutralFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kNa, 2e-3}, {kCa, 1e-3}, {kCl, 1e-3}});
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
@@ -106,7 +106,7 @@ TEST(Neutralise, ExcessCationChargeRaisesTheAnionAtFixedPh) {
 
 TEST(Neutralise, ExcessAnionChargeRaisesTheCation) {
     NeutralFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kNa, 1e-3}, {kCl, 5e-3}});
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
@@ -117,7 +117,7 @@ TEST(Neutralise, ExcessAnionChargeRaisesTheCation) {
 
 TEST(Neutralise, AlreadyNeutralSolvesOnce) {
     NeutralFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kNa, 1e-3}, {kCl, 1e-3}});
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
@@ -130,8 +130,8 @@ TEST(Neutralise, AlreadyNeutralSolvesOnce) {
 
 TEST(Neutralise, AnionNotInTheInputJoinsTheSystem) {
     NeutralFixture f;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
-    f.Set(kNa, InpTypeTotalConc, 2e-3);
+    f.Set(kH, InputType::FreeAct, 1e-7);
+    f.Set(kNa, InputType::TotalConc, 2e-3);
     const NeutraliseOutcome out = f.Run();
     ASSERT_TRUE(out.neutral) << out.message;
     ASSERT_GT(f.chem.placement[kCl].systemIndex, 0);
@@ -165,7 +165,7 @@ TEST(Neutralise, ProtonBalanceTakesTheFirstEstimateFromTheTotals) {
 TEST(Neutralise, CancelEndsWithoutResults) {
     NeutralFixture f;
     f.cancelAtSecondSolve = true;
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kNa, 2e-3}, {kCl, 1e-3}});
     const NeutraliseOutcome out = f.Run();
     EXPECT_TRUE(out.cancelled);
@@ -182,7 +182,7 @@ TEST(Neutralise, PassesAreBoundedWithAClearMessage) {
     // the damped passes cannot close the gap within the bound.
     NeutralFixture f;
     f.input.neutraliseAnion = kCO3;
-    f.Set(kH, InpTypeFreeAct, 1e-4);
+    f.Set(kH, InputType::FreeAct, 1e-4);
     f.SetTotals({{kNa, 1e-3}, {kCO3, 1e-4}});
     const NeutraliseOutcome out = f.Run();
     EXPECT_FALSE(out.neutral);

@@ -20,10 +20,10 @@ double CopperBound(int32_t model, double pH, double calcium) {
     OrganicWater w(model, 5, 0.8);
     if (!w.ok) return NAN;
     w.FixPh(pH);
-    w.Set("Na", InpTypeTotalConc, 1e-3);
-    w.Set("NO3", InpTypeTotalConc, 1e-3 + 2 * calcium + 4e-6);
-    if (calcium > 0) w.Set("Ca", InpTypeTotalConc, calcium);
-    w.Set("Cu(II)", InpTypeTotalConc, 2e-6);
+    w.Set("Na", InputType::TotalConc, 1e-3);
+    w.Set("NO3", InputType::TotalConc, 1e-3 + 2 * calcium + 4e-6);
+    if (calcium > 0) w.Set("Ca", InputType::TotalConc, calcium);
+    w.Set("Cu(II)", InputType::TotalConc, 2e-6);
     const CalculationOutcome out = w.Run();
     EXPECT_TRUE(out.solve.converged) << ModelName(model) << " pH " << pH << ": " << out.solve.message;
     return w.BoundFraction("Cu(II)");

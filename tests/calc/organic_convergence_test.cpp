@@ -29,23 +29,23 @@ OrganicWater RandomWater(int32_t model, std::mt19937& rng, bool protonBalance) {
     std::uniform_real_distribution<double> unit(0, 1);
     OrganicWater w(model, LogUniform(rng, 1, 20), 0.3 + 0.6 * unit(rng));
     if (!w.ok) return w;
-    w.Set("Ca", InpTypeTotalConc, LogUniform(rng, 5e-5, 3e-3));
-    w.Set("Mg", InpTypeTotalConc, LogUniform(rng, 2e-5, 1e-3));
-    w.Set("Na", InpTypeTotalConc, LogUniform(rng, 5e-5, 5e-3));
-    w.Set("K", InpTypeTotalConc, LogUniform(rng, 1e-5, 2e-4));
+    w.Set("Ca", InputType::TotalConc, LogUniform(rng, 5e-5, 3e-3));
+    w.Set("Mg", InputType::TotalConc, LogUniform(rng, 2e-5, 1e-3));
+    w.Set("Na", InputType::TotalConc, LogUniform(rng, 5e-5, 5e-3));
+    w.Set("K", InputType::TotalConc, LogUniform(rng, 1e-5, 2e-4));
     const double carbonate = LogUniform(rng, 1e-4, 4e-3);
-    w.Set("CO3", InpTypeTotalConc, carbonate);
-    w.Set("SO4", InpTypeTotalConc, LogUniform(rng, 2e-5, 1e-3));
-    w.Set("Cl", InpTypeTotalConc, LogUniform(rng, 5e-5, 5e-3));
-    w.Set("Cu(II)", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-6));
-    w.Set("Zn", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-6));
-    w.Set("Cd", InpTypeTotalConc, LogUniform(rng, 1e-11, 1e-8));
-    w.Set("Pb", InpTypeTotalConc, LogUniform(rng, 1e-10, 1e-7));
-    w.Set("Ni", InpTypeTotalConc, LogUniform(rng, 1e-9, 1e-7));
-    w.Set("Al", InpTypeTotalConc, LogUniform(rng, 1e-8, 1e-6));
+    w.Set("CO3", InputType::TotalConc, carbonate);
+    w.Set("SO4", InputType::TotalConc, LogUniform(rng, 2e-5, 1e-3));
+    w.Set("Cl", InputType::TotalConc, LogUniform(rng, 5e-5, 5e-3));
+    w.Set("Cu(II)", InputType::TotalConc, LogUniform(rng, 1e-9, 1e-6));
+    w.Set("Zn", InputType::TotalConc, LogUniform(rng, 1e-9, 1e-6));
+    w.Set("Cd", InputType::TotalConc, LogUniform(rng, 1e-11, 1e-8));
+    w.Set("Pb", InputType::TotalConc, LogUniform(rng, 1e-10, 1e-7));
+    w.Set("Ni", InputType::TotalConc, LogUniform(rng, 1e-9, 1e-7));
+    w.Set("Al", InputType::TotalConc, LogUniform(rng, 1e-8, 1e-6));
     if (protonBalance)
         // between bicarbonate and carbonic acid, as waters in contact with air and soil are
-        w.Set("H", InpTypeTotalConc, carbonate * (1 + 0.8 * unit(rng)));
+        w.Set("H", InputType::TotalConc, carbonate * (1 + 0.8 * unit(rng)));
     else
         w.FixPh(5 + 4 * unit(rng));
     return w;

@@ -14,9 +14,9 @@ namespace tormel::test {
 
 namespace {
 
-bool Dissolved(int32_t kind) {
-    return kind == FreeComponent || kind == FreeHydroxide || kind == GasLigand || kind == RedoxPartner ||
-           kind == ComplexSpecies;
+bool Dissolved(SpeciesKind kind) {
+    return kind == SpeciesKind::FreeComponent || kind == SpeciesKind::FreeHydroxide || kind == SpeciesKind::GasLigand ||
+           kind == SpeciesKind::RedoxPartner || kind == SpeciesKind::ComplexSpecies;
 }
 
 // Amount of system component j summed from the species: the bulk share of
@@ -31,7 +31,7 @@ double AmountFromSpecies(const OrganicWater& w, int32_t j, bool weighLayerByCoef
         for (int32_t e = 0; e < sp.componentTerms; ++e) {
             const CompositionTerm& t = w.chem.composition[Position(s, e, count)];
             if (t.systemComponent != j) continue;
-            if (sp.kind >= 9) {
+            if (IsOrganicKind(sp.kind)) {
                 sum += t.coefficient * sp.concentration;
             } else if (Dissolved(sp.kind)) {
                 const double layer = fr[0].volume * sp.organicTerms[0] + fr[1].volume * sp.organicTerms[1];
@@ -90,7 +90,7 @@ TEST(OrganicDiffuseLayer, CounterIonsBalanceTheCharge) {
             double counterIons = 0;
             for (const Species& sp : w.chem.species) {
                 if (!Dissolved(sp.kind)) continue;
-                if (sp.charge > 0 && sp.kind != FreeHydroxide) counterIons += sp.concentration * std::pow(r, sp.charge);
+                if (sp.charge > 0 && sp.kind != SpeciesKind::FreeHydroxide) counterIons += sp.concentration * std::pow(r, sp.charge);
                 if (sp.charge < 0) { EXPECT_EQ(sp.organicTerms[f], 0) << sp.name; }
                 if (sp.charge == 0) { EXPECT_DOUBLE_EQ(sp.organicTerms[f], sp.concentration) << sp.name; }
                 if (sp.charge > 0) {
@@ -132,7 +132,7 @@ TEST(OrganicDiffuseLayer, BalancesCloseWithCoefficientWeighedLayers) {
     double found = 0;
     const auto& fr = w.state.organic.fractions;
     for (const Species& sp : w.chem.species) {
-        if (sp.kind >= 9)
+        if (IsOrganicKind(sp.kind))
             found += sp.charge * sp.concentration;
         else if (Dissolved(sp.kind))
             found += sp.charge * (sp.concentration * w.state.bulkFraction + fr[0].volume * sp.organicTerms[0] +

@@ -19,7 +19,7 @@ OrganicWater MetalWater(int32_t model, bool protonBalance) {
     if (!w.ok) return w;
     w.SetTotals({{"Na", 2e-4}, {"Cl", 2e-4}, {"Ca", 2e-4}, {"CO3", 1e-3}, {"Cu(II)", 1e-5}, {"Al", 1e-5}});
     if (protonBalance)
-        w.Set("H", InpTypeTotalConc, 1.2e-3);
+        w.Set("H", InputType::TotalConc, 1.2e-3);
     else
         w.FixPh(6.5);
     return w;

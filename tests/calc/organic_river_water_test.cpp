@@ -54,7 +54,7 @@ void FreeFractionDeviations(int32_t model, double doc, double deviation[4]) {
     w.FixPh(7.99);
     w.SetTotals({{"Ca", 1.75e-3}, {"Mg", 0.43e-3}, {"Na", 2.5e-3}, {"K", 1.5e-4}, {"Cl", 2.8e-3}, {"SO4", 6e-4},
                  {"CO3", 2.7e-3}});
-    for (const Metal& m : kMetals) w.Set(m.component, InpTypeTotalConc, m.total);
+    for (const Metal& m : kMetals) w.Set(m.component, InputType::TotalConc, m.total);
     const CalculationOutcome out = w.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
     EXPECT_NEAR(w.state.ionicStrength, 0.009, 0.001);

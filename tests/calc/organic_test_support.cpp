@@ -26,7 +26,7 @@ OrganicWater::OrganicWater(int32_t model, double doc, double fulvic) {
     ok = true;
 }
 
-void OrganicWater::Set(const std::string& component, int32_t type, double value) {
+void OrganicWater::Set(const std::string& component, InputType type, double value) {
     const int32_t c = chem.db().FindComponent(component);
     ASSERT_GE(c, 0) << "no component " << component;
     input.components[c] = {value, type};

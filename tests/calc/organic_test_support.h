@@ -25,12 +25,12 @@ struct OrganicWater {
     OrganicWater(int32_t model, double doc, double fulvic);
 
     // Sets a component's input by name; fails the test for an unknown name.
-    void Set(const std::string& component, int32_t type, double value);
+    void Set(const std::string& component, InputType type, double value);
     // Gives each listed component its total concentration.
     void SetTotals(std::initializer_list<std::pair<const char*, double>> totals) {
-        for (auto [component, total] : totals) Set(component, InpTypeTotalConc, total);
+        for (auto [component, total] : totals) Set(component, InputType::TotalConc, total);
     }
-    void FixPh(double pH) { Set("H", InpTypeFreeAct, std::pow(10.0, -pH)); }
+    void FixPh(double pH) { Set("H", InputType::FreeAct, std::pow(10.0, -pH)); }
     CalculationOutcome Run();
 
     int32_t SystemIndexOf(const std::string& component) const;

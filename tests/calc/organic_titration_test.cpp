@@ -55,8 +55,8 @@ double ModelCharge(int32_t model, int32_t fraction, double pH, double salt) {
     OrganicWater w(model, 10, fraction == 0 ? 1.0 : 0.0);
     if (!w.ok) return NAN;
     w.FixPh(pH);
-    w.Set("Na", InpTypeTotalConc, salt);
-    w.Set("NO3", InpTypeTotalConc, salt);
+    w.Set("Na", InputType::TotalConc, salt);
+    w.Set("NO3", InputType::TotalConc, salt);
     const CalculationOutcome out = w.Run();
     EXPECT_TRUE(out.solve.converged) << "model " << model << " pH " << pH << ": " << out.solve.message;
     return w.state.organic.carry[fraction].charge;

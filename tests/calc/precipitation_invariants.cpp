@@ -18,7 +18,7 @@ int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k) {
     if (comp.systemIndex <= 0) return -comp.systemIndex;
     for (size_t s = 0; s < chem.species.size(); ++s) {
         const Species& sp = chem.species[s];
-        if (sp.kind == FreeComponent && sp.source == -k) return static_cast<int32_t>(s);
+        if (sp.kind == SpeciesKind::FreeComponent && sp.source == -k) return static_cast<int32_t>(s);
     }
     return -1;
 }
@@ -55,11 +55,11 @@ PrecipitationInvariants CheckPrecipitation(const ChemicalSystem& chem, const Sol
     // mass balances over every species, solids included
     for (int32_t j = 0; j < systemCount; ++j) {
         const SystemComponent& sc = chem.systemComponents[j];
-        if (sc.balanceKind != InpTypeTotalConc) continue;
+        if (sc.balanceKind != InputType::TotalConc) continue;
         double net = 0, donors = 0, acceptors = 0;
         for (int32_t s = 0; s < speciesCount; ++s) {
             const Species& sp = chem.species[s];
-            if (sp.kind > SolidSpecies) continue;  // no organic species in these systems
+            if (sp.kind > SpeciesKind::SolidSpecies) continue;  // no organic species in these systems
             for (int32_t t = 0; t < sp.componentTerms; ++t) {
                 const CompositionTerm& term = chem.composition[Position(s, t, speciesCount)];
                 if (term.systemComponent != j) continue;

@@ -32,11 +32,11 @@ constexpr double kSaturated = 1e-5;  // log units: a present solid's saturation 
 void AddSolidEquilibrium(ChemicalSystem& chem, const char* name, double logK,
                          std::initializer_list<ReactionTerm> terms) {
     Database& db = test::EditDatabase(chem);
-    Equilibrium eq = MakeEquilibrium(EqSolid, name, 0, logK);
+    Equilibrium eq = MakeEquilibrium(EquilibriumType::Solid, name, 0, logK);
     eq.deltaZ2 = ChargeSquareSum(db, terms);
     const int32_t index = AppendEquilibrium(db, eq, terms);
     db.maxComponentsPerEquilibrium = std::max(db.maxComponentsPerEquilibrium, db.equilibria[index].componentCount);
-    TypeRange& range = db.equilibriumRange[EqSolid];
+    TypeRange& range = db.equilibriumRange[EquilibriumType::Solid];
     if (range.empty()) range.first = index;
     range.last = index;
 }
@@ -72,7 +72,7 @@ struct SolidsFixture : CalcFixture {
     }
     double Amount(const std::string& solid) const {
         for (const Species& sp : chem.species)
-            if (sp.kind == SolidSpecies && sp.name == solid) return sp.concentration;
+            if (sp.kind == SpeciesKind::SolidSpecies && sp.name == solid) return sp.concentration;
         ADD_FAILURE() << "solid " << solid << " not assembled";
         return 0;
     }
@@ -127,7 +127,7 @@ TEST(PrecipitationAssembly, SolidsAreFormedLikeComplexesAndCounted) {
     ASSERT_FALSE(range.empty());
     ASSERT_EQ(range.last - range.first, 1);  // siderite needs Fe(II)
     const Species& calcite = f.chem.species[range.first];
-    EXPECT_EQ(calcite.kind, SolidSpecies);
+    EXPECT_EQ(calcite.kind, SpeciesKind::SolidSpecies);
     EXPECT_EQ(calcite.name, "Calcite");
     EXPECT_EQ(calcite.addInfo.value_or(""), "The activity of a solid is 1.");
     // its reaction is shown without phase labels
@@ -141,8 +141,8 @@ TEST(PrecipitationAssembly, SolidsAreFormedLikeComplexesAndCounted) {
 
     SolidsFixture g;
     AddSolidEquilibrium(g.chem, "Portlandite", -22.8, {{kCa, 1}, {kH, -2}});
-    g.Set(kH, InpTypeFreeAct, 1e-12);
-    g.Set(kCa, InpTypeTotalConc, 1e-3);
+    g.Set(kH, InputType::FreeAct, 1e-12);
+    g.Set(kCa, InputType::TotalConc, 1e-3);
     CalcContext gctx = g.Ctx();
     ASSERT_TRUE(AssembleSystem(gctx));
     EXPECT_EQ(g.state.solidTotalCounts, std::vector<int32_t>{1});  // a fixed pH balances nothing
@@ -153,9 +153,9 @@ TEST(PrecipitationAssembly, SolidThatNoBalanceLimitsRefusesTheCalculation) {
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     AddSolidEquilibrium(f.chem, "Portlandite", -22.8, {{kCa, 1}, {kH, -2}});
     AddSolidEquilibrium(f.chem, "Halite", -1.6, {{kNa, 1}, {kCl, 1}});
-    f.Set(kH, InpTypeFreeAct, 1e-8);
-    f.Set(kCa, InpTypeFreeAct, 1e-3);
-    f.Set(kCO3, InpTypeFreeConc, 1e-4);
+    f.Set(kH, InputType::FreeAct, 1e-8);
+    f.Set(kCa, InputType::FreeAct, 1e-3);
+    f.Set(kCO3, InputType::FreeConc, 1e-4);
     f.SetTotals({{kNa, 1e-3}, {kCl, 1e-3}});
     const CalculationOutcome out = f.Run();
     EXPECT_FALSE(out.assembled);
@@ -168,7 +168,7 @@ TEST(PrecipitationAssembly, SolidThatNoBalanceLimitsRefusesTheCalculation) {
 TEST(Precipitation, CalciteFromAnOversaturatedWaterAtFixedPh) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
-    f.Set(kH, InpTypeFreeAct, std::pow(10.0, -8.3));
+    f.Set(kH, InputType::FreeAct, std::pow(10.0, -8.3));
     f.SetTotals({{kCa, 3e-3}, {kCO3, 4e-3}, {kNa, 2e-3}, {kCl, 6e-3}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -193,7 +193,7 @@ TEST(Precipitation, CalciteFromAnOversaturatedWaterAtFixedPh) {
 TEST(Precipitation, UndersaturatedWaterFormsNothing) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
-    f.Set(kH, InpTypeFreeAct, 1e-6);
+    f.Set(kH, InputType::FreeAct, 1e-6);
     f.SetTotals({{kCa, 1e-4}, {kCO3, 1e-4}});
     ASSERT_TRUE(f.Run().solve.converged);
     EXPECT_EQ(f.Amount("Calcite"), 0.0);
@@ -227,7 +227,7 @@ TEST(Precipitation, OneSolidPerComponentPerCheckButHydrogenIsSharedAtFixedPh) {
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     AddSolidEquilibrium(f.chem, "Portlandite", -22.8, {{kCa, 1}, {kH, -2}});
     AddSolidEquilibrium(f.chem, "Ferrihydrite", -3.19, {{kFe3, 1}, {kH, -3}});
-    f.Set(kH, InpTypeFreeAct, std::pow(10.0, -12.6));
+    f.Set(kH, InputType::FreeAct, std::pow(10.0, -12.6));
     f.SetTotals({{kCa, 0.06}, {kCO3, 0.01}, {kFe3, 1e-5}, {kNa, 0.02}, {kCl, 0.1}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -254,7 +254,7 @@ TEST(Precipitation, SolidThatMustDissolveCompletelyLeaves) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     AddSolidEquilibrium(f.chem, "CaCl2(s)", 9.0, {{kCa, 1}, {kCl, 2}});
-    f.Set(kH, InpTypeFreeAct, 1e-10);
+    f.Set(kH, InputType::FreeAct, 1e-10);
     f.SetTotals({{kCa, 0.01}, {kCO3, 0.005}, {kCl, 0.06}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -276,7 +276,7 @@ TEST(Precipitation, SolidThatMustDissolveCompletelyLeaves) {
 TEST(Precipitation, SolidThatReleasesAComponent) {
     SolidsFixture f;
     AddSolidEquilibrium(f.chem, "CaCl(Na-1)(s)", 1.5, {{kCa, 1}, {kCl, 1}, {kNa, -1}});
-    f.Set(kH, InpTypeFreeAct, 1e-7);
+    f.Set(kH, InputType::FreeAct, 1e-7);
     f.SetTotals({{kCa, 0.01}, {kCl, 0.02}, {kNa, 0.001}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;
@@ -298,7 +298,7 @@ TEST(Precipitation, SolidMadeOfTwoPresentSolidsReplacesOneOfThem) {
     AddSolidEquilibrium(f.chem, "Calcite", 8.48, {{kCa, 1}, {kCO3, 1}});
     AddSolidEquilibrium(f.chem, "CaCl2(s)", 8.0, {{kCa, 1}, {kCl, 2}});
     AddSolidEquilibrium(f.chem, "Ca2CO3Cl2(s)", 16.9, {{kCa, 2}, {kCO3, 1}, {kCl, 2}});
-    f.Set(kH, InpTypeFreeAct, 1e-10);
+    f.Set(kH, InputType::FreeAct, 1e-10);
     f.SetTotals({{kCa, 0.02}, {kCO3, 0.005}, {kCl, 0.06}});
     const CalculationOutcome out = f.Run();
     ASSERT_TRUE(out.solve.converged) << out.solve.message;

@@ -81,16 +81,16 @@ bool ApplyRandomWater(const RandomWater& water, const ChemicalSystem& database, 
     ClearInputs(input, chem);
     ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
     if (water.protonBalance) {
-        hydrogen.inputType = InpTypeTotalConc;
+        hydrogen.inputType = InputType::TotalConc;
         hydrogen.inputValue = water.hTotal;
     } else {
-        hydrogen.inputType = InpTypeFreeAct;
+        hydrogen.inputType = InputType::FreeAct;
         hydrogen.inputValue = std::pow(10.0, -water.ph);
     }
     for (const auto& [name, value] : water.totals) {
         const int32_t k = chem.db().FindComponent(name);
         if (k < 0) return false;
-        input.components[k] = {value, InpTypeTotalConc};
+        input.components[k] = {value, InputType::TotalConc};
     }
     input.ionicStrengthModel = 1;
     input.convergenceCriterion = criterion;

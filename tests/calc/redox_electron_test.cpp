@@ -58,10 +58,10 @@ double HandValue(const ResultWater& w, const Law& law) {
 
 // Silver and manganese at pH 7 and a fixed pE, ionic strength 0.05.
 void SetSilverManganeseWater(ResultWater& w) {
-    w.Set("H", InpTypeFreeAct, 1e-7);
-    w.Set("Ag", InpTypeTotalConc, 1e-6);
-    w.Set("Cl", InpTypeTotalConc, 1e-4);
-    w.Set("Mn(II)", InpTypeTotalConc, 1e-6);
+    w.Set("H", InputType::FreeAct, 1e-7);
+    w.Set("Ag", InputType::TotalConc, 1e-6);
+    w.Set("Cl", InputType::TotalConc, 1e-4);
+    w.Set("Mn(II)", InputType::TotalConc, 1e-6);
     w.SetPe(kPe);
 }
 

@@ -62,8 +62,8 @@ TEST(RedoxTemperature, IronAtFixedPe) {
     // Fe+3 + e- = Fe+2, log_k 13.032, delta_h -42.7 kJ; Fe(III) heads the group
     ExpectCouplesAtEachTemperature(
         [](ResultWater& w) {
-            w.Set("H", InpTypeFreeAct, 1e-3);
-            w.Set("Fe(III)", InpTypeTotalConc, 1e-5);
+            w.Set("H", InputType::FreeAct, 1e-3);
+            w.Set("Fe(III)", InputType::TotalConc, 1e-5);
         },
         13, {{"free Fe(II) 2+", "free Fe(III) 3+", 13.032, -42700, 0, 1}});
 }
@@ -75,8 +75,8 @@ TEST(RedoxTemperature, NitrogenGroupGivenByTheAmmoniumTotal) {
     // is reached from the NO3 partner, forwards.
     ExpectCouplesAtEachTemperature(
         [](ResultWater& w) {
-            w.Set("H", InpTypeFreeAct, 1e-7);
-            w.Set("NH4", InpTypeTotalConc, 1e-4);
+            w.Set("H", InputType::FreeAct, 1e-7);
+            w.Set("NH4", InputType::TotalConc, 1e-4);
         },
         6,
         {{"free NH4 +", "free NO3 -", 119.077, -782638.12, 10, 8},
@@ -90,8 +90,8 @@ TEST(RedoxTemperature, PartnersOfTheHydrogenSelenideGas) {
     // SeO4-2 + 3 H+ + 2 e- = HSeO3- + H2O, log_k 36.308, delta_h -201.2 kJ.
     ExpectCouplesAtEachTemperature(
         [](ResultWater& w) {
-            w.Set("H", InpTypeFreeAct, 1e-7);
-            w.Set("H2Se(g)", InpTypeGasPres, 1e-6);
+            w.Set("H", InputType::FreeAct, 1e-7);
+            w.Set("H2Se(g)", InputType::GasPres, 1e-6);
         },
         0.5,
         {{"free HSe -", "free HSeO3 -", 44.86, 0, 6, 6}, {"free HSeO3 -", "free SeO4 2-", 36.308, -201200, 3, 2}});
@@ -111,9 +111,9 @@ TEST(RedoxTemperature, ModeOneCountsThePartners) {
         f.input.temperatureCorrection = 1;
         f.input.ionicStrengthFixed = true;
         f.input.fixedIonicStrength = 0.01;
-        f.Set(kH, InpTypeFreeAct, 1e-3);
+        f.Set(kH, InputType::FreeAct, 1e-3);
         f.SetTotals({{kFe3, 1e-4}, {kCl, 1e-3}});
-        f.Set(kElectron, InpTypeFreeAct, 1e-13);
+        f.Set(kElectron, InputType::FreeAct, 1e-13);
         CalcContext ctx = f.Context();
         ASSERT_TRUE(RunCalculation(ctx, false).solve.converged);
         EXPECT_EQ(f.chem.temperatureCorrectionApplied, coupleEnthalpy);

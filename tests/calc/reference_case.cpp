@@ -46,9 +46,9 @@ const std::map<std::string, std::string>& OxidationStateNames() {
     return names;
 }
 
-bool Dissolved(int32_t kind) {
-    return kind == FreeComponent || kind == FreeHydroxide || kind == GasLigand || kind == RedoxPartner ||
-           kind == ComplexSpecies;
+bool Dissolved(SpeciesKind kind) {
+    return kind == SpeciesKind::FreeComponent || kind == SpeciesKind::FreeHydroxide || kind == SpeciesKind::GasLigand ||
+           kind == SpeciesKind::RedoxPartner || kind == SpeciesKind::ComplexSpecies;
 }
 
 class CaseRun {
@@ -94,7 +94,7 @@ private:
         return false;
     }
 
-    bool Give(const std::string& name, int32_t type, double value) {
+    bool Give(const std::string& name, InputType type, double value) {
         const int32_t k = chem_.db().FindComponent(name);
         if (k < 0) return Fail("component " + name + " not in the database");
         input_.components[k] = {value, type};
@@ -111,31 +111,31 @@ private:
         input_.temperatureCorrection = options && options->BoolOr("temperature_correction", false) ? 2 : 0;
         const std::string& hydrogen = chem_.db().components[chem_.db().hydrogenIndex].name;
         if (c_.TextOr("ph_mode", "") == "fixed") {
-            if (!Give(hydrogen, InpTypeFreeAct, std::pow(10.0, -c_.NumberOr("ph", 7)))) return false;
+            if (!Give(hydrogen, InputType::FreeAct, std::pow(10.0, -c_.NumberOr("ph", 7)))) return false;
         } else {
-            if (!Give(hydrogen, InpTypeTotalConc, c_.NumberOr("h_total_mol_L", 0))) return false;
+            if (!Give(hydrogen, InputType::TotalConc, c_.NumberOr("h_total_mol_L", 0))) return false;
         }
         if (chem_.db().electronIndex > 0) {
             ComponentInput& e = input_.components[chem_.db().electronIndex];
-            e.inputType = InpTypeFreeAct;
+            e.inputType = InputType::FreeAct;
             e.inputValue = c_.Find("pe") ? std::pow(10.0, -c_.NumberOr("pe", 0)) : 1.0;
         }
         if (const JsonValue* totals = c_.Find("totals_mol_L"))
             for (const auto& [name, value] : totals->members)
-                if (!Give(name, InpTypeTotalConc, value.number)) return false;
+                if (!Give(name, InputType::TotalConc, value.number)) return false;
         if (const JsonValue* groups = c_.Find("redox_groups"))
             for (const JsonValue& group : groups->items) {
                 const JsonValue* members = group.Find("members");
                 if (!members || members->items.empty()) return Fail("redox group without members");
-                if (!Give(members->items[0].text, InpTypeTotalConc, group.NumberOr("total_mol_L", 0))) return false;
+                if (!Give(members->items[0].text, InputType::TotalConc, group.NumberOr("total_mol_L", 0))) return false;
             }
         if (const JsonValue* gases = c_.Find("gases_atm"))
             for (const auto& [name, value] : gases->members)
-                if (!Give(name, InpTypeGasPres, value.number)) return false;
+                if (!Give(name, InputType::GasPres, value.number)) return false;
         if (const JsonValue* adsorbent = c_.Find("adsorbent"))
             if (const JsonValue* sites = adsorbent->Find("sites_mol_L"))
                 for (const auto& [name, value] : sites->members)
-                    if (!Give(name, InpTypeTotalConc, value.number)) return false;
+                    if (!Give(name, InputType::TotalConc, value.number)) return false;
         if (const JsonValue* tol = c_.Find("tolerance")) {
             tolerance_ = tol->NumberOr("relative_concentration", tolerance_);
             ionicTolerance_ = tol->NumberOr("ionic_strength_relative", ionicTolerance_);
@@ -154,7 +154,7 @@ private:
         if (comp.systemIndex <= 0) return -comp.systemIndex;
         for (size_t s = 0; s < chem_.species.size(); ++s) {
             const Species& sp = chem_.species[s];
-            if ((sp.kind == FreeComponent || sp.kind == AdsorbedSpecies) && sp.source == -k)
+            if ((sp.kind == SpeciesKind::FreeComponent || sp.kind == SpeciesKind::AdsorbedSpecies) && sp.source == -k)
                 return static_cast<int32_t>(s);
         }
         return -1;
@@ -164,7 +164,7 @@ private:
         const auto [base, charge] = SplitCharge(key);
         for (size_t s = 0; s < chem_.species.size(); ++s) {
             const Species& sp = chem_.species[s];
-            const bool wanted = adsorbed ? sp.kind == AdsorbedSpecies : sp.kind == ComplexSpecies;
+            const bool wanted = adsorbed ? sp.kind == SpeciesKind::AdsorbedSpecies : sp.kind == SpeciesKind::ComplexSpecies;
             if (wanted && sp.name == base && sp.charge == charge) return static_cast<int32_t>(s);
         }
         // the oxidation-state name of the component first, then the bare formula
@@ -183,7 +183,7 @@ private:
 
     int32_t FindSolid(const std::string& name) const {
         for (size_t s = 0; s < chem_.species.size(); ++s)
-            if (chem_.species[s].kind == SolidSpecies && chem_.species[s].name == name) return static_cast<int32_t>(s);
+            if (chem_.species[s].kind == SpeciesKind::SolidSpecies && chem_.species[s].name == name) return static_cast<int32_t>(s);
         return -1;
     }
 
@@ -191,7 +191,7 @@ private:
     // database reaction rather than from the assembled composition.
     double DatabaseCoefficient(int32_t s, int32_t k) const {
         const Species& sp = chem_.species[s];
-        if (sp.kind <= RedoxPartnerSolid) return -sp.source == k ? 1 : 0;
+        if (sp.kind <= SpeciesKind::RedoxPartnerSolid) return -sp.source == k ? 1 : 0;
         return chem_.db().Coefficient(k, sp.source);
     }
 
@@ -199,7 +199,7 @@ private:
         double sum = 0;
         for (size_t s = 0; s < chem_.species.size(); ++s) {
             const Species& sp = chem_.species[s];
-            if (adsorbed ? sp.kind != AdsorbedSpecies : !Dissolved(sp.kind)) continue;
+            if (adsorbed ? sp.kind != SpeciesKind::AdsorbedSpecies : !Dissolved(sp.kind)) continue;
             sum += DatabaseCoefficient(static_cast<int32_t>(s), k) * sp.concentration;
         }
         return sum;
@@ -220,7 +220,7 @@ private:
     bool SaturationIndex(const std::string& name, double& si) const {
         for (int32_t e = 0; e < chem_.db().EquilibriumCount(); ++e) {
             const Equilibrium& eq = chem_.db().equilibria[e];
-            if ((eq.type != EqSolid && eq.type != EqGas) || eq.name != name) continue;
+            if ((eq.type != EquilibriumType::Solid && eq.type != EquilibriumType::Gas) || eq.name != name) continue;
             bool ok = true;
             si = eq.logK;
             if (input_.temperatureCorrection == 2 && eq.hasEnthalpy) si += TemperatureTerm(input_.temperature, eq.enthalpy);

@@ -18,13 +18,13 @@ ResultWater::ResultWater(double ionicStrength) {
     ws.input.redox = true;
 }
 
-void ResultWater::Set(const std::string& component, int32_t type, double value) {
+void ResultWater::Set(const std::string& component, InputType type, double value) {
     const int32_t k = ws.chem.db().FindComponent(component);
     ASSERT_GE(k, 0) << component;
     ws.input.components[k] = {value, type};
 }
 
-void ResultWater::SetPe(double pe) { Set("e", InpTypeFreeAct, std::pow(10.0, -pe)); }
+void ResultWater::SetPe(double pe) { Set("e", InputType::FreeAct, std::pow(10.0, -pe)); }
 
 bool ResultWater::Calculate() {
     ws.solver = SolverState{};

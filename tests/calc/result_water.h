@@ -14,8 +14,8 @@ namespace tormel::test {
 struct ResultWater : PreparedWorkspace {
     explicit ResultWater(double ionicStrength);
 
-    // Gives the named component an input of `type` (InputType).
-    void Set(const std::string& component, int32_t type, double value);
+    // Gives the named component an input of `type`.
+    void Set(const std::string& component, InputType type, double value);
     // The electron's activity 10^-pE.
     void SetPe(double pe);
     // Assembles, solves and builds result set 0; false when it did not converge.

@@ -15,15 +15,15 @@ double LogAct(const CalcFixture& f, const std::string& name) {
     EXPECT_GE(s, 0) << "species " << name << " missing";
     if (s < 0) return 0;
     const Species& sp = f.chem.species[s];
-    const bool adsorbed = sp.kind == AdsorbedSpecies;
+    const bool adsorbed = sp.kind == SpeciesKind::AdsorbedSpecies;
     return std::log10(sp.concentration) + (adsorbed ? 0.0 : DaviesLog(f.state.ionicStrength, sp.charge));
 }
 
 double IonicStrengthOf(const CalcFixture& f) {
     double sum = 0;
     for (const Species& sp : f.chem.species)
-        if (sp.kind == FreeComponent || sp.kind == FreeHydroxide || sp.kind == GasLigand || sp.kind == RedoxPartner ||
-            sp.kind == ComplexSpecies)
+        if (sp.kind == SpeciesKind::FreeComponent || sp.kind == SpeciesKind::FreeHydroxide || sp.kind == SpeciesKind::GasLigand || sp.kind == SpeciesKind::RedoxPartner ||
+            sp.kind == SpeciesKind::ComplexSpecies)
             sum += sp.concentration * sp.charge * sp.charge;
     return sum / 2;
 }

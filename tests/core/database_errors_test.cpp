@@ -89,7 +89,7 @@ TEST(CoreDatabaseFormats, TypeSpecificFieldsAreOnlyPresentWhereTheyBelong) {
     EXPECT_EQ(chem.components[2].charge, 0);
     EXPECT_EQ(chem.components[2].molarMass, 86.94);
     EXPECT_EQ(chem.components[3].charge, 0);
-    EXPECT_EQ(chem.components[3].type, Gas);
+    EXPECT_EQ(chem.components[3].type, ComponentType::Gas);
     EXPECT_EQ(chem.components[4].organicModel, Model7);
     EXPECT_EQ(chem.components[4].ionDiameter, 0);
     // enthalpy flag 0: no enthalpy field; flag 1: one real follows

@@ -42,13 +42,13 @@ TEST(CoreDatabaseLoad, TypeRangesNeverStartAtIndexZero) {
     RecordingUi ui;
     Database chem = LoadSynthetic(SyntheticDatabase(), ui);
     // H+ is component 0: the cation range starts at the first cation after it
-    EXPECT_EQ(chem.componentRange[Cation].first, 1);
-    EXPECT_EQ(chem.componentRange[Cation].last, 5);
-    EXPECT_EQ(chem.componentRange[Ligand].first, 7);
-    EXPECT_EQ(chem.componentRange[Ligand].last, 9);
-    EXPECT_EQ(chem.componentRange[Ads].first, 10);
-    EXPECT_EQ(chem.componentRange[RedSol].first, 11);
-    EXPECT_EQ(chem.componentRange[Gas].first, 12);
+    EXPECT_EQ(chem.componentRange[ComponentType::Cation].first, 1);
+    EXPECT_EQ(chem.componentRange[ComponentType::Cation].last, 5);
+    EXPECT_EQ(chem.componentRange[ComponentType::Ligand].first, 7);
+    EXPECT_EQ(chem.componentRange[ComponentType::Ligand].last, 9);
+    EXPECT_EQ(chem.componentRange[ComponentType::Ads].first, 10);
+    EXPECT_EQ(chem.componentRange[ComponentType::RedSol].first, 11);
+    EXPECT_EQ(chem.componentRange[ComponentType::Gas].first, 12);
     EXPECT_EQ(chem.electronIndex, 6);
     EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].first, 13);
     EXPECT_EQ(chem.organicComponentRange[Model5 - Model5].last, 14);
@@ -56,12 +56,12 @@ TEST(CoreDatabaseLoad, TypeRangesNeverStartAtIndexZero) {
     EXPECT_EQ(chem.organicComponentRange[Model7 - Model5].last, 16);
     // the water equilibrium is 0 and never starts a range
     EXPECT_EQ(chem.waterEquilibriumIndex, 0);
-    EXPECT_EQ(chem.equilibriumRange[EqComplex].first, 1);
-    EXPECT_EQ(chem.equilibriumRange[EqComplex].last, 9);
-    EXPECT_EQ(chem.equilibriumRange[EqAdsorption].first, 10);
-    EXPECT_EQ(chem.equilibriumRange[EqRedox].first, 12);
-    EXPECT_EQ(chem.equilibriumRange[EqRedox].last, 13);
-    EXPECT_EQ(chem.equilibriumRange[EqSolid].first, 15);
+    EXPECT_EQ(chem.equilibriumRange[EquilibriumType::Complex].first, 1);
+    EXPECT_EQ(chem.equilibriumRange[EquilibriumType::Complex].last, 9);
+    EXPECT_EQ(chem.equilibriumRange[EquilibriumType::Adsorption].first, 10);
+    EXPECT_EQ(chem.equilibriumRange[EquilibriumType::Redox].first, 12);
+    EXPECT_EQ(chem.equilibriumRange[EquilibriumType::Redox].last, 13);
+    EXPECT_EQ(chem.equilibriumRange[EquilibriumType::Solid].first, 15);
     EXPECT_EQ(chem.organicEquilibriumRange[Model7 - Model5].first, 17);
     EXPECT_EQ(chem.maxComponentsPerEquilibrium, 4);
 }
@@ -84,9 +84,9 @@ TEST(CoreDatabaseLoad, GasAndRedoxGroupsAreLinked) {
     // a third iron state joins the Fe(II)/Fe(III) group; its equilibrium is
     // written towards Fe(III), the linked component below its partner
     Database grown = SyntheticDatabase();
-    grown.components.push_back(test::MakeComponent(Cation, "Fe(VI)", 6));
+    grown.components.push_back(test::MakeComponent(ComponentType::Cation, "Fe(VI)", 6));
     grown.stoichiometry.resize(grown.components.size() * grown.equilibria.size(), 0);
-    Equilibrium q = test::MakeEquilibrium(EqRedox, "Fe(III)/Fe(VI)", 0, 0);
+    Equilibrium q = test::MakeEquilibrium(EquilibriumType::Redox, "Fe(III)/Fe(VI)", 0, 0);
     q.linkedComponent = grown.FindComponent("Fe(III)");
     q.linkedCoefficient = 1;
     test::AppendEquilibrium(grown, q, {{grown.ComponentCount() - 1, 1}, {grown.FindComponent("e"), 3}});

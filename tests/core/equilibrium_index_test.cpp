@@ -14,7 +14,7 @@ namespace {
 
 // What the index must give: the equilibria of a type within its range whose
 // every component takes part, found by scanning the whole stoichiometry.
-std::vector<int32_t> ScanForEquilibria(const ChemicalSystem& chem, int32_t type) {
+std::vector<int32_t> ScanForEquilibria(const ChemicalSystem& chem, EquilibriumType type) {
     std::vector<int32_t> found;
     const TypeRange range = chem.db().equilibriumRange[type];
     if (range.empty()) return found;
@@ -53,9 +53,10 @@ void ExpectIndexMatchesScan(ChemicalSystem chem, unsigned seed) {
             for (ComponentPlacement& p : chem.placement) p.inInput = takesPart(rng);
             chem.placement[chem.db().hydrogenIndex].inInput = true;
             chem.placement[chem.db().hydroxideIndex].inInput = true;
-            for (int32_t type : {EqComplex, EqAdsorption, EqRedox, EqGas, EqSolid, EqOrganic})
+            for (EquilibriumType type : {EquilibriumType::Complex, EquilibriumType::Adsorption, EquilibriumType::Redox,
+                                          EquilibriumType::Gas, EquilibriumType::Solid, EquilibriumType::Organic})
                 ASSERT_EQ(EquilibriaInInput(chem, type), ScanForEquilibria(chem, type))
-                    << "type " << type << ", share " << share;
+                    << "type " << CodeOf(type) << ", share " << share;
         }
     }
 }
@@ -84,7 +85,7 @@ TEST(CoreEquilibriumIndex, IsBuiltForAHandMadeDatabaseAndAgainWhenItsShapeChange
     ExpectIndexMatchesScan(ChemicalSystem(db), 7);
 
     // an equilibrium without components is formed whatever the input holds
-    db.equilibria.push_back(db.equilibria[db.equilibriumRange[EqComplex].last]);
+    db.equilibria.push_back(db.equilibria[db.equilibriumRange[EquilibriumType::Complex].last]);
     SetEquilibriumRanges(db);
     std::vector<int32_t> widened(db.components.size() * db.equilibria.size(), 0);
     for (int32_t k = 0; k < db.ComponentCount(); ++k)
@@ -94,7 +95,7 @@ TEST(CoreEquilibriumIndex, IsBuiltForAHandMadeDatabaseAndAgainWhenItsShapeChange
     EXPECT_TRUE(IndexOf(db).Terms(db.EquilibriumCount() - 1).empty());
     ChemicalSystem chem(db);
     chem.placement.assign(db.components.size(), ComponentPlacement{});
-    EXPECT_EQ(EquilibriaInInput(chem, EqComplex), std::vector<int32_t>{db.EquilibriumCount() - 1});
+    EXPECT_EQ(EquilibriaInInput(chem, EquilibriumType::Complex), std::vector<int32_t>{db.EquilibriumCount() - 1});
     ExpectIndexMatchesScan(chem, 8);
 }
 

@@ -28,11 +28,12 @@ const Database& RealChem() {
 }
 
 // Index of the equilibrium of this type, name and charge; -1 when absent.
-int FindEquilibrium(const Database& chem, int type, const std::string& name, int charge = 0) {
+int FindEquilibrium(const Database& chem, EquilibriumType type, const std::string& name, int charge = 0) {
     for (int i = 0; i < chem.EquilibriumCount(); ++i) {
         const Equilibrium& e = chem.equilibria[i];
         if (e.type == type && e.name == name &&
-            (e.charge == charge || type == EqSolid || type == EqGas || type == EqRedox))
+            (e.charge == charge || type == EquilibriumType::Solid || type == EquilibriumType::Gas ||
+             type == EquilibriumType::Redox))
             return i;
     }
     return -1;
@@ -52,10 +53,10 @@ std::map<std::string, int> Terms(const Database& chem, int e) {
     return out;
 }
 
-const Equilibrium& Eq(const Database& chem, int type, const std::string& name, int charge = 0) {
+const Equilibrium& Eq(const Database& chem, EquilibriumType type, const std::string& name, int charge = 0) {
     int i = FindEquilibrium(chem, type, name, charge);
     if (i < 0) {
-        ADD_FAILURE() << "equilibrium " << name << " (type " << type << ", charge " << charge << ") missing";
+        ADD_FAILURE() << "equilibrium " << name << " (type " << CodeOf(type) << ", charge " << charge << ") missing";
         static const Equilibrium none;
         return none;
     }
@@ -71,56 +72,56 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
 
     // H+ first, water first, electron and hydroxide found through the water.
     EXPECT_EQ(chem.components[0].name, "H");
-    EXPECT_EQ(chem.components[0].type, Cation);
+    EXPECT_EQ(chem.components[0].type, ComponentType::Cation);
     EXPECT_EQ(chem.components[0].charge, 1);
     EXPECT_EQ(chem.hydrogenIndex, 0);
     EXPECT_EQ(chem.waterEquilibriumIndex, 0);
-    EXPECT_EQ(chem.equilibria[0].type, EqWater);
+    EXPECT_EQ(chem.equilibria[0].type, EquilibriumType::Water);
     EXPECT_EQ(chem.equilibria[0].name, "H2O");
     ASSERT_GT(chem.hydroxideIndex, 0);
     EXPECT_EQ(chem.components[chem.hydroxideIndex].name, "OH");
     EXPECT_EQ(chem.components[chem.hydroxideIndex].charge, -1);
     EXPECT_EQ(chem.components[0].waterPartnerOfH, chem.hydroxideIndex);
     EXPECT_EQ(chem.components[chem.electronIndex].name, "e");
-    EXPECT_EQ(chem.components[chem.electronIndex].type, Electron);
+    EXPECT_EQ(chem.components[chem.electronIndex].type, ComponentType::Electron);
     EXPECT_LE(chem.maxComponentsPerEquilibrium, 4);
 
     // Types in range and grouped, so that every type range is one block.
     std::set<std::string> names;
     for (int c = 0; c < chem.ComponentCount(); ++c) {
         const Component& k = chem.components[c];
-        EXPECT_GE(k.type, Cation);
-        EXPECT_LE(k.type, Organic);
+        EXPECT_GE(k.type, ComponentType::Cation);
+        EXPECT_LE(k.type, ComponentType::Organic);
         if (c > 0) { EXPECT_GE(k.type, chem.components[c - 1].type) << k.name; }
         EXPECT_TRUE(names.insert(k.name).second) << "component name twice: " << k.name;
-        if (k.type == Cation || k.type == Ligand) { EXPECT_GT(k.molarMass, 0) << k.name; }
-        if (k.type == Organic) { EXPECT_TRUE(k.organicModel >= Model5 && k.organicModel <= Model7) << k.name; }
+        if (k.type == ComponentType::Cation || k.type == ComponentType::Ligand) { EXPECT_GT(k.molarMass, 0) << k.name; }
+        if (k.type == ComponentType::Organic) { EXPECT_TRUE(k.organicModel >= Model5 && k.organicModel <= Model7) << k.name; }
     }
     for (int e = 0; e < chem.EquilibriumCount(); ++e) {
         const Equilibrium& q = chem.equilibria[e];
-        EXPECT_GE(q.type, EqWater);
-        EXPECT_LE(q.type, EqOrganic);
+        EXPECT_GE(q.type, EquilibriumType::Water);
+        EXPECT_LE(q.type, EquilibriumType::Organic);
         if (e > 0) {
             const Equilibrium& p = chem.equilibria[e - 1];
             EXPECT_GE(q.type, p.type) << q.name;
-            if (q.type == EqOrganic && p.type == EqOrganic) { EXPECT_GE(q.organicModel, p.organicModel) << q.name; }
+            if (q.type == EquilibriumType::Organic && p.type == EquilibriumType::Organic) { EXPECT_GE(q.organicModel, p.organicModel) << q.name; }
         }
         int nonZero = 0;
         for (int c = 0; c < chem.ComponentCount(); ++c) nonZero += chem.Coefficient(c, e) != 0;
         EXPECT_EQ(nonZero, q.componentCount) << q.name;
         EXPECT_GE(q.componentCount, 1) << q.name;
         EXPECT_LE(q.componentCount, 4) << q.name;
-        if (q.type == EqRedox || q.type == EqGas) {
+        if (q.type == EquilibriumType::Redox || q.type == EquilibriumType::Gas) {
             EXPECT_GT(q.linkedComponent, 0) << q.name;
             EXPECT_EQ(q.linkedCoefficient, 1) << q.name;
             EXPECT_EQ(chem.Coefficient(q.linkedComponent, e), 0)
                 << q.name << ": the linked component is not a term";
         }
-        if (q.type == EqGas) { EXPECT_EQ(chem.components[q.linkedComponent].type, Gas) << q.name; }
-        if (q.type == EqOrganic) {
+        if (q.type == EquilibriumType::Gas) { EXPECT_EQ(chem.components[q.linkedComponent].type, ComponentType::Gas) << q.name; }
+        if (q.type == EquilibriumType::Organic) {
             int organic = 0;
             for (int c = 0; c < chem.ComponentCount(); ++c)
-                if (chem.Coefficient(c, e) != 0 && chem.components[c].type == Organic) {
+                if (chem.Coefficient(c, e) != 0 && chem.components[c].type == ComponentType::Organic) {
                     ++organic;
                     EXPECT_EQ(chem.components[c].organicModel, q.organicModel) << q.name;
                 }
@@ -144,11 +145,11 @@ TEST(RealDatabase, EveryEquilibriumCarriesAResolvableLiteratureReference) {
     }
     // Codes of known compilations are written out as citations.
     auto citation = [&](const Equilibrium& q) { return chem.literature[q.literatureRef].str(); };
-    EXPECT_NE(citation(Eq(chem, EqComplex, "CaHCO3", 1)).find("NIST Critically Selected Stability Constants"),
+    EXPECT_NE(citation(Eq(chem, EquilibriumType::Complex, "CaHCO3", 1)).find("NIST Critically Selected Stability Constants"),
               std::string::npos);
-    EXPECT_NE(citation(Eq(chem, EqRedox, "Fe(II)")).find("Bard A.J."), std::string::npos);
-    EXPECT_NE(citation(Eq(chem, EqAdsorption, "Hfo_wOZn", 1)).find("Dzombak"), std::string::npos);
-    EXPECT_NE(citation(Eq(chem, EqOrganic, "Cu(II)-HA6", 1)).find("Model VI"), std::string::npos);
+    EXPECT_NE(citation(Eq(chem, EquilibriumType::Redox, "Fe(II)")).find("Bard A.J."), std::string::npos);
+    EXPECT_NE(citation(Eq(chem, EquilibriumType::Adsorption, "Hfo_wOZn", 1)).find("Dzombak"), std::string::npos);
+    EXPECT_NE(citation(Eq(chem, EquilibriumType::Organic, "Cu(II)-HA6", 1)).find("Model VI"), std::string::npos);
     // The model's own reference is that of its organic equilibria.
     for (int code = Model5; code <= Model7; ++code) {
         int ref = chem.Organic(code).literatureRef;
@@ -163,7 +164,7 @@ constexpr int kAny = -999;
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 struct Expected {
     const char* source;  // the reaction in minteq.v4.dat (line)
-    int type;
+    EquilibriumType type;
     const char* name;
     int charge;
     double logK;
@@ -176,48 +177,48 @@ struct Expected {
 TEST(RealDatabase, EquilibriaMatchTheSourceDataAsFormationsOnTheComponents) {
     const Database& chem = RealChem();
     const Expected cases[] = {
-        {"4824: Ca+2 + H+ + CO3-2 = CaHCO3+, 11.599, 5.4 kJ", EqComplex, "CaHCO3", 1, 11.599, 5400, 4 + 1 + 4 - 1,
+        {"4824: Ca+2 + H+ + CO3-2 = CaHCO3+, 11.599, 5.4 kJ", EquilibriumType::Complex, "CaHCO3", 1, 11.599, 5400, 4 + 1 + 4 - 1,
          {{"Ca", 1}, {"H", 1}, {"CO3", 1}}},
-        {"1486: Al+3 + 4 F- = AlF4-, 19.4, 8.7 kJ", EqComplex, "AlF4", -1, 19.4, 8700, 9 + 4 - 1, {{"Al", 1}, {"F", 4}}},
-        {"4608: 2 H+ + CO3-2 = H2CO3", EqComplex, "H2CO3", 0, 16.681, kNaN, kAny, {}},
-        {"3104: Fe(III) sulphate, same formula as Fe(II)'s, told by charge", EqComplex, "FeSO4", 1, 4.05, kNaN, kAny,
+        {"1486: Al+3 + 4 F- = AlF4-, 19.4, 8.7 kJ", EquilibriumType::Complex, "AlF4", -1, 19.4, 8700, 9 + 4 - 1, {{"Al", 1}, {"F", 4}}},
+        {"4608: 2 H+ + CO3-2 = H2CO3", EquilibriumType::Complex, "H2CO3", 0, 16.681, kNaN, kAny, {}},
+        {"3104: Fe(III) sulphate, same formula as Fe(II)'s, told by charge", EquilibriumType::Complex, "FeSO4", 1, 4.05, kNaN, kAny,
          {{"Fe(III)", 1}, {"SO4", 1}}},
-        {"Fe(II) sulphate", EqComplex, "FeSO4", 0, kNaN, kNaN, kAny, {{"Fe(II)", 1}, {"SO4", 1}}},
-        {"534: H2O = OH- + H+, -13.997, written as H+ + OH- = H2O", EqWater, "H2O", 0, 13.997, -55810, 2,
+        {"Fe(II) sulphate", EquilibriumType::Complex, "FeSO4", 0, kNaN, kNaN, kAny, {{"Fe(II)", 1}, {"SO4", 1}}},
+        {"534: H2O = OH- + H+, -13.997, written as H+ + OH- = H2O", EquilibriumType::Water, "H2O", 0, 13.997, -55810, 2,
          {{"H", 1}, {"OH", 1}}},
-        {"542: Hg(OH)2 + 2 H+ = Hg+2 + 2 H2O, 6.194, -39.72 kJ, on the free ion", EqComplex, "Hg(OH)2", 0, -6.194, 39720,
+        {"542: Hg(OH)2 + 2 H+ = Hg+2 + 2 H2O, 6.194, -39.72 kJ, on the free ion", EquilibriumType::Complex, "Hg(OH)2", 0, -6.194, 39720,
          kAny, {{"Hg(II)", 1}, {"H", -2}}},
-        {"1990: Hg(OH)2 + 2 H+ + Cl- = HgCl+ + 2 H2O, 13.494, -62.72 kJ, less Hg(OH)2's", EqComplex, "HgCl", 1,
+        {"1990: Hg(OH)2 + 2 H+ + Cl- = HgCl+ + 2 H2O, 13.494, -62.72 kJ, less Hg(OH)2's", EquilibriumType::Complex, "HgCl", 1,
          13.494 - 6.194, -62720 + 39720, 4 + 1 - 1, {{"Hg(II)", 1}, {"Cl", 1}}},
-        {"HS- = S-2 + H+, on HS-", EqComplex, "S", -2, kNaN, kNaN, 1 - 1 - 4, {{"HS", 1}, {"H", -1}}},
-        {"281: Fe+3 + e- = Fe+2, 13.032, -42.7 kJ; the electron counts with charge -1", EqRedox, "Fe(II)", 0, 13.032,
+        {"HS- = S-2 + H+, on HS-", EquilibriumType::Complex, "S", -2, kNaN, kNaN, 1 - 1 - 4, {{"HS", 1}, {"H", -1}}},
+        {"281: Fe+3 + e- = Fe+2, 13.032, -42.7 kJ; the electron counts with charge -1", EquilibriumType::Redox, "Fe(II)", 0, 13.032,
          -42700, 9 + 1 - 4, {{"Fe(III)", 1}, {"e", 1}}, "Fe(II)"},
-        {"SO4-2 + 9 H+ + 8 e- = HS- + 4 H2O, 33.66", EqRedox, "HS", 0, 33.66, kNaN, kAny,
+        {"SO4-2 + 9 H+ + 8 e- = HS- + 4 H2O, 33.66", EquilibriumType::Redox, "HS", 0, 33.66, kNaN, kAny,
          {{"SO4", 1}, {"H", 9}, {"e", 8}}, "HS"},
-        {"Cr(OH)2+ + 2 H+ + e- = Cr+2 (2.947) less Cr(OH)2+ + 2 H+ = Cr+3 (9.5688)", EqRedox, "Cr(II)", 0,
+        {"Cr(OH)2+ + 2 H+ + e- = Cr+2 (2.947) less Cr(OH)2+ + 2 H+ = Cr+3 (9.5688)", EquilibriumType::Redox, "Cr(II)", 0,
          2.947 - 9.5688, kNaN, kAny, {}},
-        {"0.5 Hg2+2 + e- = Hg (6.5667) through 2 Hg(OH)2 + 4 H+ + 2 e- = Hg2+2 (43.185)", EqRedox, "Hg(0)", 0,
+        {"0.5 Hg2+2 + e- = Hg (6.5667) through 2 Hg(OH)2 + 4 H+ + 2 e- = Hg2+2 (43.185)", EquilibriumType::Redox, "Hg(0)", 0,
          (43.185 - 2 * 6.194) / 2 + 6.5667, kNaN, kAny, {{"Hg(II)", 1}, {"e", 2}}},
-        {"12618: CO2 + H2O = 2 H+ + CO3-2, -18.147, 4.06 kJ, stored as the gas's formation", EqGas, "CO2(g)", 0, 18.147,
+        {"12618: CO2 + H2O = 2 H+ + CO3-2, -18.147, 4.06 kJ, stored as the gas's formation", EquilibriumType::Gas, "CO2(g)", 0, 18.147,
          -4060, 4 + 2, {{"CO3", 1}, {"H", 2}}, "CO2(g)"},
-        {"H2S = H+ + HS-, -8.01", EqGas, "H2S(g)", 0, 8.01, kNaN, kAny, {}},
-        {"11693: CaCO3 = Ca+2 + CO3-2, -8.48, -8 kJ", EqSolid, "Calcite", 0, 8.48, 8000, 8, {{"Ca", 1}, {"CO3", 1}}},
-        {"11965: CaSO4:2H2O = Ca+2 + SO4-2 + 2 H2O, -4.61 (water drops out)", EqSolid, "Gypsum", 0, 4.61, kNaN, kAny, {}},
-        {"10993: Fe(OH)3 + 3 H+ = Fe+3 + 3 H2O, 3.191", EqSolid, "Ferrihydrite", 0, -3.191, kNaN, 9 - 3,
+        {"H2S = H+ + HS-, -8.01", EquilibriumType::Gas, "H2S(g)", 0, 8.01, kNaN, kAny, {}},
+        {"11693: CaCO3 = Ca+2 + CO3-2, -8.48, -8 kJ", EquilibriumType::Solid, "Calcite", 0, 8.48, 8000, 8, {{"Ca", 1}, {"CO3", 1}}},
+        {"11965: CaSO4:2H2O = Ca+2 + SO4-2 + 2 H2O, -4.61 (water drops out)", EquilibriumType::Solid, "Gypsum", 0, 4.61, kNaN, kAny, {}},
+        {"10993: Fe(OH)3 + 3 H+ = Fe+3 + 3 H2O, 3.191", EquilibriumType::Solid, "Ferrihydrite", 0, -3.191, kNaN, 9 - 3,
          {{"Fe(III)", 1}, {"H", -3}}},
-        {"10425: Ag = Ag+ + e-: the electron like a singly charged ion", EqSolid, "Agmetal", 0, kNaN, kNaN, 1 + 1, {}},
-        {"12804: Hfo_wOH + Zn+2 = Hfo_wOZn+ + H+, -1.99; only dissolved charges count", EqAdsorption, "Hfo_wOZn", 1,
+        {"10425: Ag = Ag+ + e-: the electron like a singly charged ion", EquilibriumType::Solid, "Agmetal", 0, kNaN, kNaN, 1 + 1, {}},
+        {"12804: Hfo_wOH + Zn+2 = Hfo_wOZn+ + H+, -1.99; only dissolved charges count", EquilibriumType::Adsorption, "Hfo_wOZn", 1,
          -1.99, kNaN, 4 - 1, {{"Hfo_wOH", 1}, {"Zn", 1}, {"H", -1}}},
-        {"12720: Hfo_sOH + Ca+2 = Hfo_sOHCa+2, 4.97", EqAdsorption, "Hfo_sOHCa", 2, 4.97, kNaN, 4, {}},
-        {"Hfo_wOH + H+ = Hfo_wOH2+, 7.29", EqAdsorption, "Hfo_wOH2", 1, kNaN, kNaN, 1, {}},
-        {"Hfo_wOH = Hfo_wO- + H+, -8.93", EqAdsorption, "Hfo_wO", -1, -8.93, kNaN, -1, {}},
-        {"Model VI humic acid, Cu: log KMA 2.0", EqOrganic, "Cu(II)-HA6", 1, 2.0, kNaN, kAny,
+        {"12720: Hfo_sOH + Ca+2 = Hfo_sOHCa+2, 4.97", EquilibriumType::Adsorption, "Hfo_sOHCa", 2, 4.97, kNaN, 4, {}},
+        {"Hfo_wOH + H+ = Hfo_wOH2+, 7.29", EquilibriumType::Adsorption, "Hfo_wOH2", 1, kNaN, kNaN, 1, {}},
+        {"Hfo_wOH = Hfo_wO- + H+, -8.93", EquilibriumType::Adsorption, "Hfo_wO", -1, -8.93, kNaN, -1, {}},
+        {"Model VI humic acid, Cu: log KMA 2.0", EquilibriumType::Organic, "Cu(II)-HA6", 1, 2.0, kNaN, kAny,
          {{"Cu(II)", 1}, {"HA6", 1}}},
-        {"its hydrolysed form binds with the same constant", EqOrganic, "Cu(II)OH-HA6", 0, 2.0, kNaN, kAny,
+        {"its hydrolysed form binds with the same constant", EquilibriumType::Organic, "Cu(II)OH-HA6", 0, 2.0, kNaN, kAny,
          {{"Cu(II)", 1}, {"H", -1}, {"HA6", 1}}},
-        {"Model VII fulvic acid, Cu: log KMA 2.16", EqOrganic, "Cu(II)-FA7", 1, 2.16, kNaN, kAny, {}},
-        {"Model V fulvic acid, Ca: pKMHA 2.2", EqOrganic, "Ca-FA5", 1, 2.2, kNaN, kAny, {}},
-        {"Model VII's Ag constant", EqOrganic, "Ag-HA7", 0, 1.44, kNaN, kAny, {}},
+        {"Model VII fulvic acid, Cu: log KMA 2.16", EquilibriumType::Organic, "Cu(II)-FA7", 1, 2.16, kNaN, kAny, {}},
+        {"Model V fulvic acid, Ca: pKMHA 2.2", EquilibriumType::Organic, "Ca-FA5", 1, 2.2, kNaN, kAny, {}},
+        {"Model VII's Ag constant", EquilibriumType::Organic, "Ag-HA7", 0, 1.44, kNaN, kAny, {}},
     };
     for (const Expected& c : cases) {
         SCOPED_TRACE(c.source);
@@ -235,12 +236,12 @@ TEST(RealDatabase, EquilibriaMatchTheSourceDataAsFormationsOnTheComponents) {
     }
     // A solid named like an aqueous species is still the solid; fractional
     // stoichiometry is left out, and so are constants that were never published.
-    EXPECT_GE(FindEquilibrium(chem, EqSolid, "Hg(OH)2"), 0);
-    EXPECT_LT(FindEquilibrium(chem, EqSolid, "Fe(OH)2.7Cl.3"), 0);
-    EXPECT_LT(FindEquilibrium(chem, EqOrganic, "CaOH-FA5", 0), 0);
-    EXPECT_LT(FindEquilibrium(chem, EqOrganic, "Ag-FA6", 0), 0);
+    EXPECT_GE(FindEquilibrium(chem, EquilibriumType::Solid, "Hg(OH)2"), 0);
+    EXPECT_LT(FindEquilibrium(chem, EquilibriumType::Solid, "Fe(OH)2.7Cl.3"), 0);
+    EXPECT_LT(FindEquilibrium(chem, EquilibriumType::Organic, "CaOH-FA5", 0), 0);
+    EXPECT_LT(FindEquilibrium(chem, EquilibriumType::Organic, "Ag-FA6", 0), 0);
     // The MSA size of a complex where one is known (HCO3-, the fitted NO3- diameter).
-    EXPECT_NEAR(Eq(chem, EqComplex, "HCO3", -1).complexDiameter, 2.001e-10, 1e-20);
+    EXPECT_NEAR(Eq(chem, EquilibriumType::Complex, "HCO3", -1).complexDiameter, 2.001e-10, 1e-20);
 }
 
 TEST(RealDatabase, LinkedComponentsAndOrganicModelsAreSetUp) {
@@ -250,18 +251,18 @@ TEST(RealDatabase, LinkedComponentsAndOrganicModelsAreSetUp) {
     EXPECT_EQ(chem.components[Comp(chem, "SO4")].redoxNext + chem.components[Comp(chem, "SO4")].redoxPrev,
               Comp(chem, "HS"));
     const int gas = Comp(chem, "CO2(g)");
-    EXPECT_EQ(chem.components[gas].type, Gas);
+    EXPECT_EQ(chem.components[gas].type, ComponentType::Gas);
     EXPECT_EQ(chem.components[gas].linkedLigand, Comp(chem, "CO3"));
     EXPECT_EQ(chem.components[Comp(chem, "CO3")].gasPartner, gas);
-    EXPECT_EQ(chem.components[Comp(chem, "Hfo_wOH")].type, Ads);
-    EXPECT_EQ(chem.components[Comp(chem, "Hfo_sOH")].type, Ads);
+    EXPECT_EQ(chem.components[Comp(chem, "Hfo_wOH")].type, ComponentType::Ads);
+    EXPECT_EQ(chem.components[Comp(chem, "Hfo_sOH")].type, ComponentType::Ads);
 
     // Organic equilibria carry their model and the published delta LK1 / LK2.
-    const Equilibrium& cu6 = Eq(chem, EqOrganic, "Cu(II)-HA6", 1);
+    const Equilibrium& cu6 = Eq(chem, EquilibriumType::Organic, "Cu(II)-HA6", 1);
     EXPECT_EQ(cu6.organicModel, Model6);
     EXPECT_NEAR(cu6.organicReal1, 2.8, kEps);
     EXPECT_NEAR(cu6.organicReal2, 2.34, kEps);
-    const Equilibrium& cu7 = Eq(chem, EqOrganic, "Cu(II)-FA7", 1);
+    const Equilibrium& cu7 = Eq(chem, EquilibriumType::Organic, "Cu(II)-FA7", 1);
     EXPECT_EQ(cu7.organicModel, Model7);
     EXPECT_NEAR(cu7.organicReal2, 2.34, kEps);
     // One fulvic and one humic component per model; the humic one's name
@@ -269,7 +270,7 @@ TEST(RealDatabase, LinkedComponentsAndOrganicModelsAreSetUp) {
     for (int code = Model5; code <= Model7; ++code) {
         std::vector<std::string> organics;
         for (const Component& k : chem.components)
-            if (k.type == Organic && k.organicModel == code) organics.push_back(k.name);
+            if (k.type == ComponentType::Organic && k.organicModel == code) organics.push_back(k.name);
         ASSERT_EQ(organics.size(), 2u);
         EXPECT_NE(organics[0].rfind("HA", 0), 0u);
         EXPECT_EQ(organics[1].rfind("HA", 0), 0u);
@@ -309,13 +310,13 @@ TEST(RealDatabase, OrganicModelParametersArePerGramOfCarbon) {
 TEST(RealDatabase, FreeIonsCarryMolarMassesAndMsaDiameters) {
     const Database& chem = RealChem();
     const Component& ca = chem.components[Comp(chem, "Ca")];
-    EXPECT_EQ(ca.type, Cation);
+    EXPECT_EQ(ca.type, ComponentType::Cation);
     EXPECT_EQ(ca.charge, 2);
     EXPECT_NEAR(ca.molarMass, 40.078, kEps);
     EXPECT_NEAR(ca.ionDiameter, 5.792e-10, 1e-20);  // fitted to CaCl2
     // Molar mass of the whole master species: CO3 = 12.0111 + 3 x 16.
     const Component& co3 = chem.components[Comp(chem, "CO3")];
-    EXPECT_EQ(co3.type, Ligand);
+    EXPECT_EQ(co3.type, ComponentType::Ligand);
     EXPECT_NEAR(co3.molarMass, 60.0111, kEps);
     EXPECT_NEAR(co3.ionDiameter, 4.5e-10, 1e-20);  // not fitted: Kielland's size
     EXPECT_NEAR(chem.components[Comp(chem, "H4SiO4")].molarMass, 28.0843 + 4 * 1.0079 + 4 * 16, kEps);
@@ -323,8 +324,8 @@ TEST(RealDatabase, FreeIonsCarryMolarMassesAndMsaDiameters) {
     // No published size: 0.
     EXPECT_EQ(chem.components[Comp(chem, "Edta")].ionDiameter, 0);
     // Neutral acids are ligands; the neutral metal Hg(0) is a cation.
-    EXPECT_EQ(chem.components[Comp(chem, "H3BO3")].type, Ligand);
-    EXPECT_EQ(chem.components[Comp(chem, "Hg(0)")].type, Cation);
+    EXPECT_EQ(chem.components[Comp(chem, "H3BO3")].type, ComponentType::Ligand);
+    EXPECT_EQ(chem.components[Comp(chem, "Hg(0)")].type, ComponentType::Cation);
 }
 
 }  // namespace

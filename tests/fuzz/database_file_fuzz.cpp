@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     Database other;
     // equilibria against a small valid component table, so pairs get checked
     other.components.resize(5);
-    other.components[0].type = Cation;
+    other.components[0].type = ComponentType::Cation;
     ReadEquilibriumFile(other, path);
     ReadLiteratureFile(other, path);
     ReadModelFile(other, Model6, path);

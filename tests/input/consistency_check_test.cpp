@@ -23,7 +23,7 @@ protected:
 
     ConsistencyResult Check() { return CheckConsistency(input, chem, language); }
     std::string T(const std::string& key) { return LanguageText(language, "Input", key); }
-    void Give(int32_t index, double value, int32_t type) {
+    void Give(int32_t index, double value, InputType type) {
         input.components[static_cast<size_t>(index)] = {value, type};
     }
 
@@ -48,21 +48,21 @@ TEST_F(InputConsistency, FindingsMatchTheirGoldenCopy) {
     const std::vector<std::pair<const char*, std::function<void()>>> scenarios = {
         {"hydrogen",
          [&] {
-             Give(I::H, 0, InpTypeFreeAct), check("H free activity 0");
-             Give(I::H, 0, InpTypeFreeConc), check("H free concentration 0");
-             Give(I::H, 0, InpTypeTotalConc), check("H total 0: nothing");
-             Give(I::H, 1e-7, InpTypeFreeAct), Give(I::OH, 1e-7, InpTypeFreeConc), check("OH free beside H free");
-             Give(I::OH, 1e-7, InpTypeTotalConc), check("OH total: nothing");
+             Give(I::H, 0, InputType::FreeAct), check("H free activity 0");
+             Give(I::H, 0, InputType::FreeConc), check("H free concentration 0");
+             Give(I::H, 0, InputType::TotalConc), check("H total 0: nothing");
+             Give(I::H, 1e-7, InputType::FreeAct), Give(I::OH, 1e-7, InputType::FreeConc), check("OH free beside H free");
+             Give(I::OH, 1e-7, InputType::TotalConc), check("OH total: nothing");
          }},
         {"gas",
          [&] {
-             Give(I::CO2g, 3.5e-4, InpTypeGasPres), check("CO3 without a value of its own: nothing");
-             Give(I::CO3, 1e-3, InpTypeTotalConc), check("CO3 with a total: warning");
-             Give(I::CO2g, 0, InpTypeGasPres), check("no gas pressure: nothing");
+             Give(I::CO2g, 3.5e-4, InputType::GasPres), check("CO3 without a value of its own: nothing");
+             Give(I::CO3, 1e-3, InputType::TotalConc), check("CO3 with a total: warning");
+             Give(I::CO2g, 0, InputType::GasPres), check("no gas pressure: nothing");
          }},
         {"redox solid",
          [&] {
-             Give(I::S, 1e-3, InpTypeTotalConc), check("S without redox: warning");
+             Give(I::S, 1e-3, InputType::TotalConc), check("S without redox: warning");
              input.redox = true, check("with redox: nothing");
          }},
         {"organic matter",
@@ -78,23 +78,23 @@ TEST_F(InputConsistency, FindingsMatchTheirGoldenCopy) {
          }},
         {"redox group",
          [&] {
-             input.redox = true, Give(I::FeII, 1e-5, InpTypeTotalConc), Give(I::FeIII, 2e-5, InpTypeTotalConc);
+             input.redox = true, Give(I::FeII, 1e-5, InputType::TotalConc), Give(I::FeIII, 2e-5, InputType::TotalConc);
              check("Fe(II) and Fe(III) totals");
-             Give(I::FeII, 0, InpTypeTotalConc), check("one member given: nothing");
-             input.redox = false, Give(I::FeII, 1e-5, InpTypeTotalConc), check("without redox: nothing");
+             Give(I::FeII, 0, InputType::TotalConc), check("one member given: nothing");
+             input.redox = false, Give(I::FeII, 1e-5, InputType::TotalConc), check("without redox: nothing");
          }},
         {"two groups",
          [&] {
-             input.redox = true, Give(I::FeII, 1e-5, InpTypeFreeConc), Give(I::FeIII, 2e-5, InpTypeFreeAct);
-             Give(I::SO4, 1e-3, InpTypeTotalConc), Give(I::S, 1e-4, InpTypeTotalConc);
-             Give(I::HS, 7, InpTypeNotSpecified);  // listed, but counted neither as total nor as free value
+             input.redox = true, Give(I::FeII, 1e-5, InputType::FreeConc), Give(I::FeIII, 2e-5, InputType::FreeAct);
+             Give(I::SO4, 1e-3, InputType::TotalConc), Give(I::S, 1e-4, InputType::TotalConc);
+             Give(I::HS, 7, InputType::NotSpecified);  // listed, but counted neither as total nor as free value
              check("iron and sulphur, two independent texts");
-             Give(I::S, 0, InpTypeTotalConc), check("SO4 and HS alone count one");
+             Give(I::S, 0, InputType::TotalConc), check("SO4 and HS alone count one");
          }},
         {"group with a gas",
          [&] {
              chem.Coefficient(I::HS, 2) = 1;  // let the gas fix HS as well
-             input.redox = true, Give(I::CO2g, 3.5e-4, InpTypeGasPres), Give(I::SO4, 1e-3, InpTypeTotalConc);
+             input.redox = true, Give(I::CO2g, 3.5e-4, InputType::GasPres), Give(I::SO4, 1e-3, InputType::TotalConc);
              check("HS fixed by the gas: warning");
          }},
         {"temperature",
@@ -113,11 +113,11 @@ TEST_F(InputConsistency, FindingsMatchTheirGoldenCopy) {
          }},
         {"order",
          [&] {
-             Give(I::H, 0, InpTypeFreeAct), input.organicComplexation = true, input.ionicStrengthFixed = true;
+             Give(I::H, 0, InputType::FreeAct), input.organicComplexation = true, input.ionicStrengthFixed = true;
              input.fixedIonicStrength = 0.1, input.temperatureCorrection = 1, input.temperature = 100;
              input.forceNeutral = true, input.redox = true;
-             Give(I::FeII, 1e-5, InpTypeTotalConc), Give(I::FeIII, 1e-5, InpTypeTotalConc);
-             Give(I::CO2g, 1e-3, InpTypeGasPres), Give(I::CO3, 1e-3, InpTypeTotalConc);
+             Give(I::FeII, 1e-5, InputType::TotalConc), Give(I::FeIII, 1e-5, InputType::TotalConc);
+             Give(I::CO2g, 1e-3, InputType::GasPres), Give(I::CO3, 1e-3, InputType::TotalConc);
              check("every kind at once, in the order of the checks");
          }},
     };
@@ -131,7 +131,7 @@ TEST_F(InputConsistency, FindingsMatchTheirGoldenCopy) {
 }
 
 TEST_F(InputConsistency, TextsComeFromTheLanguage) {
-    Give(I::H, 0, InpTypeFreeAct);
+    Give(I::H, 0, InputType::FreeAct);
     Language german = test::German();
     const ConsistencyResult r = CheckConsistency(input, chem, german);
     EXPECT_EQ(r.errors, LanguageText(german, "Input", "ConsistencyError2") + "\n");

@@ -72,7 +72,7 @@ TEST_F(InputFileReader, AcceptedFilesReadAsTheirGoldenCopies) {
     for (const auto& [golden, body] : cases) {
         SCOPED_TRACE(golden);
         input.ionicStrengthFixed = true;
-        input.components[I::Ca].inputType = InpTypeFreeConc;
+        input.components[I::Ca].inputType = InputType::FreeConc;
         ASSERT_FALSE(Read(kHeader + body));
         test::ExpectMatchesGolden(FormatInputFile(input, chem), std::string("input_read/") + golden);
     }
@@ -85,7 +85,7 @@ TEST_F(InputFileReader, LastLineIsReadWithOrWithoutLineEnd) {
         ASSERT_FALSE(Read(kHeader + "\nNa: 0.001 (total concentration)\n\nCa: 0.002 (free concentration)" + end));
         EXPECT_EQ(C(I::Na).inputValue, 0.001);
         EXPECT_EQ(C(I::Ca).inputValue, 0.002);
-        EXPECT_EQ(C(I::Ca).inputType, InpTypeFreeConc);
+        EXPECT_EQ(C(I::Ca).inputType, InputType::FreeConc);
     }
     // a file from disk with CR LF line ends and none after its last line
     ASSERT_FALSE(ReadFileBytes("crlf.i64", test::Utf16Bytes(kHeader + "Temperature: 12.5 \u00B0C")));

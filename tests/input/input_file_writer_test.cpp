@@ -47,17 +47,17 @@ protected:
         input.organicModel = Model6;
         input.docConcentration = 2.5;
         input.fulvicFraction = 0.25;
-        Give(input, I::H, 3.2e-3, InpTypeTotalConc);
-        Give(input, I::e, 1e-8, InpTypeFreeAct);
-        Give(input, I::Ca, 1e-3, InpTypeTotalConc);
-        Give(input, I::Na, 2.5e-6, InpTypeFreeConc);
-        Give(input, I::FeIII, 1e-9, InpTypeFreeAct);
-        Give(input, I::OH, 4e-4, InpTypeNotSpecified);
-        Give(input, I::CO2g, 3.5e-4, InpTypeGasPres);
-        Give(input, I::SurfOH, 0.125, InpTypeTotalConc);
+        Give(input, I::H, 3.2e-3, InputType::TotalConc);
+        Give(input, I::e, 1e-8, InputType::FreeAct);
+        Give(input, I::Ca, 1e-3, InputType::TotalConc);
+        Give(input, I::Na, 2.5e-6, InputType::FreeConc);
+        Give(input, I::FeIII, 1e-9, InputType::FreeAct);
+        Give(input, I::OH, 4e-4, InputType::NotSpecified);
+        Give(input, I::CO2g, 3.5e-4, InputType::GasPres);
+        Give(input, I::SurfOH, 0.125, InputType::TotalConc);
     }
 
-    static void Give(InputProblem& problem, int32_t index, double value, int32_t type) {
+    static void Give(InputProblem& problem, int32_t index, double value, InputType type) {
         problem.components[static_cast<size_t>(index)] = {value, type};
     }
 
@@ -107,7 +107,7 @@ TEST_F(InputFileWriter, FilesMatchTheirGoldenCopiesAndReadBack) {
 }
 
 TEST_F(InputFileWriter, ElectronLineOnlyWithRedoxAndAlwaysAsFreeActivity) {
-    Give(input, I::e, 1e-4, InpTypeTotalConc);
+    Give(input, I::e, 1e-4, InputType::TotalConc);
     EXPECT_EQ(FormatInputFile(input, chem).find("\ne:"), std::string::npos);
     input.redox = true;
     EXPECT_NE(FormatInputFile(input, chem).find("\ne: 0.0001 (free activity)\n"), std::string::npos);
@@ -118,7 +118,7 @@ TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
     ASSERT_NE(database, nullptr);
     const Database& real = database->db();
     SetProgramDefaults(input, real);
-    auto give = [&](const char* name, double value, int32_t type = InpTypeTotalConc) {
+    auto give = [&](const char* name, double value, InputType type = InputType::TotalConc) {
         const int32_t index = real.FindComponent(name);
         ASSERT_GE(index, 0) << name;
         Give(input, index, value, type);
@@ -136,9 +136,9 @@ TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
     give("Na", 5e-3);
     give("Cl", 4.9e-3);
     give("Hfo_wOH", 2e-4);
-    give("e", 1e-12, InpTypeFreeAct);
-    give("Cu(II)", 1e-7, InpTypeFreeAct);
-    give("CO2(g)", 3.9e-4, InpTypeGasPres);
+    give("e", 1e-12, InputType::FreeAct);
+    give("Cu(II)", 1e-7, InputType::FreeAct);
+    give("CO2(g)", 3.9e-4, InputType::GasPres);
 
     const std::string path = folder.File("lake.i64");
     ASSERT_TRUE(WriteInputFile(path, input, real, ui.services, language));
@@ -175,7 +175,7 @@ TEST_F(InputFileWriter, NumbersUseAPointWhateverTheLocale) {
     test::CommaLocale comma;
     if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma is installed";
     input.temperature = 12.5;
-    Give(input, I::Ca, 1.5e-3, InpTypeTotalConc);
+    Give(input, I::Ca, 1.5e-3, InputType::TotalConc);
     const std::string text = FormatInputFile(input, chem);
     InputProblem back;
     Database chemBack = test::InputTestSystem();

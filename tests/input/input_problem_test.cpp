@@ -20,21 +20,21 @@ TEST(InputProgramDefaults, EveryComponentGetsTheDefaultOfItsKind) {
     // a water partner that is not a cation (its link is non-zero here)
     chem.components[I::Cl].waterPartnerOfOH = I::Na;
     InputProblem input;
-    input.components.assign(chem.components.size() + 3, ComponentInput{42, InpTypeFreeConc});
+    input.components.assign(chem.components.size() + 3, ComponentInput{42, InputType::FreeConc});
     SetProgramDefaults(input, chem);
     ASSERT_EQ(input.components.size(), chem.components.size());
 
-    auto expect = [&](int32_t index, double value, int32_t type) {
+    auto expect = [&](int32_t index, double value, InputType type) {
         SCOPED_TRACE(chem.components[static_cast<size_t>(index)].name);
         EXPECT_EQ(input.components[static_cast<size_t>(index)].inputValue, value);
         EXPECT_EQ(input.components[static_cast<size_t>(index)].inputType, type);
     };
-    expect(I::H, 1e-7, InpTypeFreeAct);
-    expect(I::e, 1.0, InpTypeFreeAct);
-    expect(I::CO2g, 0, InpTypeGasPres);
-    expect(I::Cl, 0, InpTypeNotSpecified);
-    expect(I::OH, 0, InpTypeTotalConc);  // its link to H+ at index 0 reads as none
-    for (int32_t k : {I::Ca, I::FeIII, I::SO4, I::SurfOH, I::S}) expect(k, 0, InpTypeTotalConc);
+    expect(I::H, 1e-7, InputType::FreeAct);
+    expect(I::e, 1.0, InputType::FreeAct);
+    expect(I::CO2g, 0, InputType::GasPres);
+    expect(I::Cl, 0, InputType::NotSpecified);
+    expect(I::OH, 0, InputType::TotalConc);  // its link to H+ at index 0 reads as none
+    for (int32_t k : {I::Ca, I::FeIII, I::SO4, I::SurfOH, I::S}) expect(k, 0, InputType::TotalConc);
 }
 
 TEST(InputTitleLine, NamesTheSourceOfTheInput) {
@@ -85,7 +85,7 @@ TEST_F(InputCommands, ResetKeepsTheFixedIonicStrengthValue) {
     EXPECT_FALSE(input.ionicStrengthFixed);
     EXPECT_EQ(input.fixedIonicStrength, 0.05);
     EXPECT_EQ(input.components[I::H].inputValue, 1e-7);
-    EXPECT_EQ(input.components[I::H].inputType, InpTypeFreeAct);
+    EXPECT_EQ(input.components[I::H].inputType, InputType::FreeAct);
     EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: program defaults");
     EXPECT_EQ(titleRefreshes, 1);
     ASSERT_EQ(ui.messages.size(), 1u);

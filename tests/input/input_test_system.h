@@ -20,7 +20,7 @@ struct InputTestIndex {
 inline Database InputTestSystem() {
     using I = InputTestIndex;
     Database chem;
-    auto add = [&](int32_t type, const char* name, int32_t charge, double molarMass) {
+    auto add = [&](ComponentType type, const char* name, int32_t charge, double molarMass) {
         Component c;
         c.type = type;
         c.name = name;
@@ -28,36 +28,36 @@ inline Database InputTestSystem() {
         c.molarMass = molarMass;
         chem.components.push_back(c);
     };
-    add(Cation, "H", 1, 1.008);
-    add(Electron, "e", -1, 0);
-    add(Ligand, "OH", -1, 17.007);
-    add(Cation, "Ca", 2, 40.078);
-    add(Cation, "Na", 1, 22.99);
-    add(Cation, "Fe(II)", 2, 55.845);
-    add(Cation, "Fe(III)", 3, 55.845);
-    add(Ligand, "CO3", -2, 60.009);
-    add(Ligand, "Cl", -1, 35.453);
-    add(Ligand, "SO4", -2, 96.06);
-    add(Ligand, "HS", -1, 33.07);
-    add(Ads, "SurfOH", 0, 0);
-    add(Gas, "CO2(g)", 0, 0);
-    add(RedSol, "S", 0, 32.06);
+    add(ComponentType::Cation, "H", 1, 1.008);
+    add(ComponentType::Electron, "e", -1, 0);
+    add(ComponentType::Ligand, "OH", -1, 17.007);
+    add(ComponentType::Cation, "Ca", 2, 40.078);
+    add(ComponentType::Cation, "Na", 1, 22.99);
+    add(ComponentType::Cation, "Fe(II)", 2, 55.845);
+    add(ComponentType::Cation, "Fe(III)", 3, 55.845);
+    add(ComponentType::Ligand, "CO3", -2, 60.009);
+    add(ComponentType::Ligand, "Cl", -1, 35.453);
+    add(ComponentType::Ligand, "SO4", -2, 96.06);
+    add(ComponentType::Ligand, "HS", -1, 33.07);
+    add(ComponentType::Ads, "SurfOH", 0, 0);
+    add(ComponentType::Gas, "CO2(g)", 0, 0);
+    add(ComponentType::RedSol, "S", 0, 32.06);
 
     using Terms = std::initializer_list<std::pair<int32_t, int32_t>>;  // component, coefficient
     struct Eq {
-        int32_t type;
+        EquilibriumType type;
         const char* name;
         int32_t linked;
         Terms terms;
     };
     const Eq equilibria[] = {
-        {EqWater, "H2O", 0, {{I::H, 1}, {I::OH, 1}}},
-        {EqComplex, "CaCO3", 0, {{I::Ca, 1}, {I::CO3, 1}}},
-        {EqGas, "CO2(g)", I::CO2g, {{I::CO3, 1}, {I::H, 2}}},
-        {EqRedox, "Fe(III)", I::FeIII, {{I::FeII, 1}, {I::e, -1}}},
-        {EqRedox, "HS", I::HS, {{I::SO4, 1}, {I::H, 9}, {I::e, 8}}},
-        {EqRedox, "S", I::S, {{I::SO4, 1}, {I::H, 8}, {I::e, 6}}},
-        {EqSolid, "Calcite", 0, {{I::Ca, 1}, {I::CO3, 1}}},
+        {EquilibriumType::Water, "H2O", 0, {{I::H, 1}, {I::OH, 1}}},
+        {EquilibriumType::Complex, "CaCO3", 0, {{I::Ca, 1}, {I::CO3, 1}}},
+        {EquilibriumType::Gas, "CO2(g)", I::CO2g, {{I::CO3, 1}, {I::H, 2}}},
+        {EquilibriumType::Redox, "Fe(III)", I::FeIII, {{I::FeII, 1}, {I::e, -1}}},
+        {EquilibriumType::Redox, "HS", I::HS, {{I::SO4, 1}, {I::H, 9}, {I::e, 8}}},
+        {EquilibriumType::Redox, "S", I::S, {{I::SO4, 1}, {I::H, 8}, {I::e, 6}}},
+        {EquilibriumType::Solid, "Calcite", 0, {{I::Ca, 1}, {I::CO3, 1}}},
     };
     const int32_t eqCount = static_cast<int32_t>(std::size(equilibria));
     chem.stoichiometry.assign(chem.components.size() * static_cast<size_t>(eqCount), 0);

@@ -35,9 +35,9 @@ TEST(WaterFields, AreReadAsAnInputFileAndAnErrorQuotesTheFieldWithoutALineNumber
     const WaterField water[] = {{"pH", "8"}, {"Ca", "0.002"}, {"Temperature", "10"}};
     ASSERT_FALSE(ReadWaterFields(water, input, db));
     EXPECT_DOUBLE_EQ(input.components[I::H].inputValue, 1e-8);
-    EXPECT_EQ(input.components[I::H].inputType, InpTypeFreeAct);
+    EXPECT_EQ(input.components[I::H].inputType, InputType::FreeAct);
     EXPECT_EQ(input.components[I::Ca].inputValue, 0.002);
-    EXPECT_EQ(input.components[I::Ca].inputType, InpTypeTotalConc);
+    EXPECT_EQ(input.components[I::Ca].inputType, InputType::TotalConc);
     EXPECT_EQ(input.temperature, 10);
 
     const WaterField bad[] = {{"Ca", "0.002"}, {"Xy", "1"}};

@@ -26,7 +26,7 @@ TEST(BuildResults, SpeciesListsAddUpToTheDissolvedAmounts) {
         EXPECT_EQ(header.speciesCount, static_cast<int32_t>(c.ws.chem.species.size()));
         for (size_t i = 0; i < view.components.size(); ++i) {
             const ComponentResult& component = view.components[i];
-            if (component.kind != Cation && component.kind != Ligand) continue;
+            if (component.kind != ComponentType::Cation && component.kind != ComponentType::Ligand) continue;
             double dissolved = 0;
             for (const SpeciesListEntry& entry : ParseSpeciesList(component.speciesList)) {
                 ASSERT_GE(entry.species, 1);
@@ -84,7 +84,7 @@ TEST(BuildResults, GasComponentsAreHeadedByTheLigandTheyControl) {
     const SetView view = ViewSet(c.ws.results, 0);
     const ComponentResult* gas = nullptr;
     for (const ComponentResult& component : view.components)
-        if (component.kind == Gas) gas = &component;
+        if (component.kind == ComponentType::Gas) gas = &component;
     ASSERT_NE(gas, nullptr);
     EXPECT_EQ(gas->name, "CO2(g)");
     EXPECT_EQ(gas->displayName, "CO3");

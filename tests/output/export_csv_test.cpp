@@ -50,7 +50,7 @@ TEST(CsvExport, ExportMatchesItsGoldenCopy) {
         ResultStore store = ExportSampleStore(c.sample);
         if (c.solids) store.sets[0].otherInfo[3] = SolidsInfoBlock();
         if (c.singleTitle) store.sets[0].otherInfo[3].gridHeader = "Solid";
-        if (c.noCations) store.records.components[0].kind = store.records.components[1].kind = 0;
+        if (c.noCations) store.records.components[0].kind = store.records.components[1].kind = ComponentType{};
         ExpectMatchesGolden(FormatCsvExport(store, 0, c.separator, f.Context()), c.golden);
     }
 }

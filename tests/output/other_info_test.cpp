@@ -29,9 +29,9 @@ struct HandSet {
 
     HandSet() {
         input.ionicStrengthModel = 1;
-        records.components.push_back(MakeComponent(Cation, "H", 1e-7, 1.008, ""));
+        records.components.push_back(MakeComponent(ComponentType::Cation, "H", 1e-7, 1.008, ""));
         records.components[0].percentagesAllowed = false;
-        records.componentInfos.push_back({"H", Cation, 1e-7, 1.008, InpTypeFreeAct});
+        records.componentInfos.push_back({"H", ComponentType::Cation, 1e-7, 1.008, InputType::FreeAct});
     }
     const InfoBlocks& Build(const Database* database = nullptr) {
         StoreSetRecords(store, 0, records);
@@ -47,8 +47,8 @@ struct HandSet {
     }
 };
 
-SpeciesResult Organic(int32_t kind, double concentration) {
-    SpeciesResult s = MakeSpecies(kind, "org" + std::to_string(kind), concentration);
+SpeciesResult Organic(int32_t code, double concentration) {
+    SpeciesResult s = MakeSpecies(SpeciesKindFromCode(code).value(), "org" + std::to_string(code), concentration);
     s.category = CategoryOrganic;
     s.hasActivity = false;
     s.hasConstants = false;
@@ -107,11 +107,11 @@ TEST(OtherInfo, MsaBlockListsSaltsIonsAndModelParameters) {
 void Adsorption(HandSet& h) {
     h.input.adsorption = true;
     h.records.components[0].amounts[AmountAdsorbed] = 1e-6;
-    ComponentResult zinc = MakeComponent(Cation, "Zn", 1e-5, 65.4, "");
+    ComponentResult zinc = MakeComponent(ComponentType::Cation, "Zn", 1e-5, 65.4, "");
     zinc.amounts[AmountAdsorbed] = 3e-6;
-    ComponentResult sulfate = MakeComponent(Ligand, "SO4", 1e-3, 96, "");
+    ComponentResult sulfate = MakeComponent(ComponentType::Ligand, "SO4", 1e-3, 96, "");
     sulfate.amounts[AmountAdsorbed] = 2e-10;
-    ComponentResult phosphate = MakeComponent(Ligand, "PO4", 1e-5, 95, "");
+    ComponentResult phosphate = MakeComponent(ComponentType::Ligand, "PO4", 1e-5, 95, "");
     phosphate.amounts[AmountAdsorbed] = 5e-7;
     h.records.components.insert(h.records.components.end(), {zinc, sulfate, phosphate});
     h.records.componentInfos.resize(4);
@@ -141,15 +141,15 @@ void Organic(HandSet& h, int32_t model) {
     h.set.snapshot.fractions[0].concentration = 2;  // fulvic only: nothing about humic acids
     h.set.header.organicReference = "Ref 2020";
     h.set.header.cationCharge = h.set.header.anionCharge = 1e-3;  // a charge ratio, not 0 / 0
-    ComponentResult copper = MakeComponent(Cation, "Cu", 4e-6, 63.5, "");
+    ComponentResult copper = MakeComponent(ComponentType::Cation, "Cu", 4e-6, 63.5, "");
     copper.amounts[AmountOrganic] = 3e-6;
     copper.siteAmounts[SiteMonoFulvic] = 1e-6;
     copper.siteAmounts[SiteBiFulvic] = 3e-6;
     copper.siteAmounts[SiteDiffuseFulvic] = 2e-6;
     h.records.components.push_back(copper);
-    h.records.componentInfos.push_back({"Cu", Cation, 4e-6, 63.5, InpTypeTotalConc});
+    h.records.componentInfos.push_back({"Cu", ComponentType::Cation, 4e-6, 63.5, InputType::TotalConc});
     // free sites 1e-6 and bound 1e-6: half each; two bidentate free-site species hold one site pair
-    h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(10, 2e-6),
+    h.records.species = {MakeSpecies(SpeciesKind::FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(10, 2e-6),
                          Organic(27, 3e-6), Organic(17, 5e-6)};
     h.set.header.firstOrganicSpecies = 1;
     h.set.header.reportedComponentCount = 2;
@@ -174,7 +174,7 @@ TEST(OtherInfo, HandBuiltBlocksMatchTheirGoldenDumps) {
              h.input.organicModel = Model6;
              h.set.snapshot.fractions[0].concentration = 1;
              h.set.snapshot.fractions[1].concentration = 1;
-             h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(17, 1e-6)};
+             h.records.species = {MakeSpecies(SpeciesKind::FreeComponent, "H+", 1e-7), Organic(9, 1e-6), Organic(17, 1e-6)};
              h.set.header.firstOrganicSpecies = 1;
          }},
         // the saturation band of +-0.0005; an absent component (log 0) is a text, not -INF
@@ -196,13 +196,13 @@ TEST(OtherInfo, HandBuiltBlocksMatchTheirGoldenDumps) {
         {"solids_present", {InfoSolids},
          [](HandSet& h) {
              h.input.precipitation = true;
-             SpeciesResult calcite = MakeSpecies(SolidSpecies, "Calcite", 2e-4);
+             SpeciesResult calcite = MakeSpecies(SpeciesKind::SolidSpecies, "Calcite", 2e-4);
              calcite.reactionDefinition = 4;
              calcite.saturationValue = 0;
-             SpeciesResult gypsum = MakeSpecies(SolidSpecies, "Gypsum", 0);
+             SpeciesResult gypsum = MakeSpecies(SpeciesKind::SolidSpecies, "Gypsum", 0);
              gypsum.reactionDefinition = 5;
              gypsum.saturationValue = -1.25;
-             h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), calcite, gypsum};
+             h.records.species = {MakeSpecies(SpeciesKind::FreeComponent, "H+", 1e-7), calcite, gypsum};
              h.set.header.firstPrecipitatedSolid = 1;
              h.set.header.lastPrecipitatedSolid = 2;
              h.options.units.order = 1;  // mM
@@ -216,14 +216,14 @@ TEST(OtherInfo, HandBuiltBlocksMatchTheirGoldenDumps) {
          }},
         {"gases", {InfoGases},
          [](HandSet& h) {
-             ComponentResult co2 = MakeComponent(Gas, "CO2(g)", 5e-4, 44, "2=1;");
+             ComponentResult co2 = MakeComponent(ComponentType::Gas, "CO2(g)", 5e-4, 44, "2=1;");
              co2.gasText = "CO2(g) / CO3 2-";
              co2.displayName = "CO3";
              h.records.components.push_back(co2);
-             h.records.componentInfos.push_back({"CO2(g)", Gas, 3.1622777e-4, 44, InpTypeGasPres});
-             SpeciesResult ligand = MakeSpecies(GasLigand, "CO3 2-", 2e-5);
+             h.records.componentInfos.push_back({"CO2(g)", ComponentType::Gas, 3.1622777e-4, 44, InputType::GasPres});
+             SpeciesResult ligand = MakeSpecies(SpeciesKind::GasLigand, "CO3 2-", 2e-5);
              ligand.reactionDefinition = 7;
-             h.records.species = {MakeSpecies(FreeComponent, "H+", 1e-7), ligand};
+             h.records.species = {MakeSpecies(SpeciesKind::FreeComponent, "H+", 1e-7), ligand};
              h.records.gases.push_back({"H2S(g) / HS -", 1e-9, 1e-6, 8, 8.1, "Lit", 9});
          }},
         {"gases_none", {InfoGases}, [](HandSet&) {}},
@@ -241,12 +241,12 @@ TEST(OtherInfo, HandBuiltBlocksMatchTheirGoldenDumps) {
              h.input.forceNeutral = true;
              h.input.neutraliseCation = 1;
              h.input.neutraliseAnion = 2;
-             ComponentResult iron = MakeComponent(Cation, "Fe+2", 1e-5, 55.8, "");
+             ComponentResult iron = MakeComponent(ComponentType::Cation, "Fe+2", 1e-5, 55.8, "");
              iron.displayName = "Fe+2 / Fe+3";
              h.records.components.insert(h.records.components.end(), {iron, ComponentResult{}, ComponentResult{}});
-             h.records.componentInfos.push_back({"Fe+2", Cation, 1e-5, 55.8, InpTypeTotalConc});
-             h.records.componentInfos.push_back({"e", Electron, 1e-4, 0, InpTypeFreeAct});
-             h.records.componentInfos.push_back({"Fe+3", RedSol, 2e-6, 55.8, 5});
+             h.records.componentInfos.push_back({"Fe+2", ComponentType::Cation, 1e-5, 55.8, InputType::TotalConc});
+             h.records.componentInfos.push_back({"e", ComponentType::Electron, 1e-4, 0, InputType::FreeAct});
+             h.records.componentInfos.push_back({"Fe+3", ComponentType::RedSol, 2e-6, 55.8, InputType::RedoxMemberGiven});
          },
          true},
         {"input_echo_organic", {InfoInput},

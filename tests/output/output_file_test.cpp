@@ -27,27 +27,28 @@ std::optional<OutputFileError> Read(const std::string& text, ResultStore& store,
 ResultStore FullStore() {
     ResultStore store;
     SetRecords records;
-    ComponentResult h = MakeComponent(Cation, "H", 1e-3, 1.0079, "1=1;2=-1;4=1;");
+    ComponentResult h = MakeComponent(ComponentType::Cation, "H", 1e-3, 1.0079, "1=1;2=-1;4=1;");
     h.percentagesAllowed = false;
     h.siteAmounts = {1e-6, 2e-6, 3e-6, 4e-6, 5e-6, 6e-6, 7e-6, 8e-6};
-    ComponentResult ca = MakeComponent(Cation, "Ca", 2e-3, 40.078, "3=1;4=1;5=1;");
-    ComponentResult co2 = MakeComponent(Gas, "CO2(g)", 0, 44.01, "");
+    ComponentResult ca = MakeComponent(ComponentType::Cation, "Ca", 2e-3, 40.078, "3=1;4=1;5=1;");
+    ComponentResult co2 = MakeComponent(ComponentType::Gas, "CO2(g)", 0, 44.01, "");
     co2.displayName = "CO3";
     co2.gasText = "CO2(g) / CO3 2-";
     records.components = {h, ca, co2, ComponentResult{}};
     for (const char* name : {"H", "Ca", "CO2(g)", "FA7"})
-        records.componentInfos.push_back(ComponentInfo{name, 1, 1e-3, 40.078, 3});
-    records.componentInfos[3].kind = Organic;
+        records.componentInfos.push_back(
+            ComponentInfo{name, ComponentType::Cation, 1e-3, 40.078, InputType::TotalConc});
+    records.componentInfos[3].kind = ComponentType::Organic;
 
-    SpeciesResult freeH = MakeSpecies(FreeComponent, "free H +", 1e-7);
-    SpeciesResult oh = MakeSpecies(FreeHydroxide, "free OH -", 1e-7);
+    SpeciesResult freeH = MakeSpecies(SpeciesKind::FreeComponent, "free H +", 1e-7);
+    SpeciesResult oh = MakeSpecies(SpeciesKind::FreeHydroxide, "free OH -", 1e-7);
     oh.reactionDefinition = 0;
     oh.literature = "Smith and Martell (1976)";
-    SpeciesResult freeCa = MakeSpecies(FreeComponent, "free Ca 2+", 1.9e-3);
-    SpeciesResult calcite = MakeSpecies(SolidSpecies, "Calcite", 1e-4);
+    SpeciesResult freeCa = MakeSpecies(SpeciesKind::FreeComponent, "free Ca 2+", 1.9e-3);
+    SpeciesResult calcite = MakeSpecies(SpeciesKind::SolidSpecies, "Calcite", 1e-4);
     calcite.reactionDefinition = 1;
     calcite.saturationValue = -0.25;
-    SpeciesResult organic = MakeSpecies(30, "FA-Ca", 1e-6);
+    SpeciesResult organic = MakeSpecies(OrganicKind(21), "FA-Ca", 1e-6);  // kind 30
     organic.category = CategoryOrganic;
     organic.hasActivity = false;
     records.species = {freeH, oh, freeCa, calcite, organic};
@@ -197,14 +198,14 @@ TEST(OutputFileLayout, QuotedTextsOfEveryLengthUpToTheLimitReadBackExactly) {
     ResultStore store = FullStore();
     SetRecords records;
     for (size_t length : {0u, 1u, 258u, 259u}) {
-        SpeciesResult s = MakeSpecies(ComplexSpecies, std::string(length, 'x') + "", 1e-9);
+        SpeciesResult s = MakeSpecies(SpeciesKind::ComplexSpecies, std::string(length, 'x') + "", 1e-9);
         if (length > 0) s.name.back() = 'y';
         s.literature = std::string(length, 'r');
         records.species.push_back(s);
     }
-    SpeciesResult tooLong = MakeSpecies(ComplexSpecies, std::string(300, 'n'), 1e-9);
+    SpeciesResult tooLong = MakeSpecies(SpeciesKind::ComplexSpecies, std::string(300, 'n'), 1e-9);
     records.species.push_back(tooLong);
-    records.components.push_back(MakeComponent(Cation, "Na", 1e-3, 22.99, ""));
+    records.components.push_back(MakeComponent(ComponentType::Cation, "Na", 1e-3, 22.99, ""));
     StoreSetRecords(store, 0, std::move(records));
     store.sets[0].header.reportedComponentCount = 1;
 
@@ -273,6 +274,28 @@ TEST(OutputFileReading, DamageAnywhereIsFoundWithItsLine) {
     OutputReadReport report;
     ASSERT_FALSE(Read(text + "\n  \n", store, 0, &report).has_value());
     EXPECT_TRUE(report.complete) << "blank lines at the end are no damage";
+}
+
+TEST(OutputFileReading, AKindCodeThatNamesNoKindStopsTheReadingAtItsLine) {
+    const std::string text = FormatOutputFile(FullStore(), 0);
+    // (the field's text as written, a code that names no kind there)
+    const std::vector<std::pair<std::string, std::string>> cases = {
+        {"\"Ca\" \"Ca\" \"\" 1 ", "8"},  // component types are 1 to 7
+        {"\"Calcite\" 8 ", "73"},         // species kinds are 1 to 72
+        {"\"Calcite\" 8 ", "0"},
+    };
+    for (const auto& [field, code] : cases) {
+        const size_t at = text.find(field);
+        ASSERT_NE(at, std::string::npos) << field;
+        const int line = 1 + static_cast<int>(std::count(text.begin(), text.begin() + static_cast<long>(at), '\n'));
+        std::string damaged = text;
+        damaged.replace(at + field.size() - 2, 1, code);
+        ResultStore store;
+        OutputReadReport report;
+        ASSERT_FALSE(Read(damaged, store, 0, &report).has_value());
+        EXPECT_FALSE(report.complete) << field << code;
+        EXPECT_EQ(report.stoppedAtLine, line) << field << code;
+    }
 }
 
 TEST(OutputFileLayout, AnAbsentComponentsSaturationIsAWordThatReadsBackAsMinusInfinity) {

@@ -27,22 +27,26 @@ struct TableFixture {
 ResultStore CalciumStore(double complexConcentration) {
     ResultStore store;
     SetRecords records;
-    ComponentResult h = MakeComponent(Cation, "H", 5e-4, 1.0079, "1=1;3=-1;");
+    ComponentResult h = MakeComponent(ComponentType::Cation, "H", 5e-4, 1.0079, "1=1;3=-1;");
     h.percentagesAllowed = false;
     h.amounts[AmountSolid] = 0;
-    ComponentResult ca = MakeComponent(Cation, "Ca", 1e-3, 40.078, "2=1;3=1;4=1;5=1;6=1;7=1;");
+    ComponentResult ca = MakeComponent(ComponentType::Cation, "Ca", 1e-3, 40.078, "2=1;3=1;4=1;5=1;6=1;7=1;");
     records.components = {h, ca};
     records.componentInfos.resize(2);
-    SpeciesResult complex = MakeSpecies(ComplexSpecies, "CaOH +", complexConcentration);
+    SpeciesResult complex = MakeSpecies(SpeciesKind::ComplexSpecies, "CaOH +", complexConcentration);
     complex.reactionDefinition = 2;
     complex.intrinsicLogK = -12.697;
     complex.conditionalLogK = -12.78;
     complex.literature = "NIST";
-    SpeciesResult solid = MakeSpecies(SolidSpecies, "Calcite", 0);
+    SpeciesResult solid = MakeSpecies(SpeciesKind::SolidSpecies, "Calcite", 0);
     solid.reactionDefinition = 3;
-    records.species = {MakeSpecies(FreeComponent, "free H +", 1e-8), MakeSpecies(FreeComponent, "free Ca 2+", 9.99e-4),
-                       complex, MakeSpecies(RedoxPartner, "free Ca(I)", 1e-12), solid,
-                       MakeSpecies(ComplexSpecies, "CaSO4 (aq)", 5e-8), MakeSpecies(40, "HA-Ca", 1e-5)};
+    records.species = {MakeSpecies(SpeciesKind::FreeComponent, "free H +", 1e-8),
+                       MakeSpecies(SpeciesKind::FreeComponent, "free Ca 2+", 9.99e-4),
+                       complex,
+                       MakeSpecies(SpeciesKind::RedoxPartner, "free Ca(I)", 1e-12),
+                       solid,
+                       MakeSpecies(SpeciesKind::ComplexSpecies, "CaSO4 (aq)", 5e-8),
+                       MakeSpecies(SpeciesKindFromCode(40).value(), "HA-Ca", 1e-5)};
     StoreSetRecords(store, 0, std::move(records));
     store.sets[0].header.reportedComponentCount = 2;
     return store;

@@ -172,7 +172,7 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
     }
 
     CompareEach("component", ev.components, av.components, [&](size_t i, const auto& x, const auto& y) {
-        c.Int(At("component", i, "kind"), x.kind, y.kind);
+        c.Int(At("component", i, "kind"), CodeOf(x.kind), CodeOf(y.kind));
         c.Text(At("component", i, "name"), x.name, y.name);
         c.Text(At("component", i, "display name"), x.displayName, y.displayName);
         c.Text(At("component", i, "gas text"), x.gasText, y.gasText);
@@ -186,14 +186,14 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
         const ComponentInfo& p = ev.componentInfos[i];
         const ComponentInfo& q = av.componentInfos[i];
         c.Text(At("info", i, "name"), p.name, q.name);
-        c.Int(At("info", i, "kind"), p.kind, q.kind);
+        c.Int(At("info", i, "kind"), CodeOf(p.kind), CodeOf(q.kind));
         c.Number(At("info", i, "input value"), p.inputValue, q.inputValue, kTenDigits);
         c.Number(At("info", i, "molar mass"), p.molarMass, q.molarMass, kTenDigits);
-        c.Int(At("info", i, "input type"), p.inputType, q.inputType);
+        c.Int(At("info", i, "input type"), CodeOf(p.inputType), CodeOf(q.inputType));
     });
 
     CompareEach("species", ev.species, av.species, [&](size_t i, const auto& x, const auto& y) {
-        c.Int(At("species", i, "kind"), x.kind, y.kind);
+        c.Int(At("species", i, "kind"), CodeOf(x.kind), CodeOf(y.kind));
         c.Text(At("species", i, "name"), x.name, y.name);
         c.Int(At("species", i, "category"), x.category, y.category);
         c.Number(At("species", i, "concentration"), x.concentration, y.concentration);
@@ -261,7 +261,7 @@ void ExpectSetsEqual(const ResultStore& expectedStore, int32_t expectedSet, cons
     }
 }
 
-ComponentResult MakeComponent(int32_t kind, const std::string& name, double total, double molarMass,
+ComponentResult MakeComponent(ComponentType kind, const std::string& name, double total, double molarMass,
                               const std::string& speciesList) {
     ComponentResult c;
     c.kind = kind;
@@ -275,18 +275,18 @@ ComponentResult MakeComponent(int32_t kind, const std::string& name, double tota
     return c;
 }
 
-SpeciesResult MakeSpecies(int32_t kind, const std::string& name, double concentration) {
+SpeciesResult MakeSpecies(SpeciesKind kind, const std::string& name, double concentration) {
     SpeciesResult s;
     s.kind = kind;
     s.name = name;
     s.concentration = concentration;
-    s.category = kind == AdsorbedSpecies ? CategoryAdsorbed
-                 : kind == SolidSpecies || kind == RedoxPartnerSolid ? CategorySolid
-                                                                     : CategoryDissolved;
+    s.category = kind == SpeciesKind::AdsorbedSpecies                                          ? CategoryAdsorbed
+                 : kind == SpeciesKind::SolidSpecies || kind == SpeciesKind::RedoxPartnerSolid ? CategorySolid
+                                                                                               : CategoryDissolved;
     s.hasActivity = s.category == CategoryDissolved;
     s.activity = concentration;
-    s.hasConstants = kind >= FreeHydroxide && kind <= SolidSpecies;
-    s.literatureIndex = kind == FreeComponent ? -1 : 0;
+    s.hasConstants = kind >= SpeciesKind::FreeHydroxide && kind <= SpeciesKind::SolidSpecies;
+    s.literatureIndex = kind == SpeciesKind::FreeComponent ? -1 : 0;
     return s;
 }
 
@@ -304,7 +304,7 @@ bool WriteReferenceInput(const std::string& file, const std::string& path, doubl
     if (!PrepareReferenceCase(*reference, *database, 1.0001, chem, input)) return false;
     for (int32_t k = 0; k < chem.db().ComponentCount(); ++k) {
         ComponentInput& c = input.components[k];
-        if (k != chem.db().hydrogenIndex && c.inputType == InpTypeTotalConc) c.inputValue *= scale;
+        if (k != chem.db().hydrogenIndex && c.inputType == InputType::TotalConc) c.inputValue *= scale;
     }
     input.description = description.empty() ? reference->TextOr("description", "") : description;
     return WriteUtf16File(path, std::string_view(FormatInputFile(input, chem.db())));

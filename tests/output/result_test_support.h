@@ -53,9 +53,9 @@ struct CalculatedWorkspace : PreparedWorkspace {
 void ExpectSetsEqual(const ResultStore& expected, int32_t expectedSet, const ResultStore& actual, int32_t actualSet);
 
 // One component result, ready for hand-built stores.
-ComponentResult MakeComponent(int32_t kind, const std::string& name, double total, double molarMass,
+ComponentResult MakeComponent(ComponentType kind, const std::string& name, double total, double molarMass,
                               const std::string& speciesList);
-SpeciesResult MakeSpecies(int32_t kind, const std::string& name, double concentration);
+SpeciesResult MakeSpecies(SpeciesKind kind, const std::string& name, double concentration);
 
 }  // namespace tormel::test
 

@@ -94,8 +94,8 @@ TEST(DatabaseView, SummaryAndEquilibriumLinesOfEachMode) {
         {ViewByComponent, kCa + 1,
          {"Component: Ca", "Charge: 2", "Molar mass (g/mol): 0,000", "There are 6 equilibria with Ca", "CaCl+ #2",
           "CaCO3 #5", "CaOH+ #6", "Hfo_wOCa+ #11", "FA5-Ca (Model 5) #-1", "FA7-Ca (Model 7) #-1"}},
-        {ViewByType, EqGas, {"There are 1 equilibria of this type.", "CO3 / CO2(g) #14"}},
-        {ViewByType, EqAdsorption, {"There are 2 equilibria of this type.", "Hfo_wOH2+ #10", "Hfo_wOCa+ #11"}},
+        {ViewByType, CodeOf(EquilibriumType::Gas), {"There are 1 equilibria of this type.", "CO3 / CO2(g) #14"}},
+        {ViewByType, CodeOf(EquilibriumType::Adsorption), {"There are 2 equilibria of this type.", "Hfo_wOH2+ #10", "Hfo_wOCa+ #11"}},
         {ViewByType, 8, {"There are 0 equilibria of this type."}},
         {ViewByLiterature, 1,
          {"There are 3 equilibria from this reference.", "H2O #0", "Mn(II)/MnO2(s) #13", "FA5-Ca (Model 5) #-1"}},
@@ -111,7 +111,7 @@ TEST(DatabaseView, ReactionDefinitionsAsDrawn) {
     const Language english = English();
     const std::string solid = "The activity of a solid is 1.";
     // a redox solid among the reacting components makes the note too
-    const int32_t solidComplex = AppendEquilibrium(db, MakeEquilibrium(EqComplex, "MnO2Cl", -1, 2.0), {{kMnO2, 1}, {kCl, 1}});
+    const int32_t solidComplex = AppendEquilibrium(db, MakeEquilibrium(EquilibriumType::Complex, "MnO2Cl", -1, 2.0), {{kMnO2, 1}, {kCl, 1}});
     const std::pair<int, std::string> cases[] = {
         {kWater, "1 H + 1 OH = 1 H2O(aq) | 14 | The activity of water is 1. | Reference one"},
         {kCaCl, "1 Ca + 1 Cl = 1 CaCl+ | 0.4 |  | "},

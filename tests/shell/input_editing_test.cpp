@@ -38,9 +38,9 @@ TEST(InputEditing, TypedNumbersFollowTheUserSeparatorAndRange) {
 }
 
 TEST(InputEditing, ShownValuesReadBackToTheStoredValue) {
-    Component calcium{.type = Cation, .name = "Ca", .molarMass = 40.078};
-    Component gas{.type = Gas, .name = "CO2(g)"};
-    Component site{.type = Ads, .name = "Hfo_sOH"};
+    Component calcium{.type = ComponentType::Cation, .name = "Ca", .molarMass = 40.078};
+    Component gas{.type = ComponentType::Gas, .name = "CO2(g)"};
+    Component site{.type = ComponentType::Ads, .name = "Hfo_sOH"};
     struct Case {
         const Component& component;
         int32_t units, order;
@@ -64,7 +64,7 @@ TEST(InputEditing, ShownValuesReadBackToTheStoredValue) {
     }
     UnitSettings mass;
     mass.units = 1;
-    EXPECT_FALSE(StoredValue(Component{.type = Ligand, .name = "X"}, 1, mass)) << "mass units need a molar mass";
+    EXPECT_FALSE(StoredValue(Component{.type = ComponentType::Ligand, .name = "X"}, 1, mass)) << "mass units need a molar mass";
 }
 
 }  // namespace

@@ -68,7 +68,7 @@ TEST_F(Startup, RunsItsStepsInOrderAndLeavesAReadyWorkspace) {
         EXPECT_TRUE(std::filesystem::is_directory(*f)) << *f;
     EXPECT_TRUE(FileExists(ws.folders.languageFile));
     ASSERT_GT(ws.chem.db().ComponentCount(), 50);
-    EXPECT_EQ(ws.input.components[ws.chem.db().hydrogenIndex].inputType, InpTypeFreeAct) << "program defaults: pH 7";
+    EXPECT_EQ(ws.input.components[ws.chem.db().hydrogenIndex].inputType, InputType::FreeAct) << "program defaults: pH 7";
 
     SaveSettingsAndShutDown(ws, recorder.hooks);
     EXPECT_EQ(recorder.steps.back(), "release");

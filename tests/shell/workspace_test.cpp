@@ -47,7 +47,7 @@ TEST(ShellWorkspace, AssemblyRefusalIsShownAsAWarning) {
     ImbalancedWater(ws, false);
     ws.input.precipitation = true;
     ComponentInput& calcium = ws.input.components[ws.chem.db().FindComponent("Ca")];
-    calcium.inputType = InpTypeFreeAct;
+    calcium.inputType = InputType::FreeAct;
     ws.input.components[ws.chem.db().FindComponent("Cl")].inputValue = 0;
     const CalculationOutcome outcome = CalculateInput(ws, false);
     EXPECT_FALSE(outcome.assembled);

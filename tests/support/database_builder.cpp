@@ -4,7 +4,7 @@
 
 namespace tormel::test {
 
-Component MakeComponent(int32_t type, const std::string& name, int32_t charge, double molarMass, double ionDiameter) {
+Component MakeComponent(ComponentType type, const std::string& name, int32_t charge, double molarMass, double ionDiameter) {
     Component c;
     c.type = type;
     c.name = name;
@@ -14,7 +14,7 @@ Component MakeComponent(int32_t type, const std::string& name, int32_t charge, d
     return c;
 }
 
-Equilibrium MakeEquilibrium(int32_t type, const std::string& name, int32_t charge, double logK) {
+Equilibrium MakeEquilibrium(EquilibriumType type, const std::string& name, int32_t charge, double logK) {
     Equilibrium q;
     q.type = type;
     q.name = name;

@@ -12,10 +12,10 @@ namespace tormel::test {
 // A component of a reaction and its coefficient.
 using ReactionTerm = std::pair<int32_t, int32_t>;  // component, coefficient
 
-Component MakeComponent(int32_t type, const std::string& name, int32_t charge, double molarMass = 0,
+Component MakeComponent(ComponentType type, const std::string& name, int32_t charge, double molarMass = 0,
                         double ionDiameter = 0);
 
-Equilibrium MakeEquilibrium(int32_t type, const std::string& name, int32_t charge, double logK);
+Equilibrium MakeEquilibrium(EquilibriumType type, const std::string& name, int32_t charge, double logK);
 
 // Sum of coefficient x charge^2 over the terms.
 int32_t ChargeSquareSum(const Database& chem, std::initializer_list<ReactionTerm> terms);

@@ -264,7 +264,7 @@ TEST(InputEditor, CancelPutsEverythingBack) {
         QTest::mouseClick(cations->viewport(), Qt::LeftButton, {}, cations->visualItemRect(cations->item(0, 3)).center());
         cations->TypeList()->hidePopup();
         emit cations->TypeList()->activated(0);
-        EXPECT_EQ(fixture.Ws().input.components[0].inputType, InpTypeTotalConc);
+        EXPECT_EQ(fixture.Ws().input.components[0].inputType, InputType::TotalConc);
         EXPECT_NE(fixture.Ws().input.description, "");
         editor->ToolButton(1)->click();
     });

@@ -69,7 +69,7 @@ double Tidy12(double v) {
 
 struct ComponentInfo {
     std::string name;
-    int type = 0;
+    tormel::ComponentType type{};
     int charge = 0;
     std::string species;         // formula with charge, as in the source data
     std::string element;         // element without valence ("Fe")
@@ -139,7 +139,8 @@ private:
                      const std::string& name, int line);
     // The equilibrium of `type` that forms `name` with `charge` as `e` writes
     // it; the literature reference and any links are the caller's.
-    OutputEquilibrium Formed(const Expr& e, int type, const std::string& name, int charge, bool surface) const;
+    OutputEquilibrium Formed(const Expr& e, tormel::EquilibriumType type, const std::string& name, int charge,
+                             bool surface) const;
     void Fill();
 };
 
@@ -238,7 +239,7 @@ void Converter::BuildComponents() {
 
     ComponentInfo h;
     h.name = "H";
-    h.type = tormel::Cation;
+    h.type = tormel::ComponentType::Cation;
     h.charge = 1;
     h.species = "H+";
     h.element = "H";
@@ -261,8 +262,8 @@ void Converter::BuildComponents() {
         c.charge = sn.charge;
         c.name = sn.formula;  // final names in NameComponents
         c.molarMass = MolarMassOf(sn.formula, c.species);
-        c.type = sn.charge > 0 ? tormel::Cation : tormel::Ligand;
-        (c.type == tormel::Cation ? cations : ligands).push_back(c);
+        c.type = sn.charge > 0 ? tormel::ComponentType::Cation : tormel::ComponentType::Ligand;
+        (c.type == tormel::ComponentType::Cation ? cations : ligands).push_back(c);
     }
     // A neutral free element with charged cations of its own (Hg) is the
     // metal in another oxidation state: a cation too.
@@ -271,7 +272,7 @@ void Converter::BuildComponents() {
                      std::any_of(cations.begin(), cations.end(),
                                  [&](const ComponentInfo& x) { return x.element == it->element; });
         if (metal) {
-            it->type = tormel::Cation;
+            it->type = tormel::ComponentType::Cation;
             cations.push_back(*it);
             it = ligands.erase(it);
         } else {
@@ -282,7 +283,7 @@ void Converter::BuildComponents() {
 
     ComponentInfo e;
     e.name = "e";
-    e.type = tormel::Electron;
+    e.type = tormel::ComponentType::Electron;
     e.charge = -1;
     e.species = "e-";
     electron_ = static_cast<int>(comps_.size());
@@ -290,7 +291,7 @@ void Converter::BuildComponents() {
 
     ComponentInfo oh;
     oh.name = "OH";
-    oh.type = tormel::Ligand;
+    oh.type = tormel::ComponentType::Ligand;
     oh.charge = -1;
     oh.species = "OH-";
     oh.element = "O";
@@ -302,7 +303,7 @@ void Converter::BuildComponents() {
     for (const auto& s : data_.surfaceMasters) {
         ComponentInfo a;
         a.name = s.species;
-        a.type = tormel::Ads;
+        a.type = tormel::ComponentType::Ads;
         a.species = s.species;
         a.element = s.site;
         addComponent(a);
@@ -312,12 +313,12 @@ void Converter::BuildComponents() {
 void Converter::NameComponents() {
     std::map<std::string, int> perElement, perFormula;
     for (const auto& c : comps_) {
-        if (c.type != tormel::Cation && c.type != tormel::Ligand) continue;
+        if (c.type != tormel::ComponentType::Cation && c.type != tormel::ComponentType::Ligand) continue;
         ++perElement[c.element];
         ++perFormula[c.name];
     }
     for (auto& c : comps_) {
-        if (c.type != tormel::Cation && c.type != tormel::Ligand) continue;
+        if (c.type != tormel::ComponentType::Cation && c.type != tormel::ComponentType::Ligand) continue;
         if (c.species == "H+" || c.species == "OH-") continue;
         if (perElement[c.element] < 2) continue;
         if (c.name != c.element && perFormula[c.name] < 2) continue;
@@ -471,7 +472,7 @@ int Converter::DeltaZ2(const Expr& e, int formedCharge, bool surface) const {
     // formed species' charge is not subtracted.
     double sum = 0;
     for (const auto& [c, v] : e.coef) {
-        if (comps_[c].type == tormel::Ads) continue;
+        if (comps_[c].type == tormel::ComponentType::Ads) continue;
         sum += v * comps_[c].charge * comps_[c].charge;
     }
     if (!surface) sum -= static_cast<double>(formedCharge) * formedCharge;
@@ -506,7 +507,7 @@ bool Converter::CheckUsable(const std::optional<Expr>& expr, const std::string& 
     return true;
 }
 
-OutputEquilibrium Converter::Formed(const Expr& e, int type, const std::string& name, int charge,
+OutputEquilibrium Converter::Formed(const Expr& e, tormel::EquilibriumType type, const std::string& name, int charge,
                                     bool surface) const {
     OutputEquilibrium out;
     out.eq.type = type;
@@ -530,7 +531,7 @@ void Converter::ConvertAqueous() {
             // Stored as the formation of water from H+ and OH-.
             if (!entry.logK) continue;
             OutputEquilibrium w;
-            w.eq.type = tormel::EqWater;
+            w.eq.type = tormel::EquilibriumType::Water;
             w.eq.name = "H2O";
             w.eq.charge = 0;
             w.eq.logK = -*entry.logK;
@@ -557,7 +558,7 @@ void Converter::ConvertAqueous() {
         const auto e = Express(name, &why);
         if (!CheckUsable(e, why, "aqueous species", name, entry.line)) continue;
         SpeciesName sn = SplitCharge(name);
-        OutputEquilibrium out = Formed(*e, tormel::EqComplex, sn.formula, sn.charge, false);
+        OutputEquilibrium out = Formed(*e, tormel::EquilibriumType::Complex, sn.formula, sn.charge, false);
         if (auto d = IonDiameter(name)) {
             out.eq.complexDiameter = *d;
             report().complexesWithDiameter.push_back(name);
@@ -611,7 +612,7 @@ void Converter::ConvertRedox() {
                                             "of another; no such relation follows from the data"});
             continue;
         }
-        OutputEquilibrium out = Formed(e, tormel::EqRedox, ca.name, ca.charge, false);
+        OutputEquilibrium out = Formed(e, tormel::EquilibriumType::Redox, ca.name, ca.charge, false);
         out.eq.linkedComponent = a;
         out.eq.linkedCoefficient = 1;
         out.eq.literatureRef = literature_.AddSourceCode(def ? def->logKSource : "");
@@ -637,7 +638,7 @@ void Converter::ConvertPhases() {
         const auto e = Generic(p, p.reaction.left[0].species, &why, true);
         if (!CheckUsable(e, why, kind, p.phaseName, p.line)) continue;
         if (!p.isGas) {
-            OutputEquilibrium out = Formed(*e, tormel::EqSolid, p.phaseName, 0, false);
+            OutputEquilibrium out = Formed(*e, tormel::EquilibriumType::Solid, p.phaseName, 0, false);
             out.eq.literatureRef = literature_.AddSourceCode(p.logKSource);
             solids_.push_back(out);
             continue;
@@ -647,7 +648,8 @@ void Converter::ConvertPhases() {
         std::string problem;
         for (const auto& [c, v] : e->coef) {
             if (c == hydrogen_) continue;
-            if (comps_[c].type == tormel::Ligand && ligand < 0 && std::fabs(v - 1) < kTolerance) ligand = c;
+            if (comps_[c].type == tormel::ComponentType::Ligand && ligand < 0 && std::fabs(v - 1) < kTolerance)
+                ligand = c;
             else problem += (problem.empty() ? "" : ", ") + Coefficient(v) + " " + comps_[c].name;
         }
         if (ligand < 0 || !problem.empty()) {
@@ -659,11 +661,11 @@ void Converter::ConvertPhases() {
         }
         ComponentInfo g;
         g.name = p.phaseName;
-        g.type = tormel::Gas;
+        g.type = tormel::ComponentType::Gas;
         g.species = p.phaseName;
         int gi = static_cast<int>(comps_.size());
         comps_.push_back(g);
-        OutputEquilibrium out = Formed(*e, tormel::EqGas, p.phaseName, 0, false);
+        OutputEquilibrium out = Formed(*e, tormel::EquilibriumType::Gas, p.phaseName, 0, false);
         out.eq.linkedComponent = gi;
         out.eq.linkedCoefficient = 1;
         out.eq.literatureRef = literature_.AddSourceCode(p.logKSource);
@@ -680,7 +682,7 @@ void Converter::ConvertSurface() {
         const auto e = Express(defined, &why);
         if (!CheckUsable(e, why, "surface species", defined, entry.line)) continue;
         SpeciesName sn = SplitCharge(defined);
-        OutputEquilibrium out = Formed(*e, tormel::EqAdsorption, sn.formula, sn.charge, true);
+        OutputEquilibrium out = Formed(*e, tormel::EquilibriumType::Adsorption, sn.formula, sn.charge, true);
         out.eq.literatureRef = entry.logKSource.empty() ? literature_.Add(kCitationSurface)
                                                         : literature_.AddSourceCode(entry.logKSource);
         adsorption_.push_back(out);
@@ -696,7 +698,7 @@ void Converter::ConvertOrganic() {
         for (int f = 0; f < 2; ++f) {
             ComponentInfo o;
             o.name = std::string(fractionNames[f]) + std::to_string(modelNumber);
-            o.type = tormel::Organic;
+            o.type = tormel::ComponentType::Organic;
             o.charge = -1;
             o.organicModel = code;
             organic[f] = static_cast<int>(comps_.size());
@@ -705,7 +707,7 @@ void Converter::ConvertOrganic() {
         int lit = literature_.Add(citations[code - 2]);
         for (const auto& k : OrganicMetalConstants(code)) {
             auto metalIt = std::find_if(comps_.begin(), comps_.end(), [&](const ComponentInfo& c) {
-                return c.name == k.metal && c.type == tormel::Cation;
+                return c.name == k.metal && c.type == tormel::ComponentType::Cation;
             });
             if (metalIt == comps_.end()) {
                 report().organicNotes.push_back("Model " + std::to_string(modelNumber) + ": no component " + k.metal);
@@ -715,7 +717,7 @@ void Converter::ConvertOrganic() {
             const std::string& orgName = comps_[organic[k.fraction]].name;
             auto make = [&](const std::string& name, int charge, std::map<int, double> coef) {
                 OutputEquilibrium out;
-                out.eq.type = tormel::EqOrganic;
+                out.eq.type = tormel::EquilibriumType::Organic;
                 out.eq.name = name;
                 out.eq.charge = charge;
                 out.eq.logK = k.logK;
@@ -757,8 +759,8 @@ void Converter::Fill() {
         Component rec;
         rec.type = c.type;
         rec.name = c.name;
-        rec.charge = (c.type == tormel::RedSol || c.type == tormel::Gas) ? 0 : c.charge;
-        if (c.type == tormel::Cation || c.type == tormel::Ligand) {
+        rec.charge = (c.type == tormel::ComponentType::RedSol || c.type == tormel::ComponentType::Gas) ? 0 : c.charge;
+        if (c.type == tormel::ComponentType::Cation || c.type == tormel::ComponentType::Ligand) {
             rec.molarMass = c.molarMass;
             if (auto d = IonDiameter(c.species)) rec.ionDiameter = *d;
             else report().componentsWithoutDiameter.push_back(c.name + " (" + c.species + ")");

@@ -68,14 +68,14 @@ std::string FormatConversionReport(const ConversionResult& result, const std::st
 
     out << "## Counts\n\n| what | count |\n|---|---|\n";
     std::map<int, int> compTypes, eqTypes;
-    for (const auto& c : chem.components) ++compTypes[c.type];
-    for (const auto& e : chem.equilibria) ++eqTypes[e.type];
+    for (const auto& c : chem.components) ++compTypes[tormel::CodeOf(c.type)];
+    for (const auto& e : chem.equilibria) ++eqTypes[tormel::CodeOf(e.type)];
     for (const auto& [t, n] : compTypes) out << "| components: " << ComponentTypeName(t) << " | " << n << " |\n";
     out << "| components, total | " << chem.components.size() << " |\n";
     for (const auto& [t, n] : eqTypes) out << "| equilibria: " << EquilibriumTypeName(t) << " | " << n << " |\n";
     std::map<int, int> perModel;
     for (const auto& e : chem.equilibria)
-        if (e.type == 7) ++perModel[e.organicModel];
+        if (e.type == tormel::EquilibriumType::Organic) ++perModel[e.organicModel];
     for (const auto& [code, n] : perModel) out << "| organic equilibria of Model " << code + 3 << " | " << n << " |\n";
     out << "| equilibria, total | " << chem.equilibria.size() << " |\n";
     out << "| literature references | " << chem.literature.size() << " |\n\n";
@@ -98,7 +98,8 @@ std::string FormatConversionReport(const ConversionResult& result, const std::st
     out << "| what | count |\n|---|---|\n";
     std::map<int, int> withElectron;
     for (int32_t e = 0; e < chem.EquilibriumCount(); ++e)
-        if (chem.electronIndex > 0 && chem.Coefficient(chem.electronIndex, e) != 0) ++withElectron[chem.equilibria[e].type];
+        if (chem.electronIndex > 0 && chem.Coefficient(chem.electronIndex, e) != 0)
+            ++withElectron[tormel::CodeOf(chem.equilibria[e].type)];
     for (const auto& [t, n] : withElectron) out << "| equilibria: " << EquilibriumTypeName(t) << " | " << n << " |\n";
 
     out << "\n## Ion sizes (MSA)\n\n";

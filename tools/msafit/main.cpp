@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
             }
     for (const msafit::MeasuredSalt& salt : *salts) {
         const int32_t pair = chem.FindEquilibrium(msafit::PairName(salt));
-        if (salt.fitsPair && (pair < 0 || chem.equilibria[pair].type != tormel::EqComplex)) {
+        if (salt.fitsPair && (pair < 0 || chem.equilibria[pair].type != tormel::EquilibriumType::Complex)) {
             std::fprintf(stderr, "tormel-msafit: the ion pair %s of %s is not a complex of the database\n",
                          msafit::PairName(salt).c_str(), salt.formula.c_str());
             return 1;

@@ -241,7 +241,7 @@ void InputEditor::OpenSearch() {
 
 bool InputEditor::SelectComponent(int32_t component) {
     const Component& c = ws_.chem.db().components[size_t(component)];
-    if (c.type == RedSol && !ws_.input.redox) {
+    if (c.type == ComponentType::RedSol && !ws_.input.redox) {
         ShowMessage(ws_.Ui(), ws_.language, LanguageText(ws_.language, "InputEditSearch", "TurnOnRedox"), {},
                     IconWarning);
         return false;

@@ -16,12 +16,12 @@
 namespace tormel {
 namespace {
 
-const char* TypeKey(int32_t type) {
+const char* TypeKey(ComponentType type) {
     switch (type) {
-        case Cation: return "Cation";
-        case Ligand: return "Ligand";
-        case Ads: return "Ads";
-        case RedSol: return "RedSol";
+        case ComponentType::Cation: return "Cation";
+        case ComponentType::Ligand: return "Ligand";
+        case ComponentType::Ads: return "Ads";
+        case ComponentType::RedSol: return "RedSol";
         default: return "Gas";
     }
 }

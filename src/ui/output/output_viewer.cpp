@@ -211,7 +211,8 @@ OutputViewer::OutputViewer(Workspace& ws, int32_t set, QWidget* owner, std::func
 void OutputViewer::BuildTree() {
     tree_->clear();
     const SetView view = ViewSet(ws_.results, set_);
-    static const std::pair<ComponentType, const char*> kRoots[] = {{Cation, "Cations"}, {Ligand, "Ligands"}, {Gas, "Gases"}};
+    static const std::pair<ComponentType, const char*> kRoots[] = {
+        {ComponentType::Cation, "Cations"}, {ComponentType::Ligand, "Ligands"}, {ComponentType::Gas, "Gases"}};
     QTreeWidgetItem* first = nullptr;
     int32_t listed = 0;
     for (const auto& [kind, key] : kRoots) {

@@ -71,7 +71,7 @@ public:
     void Run() {
         const SetView view = ViewSet(ws_.results, set_);
         bool first = true;
-        for (ComponentType kind : {Cation, Ligand, Gas}) {
+        for (ComponentType kind : {ComponentType::Cation, ComponentType::Ligand, ComponentType::Gas}) {
             for (size_t i = 0; i < view.components.size(); ++i) {
                 if (view.components[i].kind != kind) continue;
                 if (!first && settings_.graphs) flow_.NewPage();

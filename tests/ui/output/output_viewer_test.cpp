@@ -78,7 +78,7 @@ TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
     int leaves = 0;
     for (QTreeWidgetItem* root : Rows(tree)) leaves += root->childCount();
     EXPECT_EQ(leaves, ws.results.sets[0].header.listedComponentCount);
-    EXPECT_EQ(view.components[static_cast<size_t>(viewer->Shown())].kind, Cation);
+    EXPECT_EQ(view.components[static_cast<size_t>(viewer->Shown())].kind, ComponentType::Cation);
 
     // Ca: the summary ends with the grey total; species rows coloured and with logarithm tips
     for (QTreeWidgetItem* item : tree->findItems(QStringLiteral("Ca"), Qt::MatchRecursive)) tree->setCurrentItem(item);

@@ -81,7 +81,7 @@ protected:
             if (listed) {
                 *listed = 0;
                 for (const ComponentResult& c : ViewSet(w.results, 0).components)
-                    *listed += c.kind == Cation || c.kind == Ligand || c.kind == Gas;
+                    *listed += c.kind == ComponentType::Cation || c.kind == ComponentType::Ligand || c.kind == ComponentType::Gas;
             }
         };
         InitializeApplication(ws, NormaliseCommandLine({"/print:" + output}), hooks, services);
