@@ -2,6 +2,7 @@
 
 #include "core/c_number.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -105,15 +106,16 @@ bool AppendSmallFixed(char* buffer, size_t& length, double value, int precision)
     return true;
 }
 
-// %.NE / %.Ne for N <= 8 of a value whose power-of-ten scaling is exact (one
-// multiplication or division by 10^k, k <= 22, so the scaled value is within
-// one rounding of the exact product, below 1e9): as AppendSmallFixed, the
-// rounded integer gives the digits unless the scaled value lies near a half.
+// %.NE / %.Ne for N <= 12 of a value whose power-of-ten scaling is exact (one
+// multiplication or division by 10^k, k <= 22, so the scaled value, below
+// 10^(N+1), is within one rounding, a relative 1.1e-16, of the exact
+// product): as AppendSmallFixed, the rounded integer gives the digits unless
+// the scaled value lies within a margin ten times that error of a half.
 bool AppendSmallScientific(char* buffer, size_t& length, double value, int precision, bool upper) {
     static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                          1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
     constexpr int kMaxPower = 22;
-    if (precision < 0 || precision > 8) return false;
+    if (precision < 0 || precision > 12) return false;
     const double magnitude = std::fabs(value);
     if (!(magnitude >= 1e-290 && magnitude <= 1e290)) return false;
     int exponent = static_cast<int>(std::floor(std::log10(magnitude)));
@@ -133,13 +135,14 @@ bool AppendSmallScientific(char* buffer, size_t& length, double value, int preci
     if (!(scaled >= low && scaled < high)) return false;
     const double whole = std::floor(scaled);
     const double fraction = scaled - whole;
-    if (std::fabs(fraction - 0.5) < 1e-6) return false;
+    const double margin = std::max(1e-6, 1e-15 * high);
+    if (std::fabs(fraction - 0.5) < margin) return false;
     uint64_t n = static_cast<uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
     if (static_cast<double>(n) >= high) {  // 9.9996 -> 10.000: one more digit before the point
         n /= 10;
         ++exponent;
     }
-    std::array<char, 10> digits;
+    std::array<char, 14> digits;
     for (int d = precision; d >= 0; --d) {
         digits[static_cast<size_t>(d)] = static_cast<char>('0' + n % 10);
         n /= 10;
