@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "calc/solver.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
@@ -21,22 +22,25 @@ bool ComputedHere(int32_t kind) {
 
 }  // namespace
 
-void SpeciesConcentrations(ChemicalSystem& chem) {
-    // log10 of each unknown once, not once per species term; the buffer
-    // stays with the thread, so iterations allocate nothing
-    thread_local std::vector<double> logFree;
-    logFree.resize(chem.systemComponents.size());
-    for (size_t j = 0; j < logFree.size(); ++j) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTermList& massAction) {
+    massAction.Clear();
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    for (int32_t s = 0; s < speciesCount; ++s) {
-        Species& sp = chem.species[s];
-        if (!ComputedHere(sp.kind)) continue;
+    for (int32_t s = 0; s < speciesCount; ++s)
+        if (ComputedHere(chem.species[s].kind))
+            massAction.Add(chem, s, [](const CompositionTerm& term) { return term.coefficient != 0; });
+}
+
+void SpeciesConcentrations(ChemicalSystem& chem, SpeciesTables& tables) {
+    // log10 of each unknown once, not once per species term
+    std::vector<double>& logFree = tables.logFree;
+    for (size_t j = 0; j < logFree.size(); ++j) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+    const SpeciesTermList& list = tables.massAction;
+    const CompositionTerm* terms = list.terms.data();
+    for (int32_t k = 0; k < list.Size(); ++k) {
+        Species& sp = chem.species[list.species[k]];
         double exponent = sp.workingLogK;
-        for (int32_t e = 0; e < sp.componentTerms; ++e) {
-            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            if (term.coefficient == 0) continue;
-            exponent += term.coefficient * logFree[term.systemComponent];
-        }
+        for (int32_t t = list.start[k]; t < list.start[k + 1]; ++t)
+            exponent += terms[t].coefficient * logFree[terms[t].systemComponent];
         sp.concentration = std::exp(exponent * std::numbers::ln10);
     }
 }
