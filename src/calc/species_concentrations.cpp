@@ -12,28 +12,30 @@ namespace tormel {
 namespace {
 
 // Kinds whose concentration follows from the mass-action law here; solids
-// keep their amount (an unknown of its own) and the remaining organic kinds
-// are computed by the organic model.
-bool ComputedHere(int32_t kind) {
-    if (kind >= FreeComponent && kind <= AdsorbedSpecies) return true;
-    return (kind >= 9 && kind <= 12) || (kind >= 17 && kind <= 20) || (kind >= 25 && kind <= 30) ||
-           (kind >= 37 && kind <= 42) || (kind >= 49 && kind <= 54) || (kind >= 61 && kind <= 66);
-}
+// keep their amount (an unknown of its own) and the organic kinds (sites
+// and metal species) are computed by the organic model.
+bool ComputedHere(int32_t kind) { return kind >= FreeComponent && kind <= AdsorbedSpecies; }
 
 }  // namespace
 
-void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTermList& massAction) {
+void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTables& tables) {
+    SpeciesTermList& massAction = tables.massAction;
     massAction.Clear();
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s)
         if (ComputedHere(chem.species[s].kind))
             massAction.Add(chem, s, [](const CompositionTerm& term) { return term.coefficient != 0; });
+    std::vector<char> used(chem.systemComponents.size(), 0);
+    for (const CompositionTerm& term : massAction.terms) used[term.systemComponent] = 1;
+    tables.massActionComponents.clear();
+    for (size_t j = 0; j < used.size(); ++j)
+        if (used[j]) tables.massActionComponents.push_back(static_cast<int32_t>(j));
 }
 
 void SpeciesConcentrations(ChemicalSystem& chem, SpeciesTables& tables) {
-    // log10 of each unknown once, not once per species term
+    // log10 of each unknown the terms hold once, not once per species term
     std::vector<double>& logFree = tables.logFree;
-    for (size_t j = 0; j < logFree.size(); ++j) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+    for (int32_t j : tables.massActionComponents) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
     const SpeciesTermList& list = tables.massAction;
     const CompositionTerm* terms = list.terms.data();
     for (int32_t k = 0; k < list.Size(); ++k) {

@@ -9,7 +9,7 @@ void SpeciesTermList::Clear() {
 }
 
 void BuildSpeciesTables(const ChemicalSystem& chem, SpeciesTables& tables) {
-    BuildMassActionTable(chem, tables.massAction);
+    BuildMassActionTable(chem, tables);
     BuildBalanceTables(chem, tables);
     BuildActivityTables(chem, tables);
     tables.logFree.assign(chem.systemComponents.size(), 0.0);

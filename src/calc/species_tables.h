@@ -31,8 +31,10 @@ enum BalanceClass : int8_t { BalanceDissolved = 0, BalanceAdsorbed = 1, BalanceS
 struct SpeciesTables {
     // species count of the system the tables were built for; -1 before the first build
     int32_t speciesCount = -1;
-    // species formed by the mass-action law from the unknowns (non-zero terms)
+    // species formed by the mass-action law from the unknowns (non-zero
+    // terms), and the system components their terms hold
     SpeciesTermList massAction;
+    std::vector<int32_t> massActionComponents;
     // non-organic species of a balance class, with their non-zero terms on
     // mass-balance unknowns; balanceClass per entry
     SpeciesTermList balances;
@@ -56,7 +58,7 @@ void BuildSpeciesTables(const ChemicalSystem& chem, SpeciesTables& tables);
 SpeciesTables& TablesFor(const ChemicalSystem& chem, SpeciesTables& tables);
 
 // The parts of the build, each next to the step that reads it.
-void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTermList& massAction);
+void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTables& tables);
 void BuildBalanceTables(const ChemicalSystem& chem, SpeciesTables& tables);
 void BuildActivityTables(const ChemicalSystem& chem, SpeciesTables& tables);
 
