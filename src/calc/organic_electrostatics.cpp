@@ -44,6 +44,9 @@ void WorkingLogKOfFraction(ChemicalSystem& chem, const SolverState& st, OrganicF
         sp.workingLogK = sp.logK - protonElectrostatic + st.logGamma1;
         site.protonConstant = site.protonIntrinsic * protonFactor;
     }
+    // the exponent of the last run and its power: under Models 6 and 7 every
+    // run of a block, and every block of metals of one charge, has the same
+    double lastExponent = 0, factor = 1;
     for (const OrganicMetalBlock& block : fr.metals) {
         const int32_t offset = block.firstSpecies - fr.firstMetalSpecies;
         Species* species = &chem.species[block.firstSpecies];
@@ -66,7 +69,11 @@ void WorkingLogKOfFraction(ChemicalSystem& chem, const SolverState& st, OrganicF
                 electrostatic = LogOfExp(-2 * w * z * charge);
                 activity = z * z * st.logGamma1;
             }
-            const double factor = std::pow(10.0, electrostatic + activity);
+            const double exponent = electrostatic + activity;
+            if (exponent != lastExponent) {
+                lastExponent = exponent;
+                factor = std::pow(10.0, exponent);
+            }
             for (; k < end; ++k) {
                 species[k].workingLogK = species[k].logK + electrostatic + activity;
                 constant[k] = intrinsic[k] * factor;
