@@ -1,6 +1,9 @@
 #pragma once
 // Activity coefficients (Davies and the mean spherical approximation), the
 // ionic strength and the conditional constants of the species.
+#include <cstdint>
+#include <vector>
+
 #include "calc/calc_context.h"
 
 namespace tormel {
@@ -21,6 +24,8 @@ double Activity(const SolverState& state, const Species& species);
 // Half the sum of c z^2 over the dissolved species (free components, free OH,
 // gas ligands, redox partners and complexes).
 double IonicStrengthSum(const ChemicalSystem& chem);
+// The same sum over a list of the dissolved species, in species order.
+double IonicStrengthSum(const ChemicalSystem& chem, const std::vector<int32_t>& dissolved);
 
 // The ionic strength a solve starts from.
 void StartIonicStrength(CalcContext& ctx);

@@ -5,11 +5,21 @@
 
 #include "calc/organic_model.h"
 #include "calc/solver.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
 namespace {
 
+
+// The balance class of a non-organic species kind; -1 for a kind no balance
+// sum collects.
+int32_t BalanceClassOf(SpeciesKind kind) {
+    if (IsDissolvedKind(kind)) return BalanceDissolved;
+    if (kind == SpeciesKind::AdsorbedSpecies) return BalanceAdsorbed;
+    if (IsSolidKind(kind)) return BalanceSolid;
+    return -1;
+}
 
 void ResetSums(SystemComponent& sc) {
     sc.sumDissolved = sc.sumOther = sc.sumAdsorbed = sc.sumSolid = 0;
@@ -36,26 +46,56 @@ void CombineSums(SystemComponent& sc, double bulkFraction) {
     sc.calculatedTotal = sc.bulkDissolved + sc.bulkAdsorbed + sc.bulkSolid + sc.boundOrganic;
 }
 
+void BuildBalanceTables(const ChemicalSystem& chem, SpeciesTables& tables) {
+    tables.balances.Clear();
+    tables.balanceClass.clear();
+    tables.protons.Clear();
+    tables.protonClass.clear();
+    const auto onBalance = [&](const CompositionTerm& term) {
+        return term.coefficient != 0 && chem.systemComponents[term.systemComponent].balanceKind == InputType::TotalConc;
+    };
+    const auto onHydrogen = [](const CompositionTerm& term) {
+        return term.systemComponent == 0 && term.coefficient != 0;
+    };
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        const Species& sp = chem.species[s];
+        if (IsOrganicKind(sp.kind)) continue;  // summed by the organic model
+        const int32_t balanceClass = BalanceClassOf(sp.kind);
+        if (balanceClass < 0) continue;
+        tables.balances.Add(chem, s, onBalance);
+        tables.balanceClass.push_back(static_cast<int8_t>(balanceClass));
+        tables.protons.Add(chem, s, onHydrogen);
+        tables.protonClass.push_back(static_cast<int8_t>(balanceClass));
+        if (tables.protons.start.back() == tables.protons.start[tables.protons.Size() - 1]) {
+            // holds no H+
+            tables.protons.species.pop_back();
+            tables.protons.start.pop_back();
+            tables.protonClass.pop_back();
+        }
+    }
+}
+
 void ComputeProtonSums(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     SolverState& st = ctx.state;
     ProtonSums ps;
     ps.donorOrganic = st.protonSums.donorOrganic;
     ps.acceptorOrganic = st.protonSums.acceptorOrganic;
-    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    for (int32_t s = 0; s < speciesCount; ++s) {
-        const Species& sp = chem.species[s];
-        if (IsOrganicKind(sp.kind)) continue;
-        for (int32_t e = 0; e < sp.componentTerms; ++e) {
-            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            if (term.systemComponent != 0 || term.coefficient == 0) continue;
-            const double amount = std::abs(term.coefficient) * sp.concentration;
-            const bool donor = term.coefficient > 0;
-            if (IsDissolvedKind(sp.kind))
+    const SpeciesTables& tables = TablesFor(chem, st.tables);
+    const SpeciesTermList& list = tables.protons;
+    for (int32_t k = 0; k < list.Size(); ++k) {
+        const double concentration = chem.species[list.species[k]].concentration;
+        const int8_t balanceClass = tables.protonClass[k];
+        for (int32_t t = list.start[k]; t < list.start[k + 1]; ++t) {
+            const int32_t coefficient = list.terms[t].coefficient;
+            const double amount = std::abs(coefficient) * concentration;
+            const bool donor = coefficient > 0;
+            if (balanceClass == BalanceDissolved)
                 (donor ? ps.donorDissolved : ps.acceptorDissolved) += amount;
-            else if (sp.kind == SpeciesKind::AdsorbedSpecies)
+            else if (balanceClass == BalanceAdsorbed)
                 (donor ? ps.donorAdsorbed : ps.acceptorAdsorbed) += amount;
-            else if (IsSolidKind(sp.kind))
+            else
                 (donor ? ps.donorSolid : ps.acceptorSolid) += amount;
         }
     }
@@ -78,15 +118,21 @@ void TotalsAndRatios(CalcContext& ctx, bool& converged) {
     auto& scs = chem.systemComponents;
     for (SystemComponent& sc : scs)
         if (sc.balanceKind == InputType::TotalConc) ResetSums(sc);
-    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    for (int32_t s = 0; s < speciesCount; ++s) {
-        const Species& sp = chem.species[s];
-        if (IsOrganicKind(sp.kind)) continue;  // summed by the organic model
-        for (int32_t e = 0; e < sp.componentTerms; ++e) {
-            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            SystemComponent& sc = scs[term.systemComponent];
-            if (sc.balanceKind != InputType::TotalConc || term.coefficient == 0) continue;
-            AddToSums(sc, sp.kind, term.coefficient * sp.concentration);
+    // the organic species are summed by the organic model
+    const SpeciesTables& tables = TablesFor(chem, st.tables);
+    const SpeciesTermList& list = tables.balances;
+    for (int32_t k = 0; k < list.Size(); ++k) {
+        const double concentration = chem.species[list.species[k]].concentration;
+        const int8_t balanceClass = tables.balanceClass[k];
+        for (int32_t t = list.start[k]; t < list.start[k + 1]; ++t) {
+            SystemComponent& sc = scs[list.terms[t].systemComponent];
+            const double amount = list.terms[t].coefficient * concentration;
+            if (balanceClass == BalanceDissolved)
+                sc.sumDissolved += amount;
+            else if (balanceClass == BalanceAdsorbed)
+                sc.sumAdsorbed += amount;
+            else
+                sc.sumSolid += amount;
         }
     }
     if (OrganicModelActive(ctx)) OrganicSums(ctx);

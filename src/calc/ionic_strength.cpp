@@ -6,6 +6,7 @@
 #include "calc/activity.h"
 #include "calc/compare.h"
 #include "calc/solver.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
@@ -13,6 +14,16 @@ double IonicStrengthSum(const ChemicalSystem& chem) {
     double sum = 0;
     for (const Species& sp : chem.species)
         if (IsDissolvedKind(sp.kind)) sum += sp.concentration * sp.charge * sp.charge;
+    return sum / 2;
+}
+
+// The same sum over the dissolved species of the tables.
+double IonicStrengthSum(const ChemicalSystem& chem, const std::vector<int32_t>& dissolved) {
+    double sum = 0;
+    for (int32_t s : dissolved) {
+        const Species& sp = chem.species[s];
+        sum += sp.concentration * sp.charge * sp.charge;
+    }
     return sum / 2;
 }
 
@@ -52,7 +63,7 @@ void UpdateIonicStrength(CalcContext& ctx, bool& converged) {
     }
     if (ctx.input.ionicStrengthFixed) return;
     const double previous = st.ionicStrength;
-    const double next = IonicStrengthSum(ctx.chem);
+    const double next = IonicStrengthSum(ctx.chem, TablesFor(ctx.chem, st.tables).dissolved);
     if (converged) converged = RelativelyEqual(previous, next, st.inputCriterion);
     if ((next < previous && st.ionicStrengthDirection == 1) || (next > previous && st.ionicStrengthDirection == 2))
         st.ionicStrengthDamping += 0.2f;

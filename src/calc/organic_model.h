@@ -105,6 +105,9 @@ double DiffuseLayerVolume(const OrganicParameters& p, double concentration, doub
 // Organically bound and diffuse-layer amounts of the mass-balance components
 // (after the solver has reset its sums).
 void OrganicSums(CalcContext& ctx);
+// The species OrganicSums visits and their terms on the mass-balance
+// unknowns; built once per solve, after the layer species.
+void BuildOrganicSumTables(const ChemicalSystem& chem, OrganicState& org);
 // The electroneutrality test of the proton balance with organic matter: the
 // dissolved charges (positive, negative) count with the bulk share of the
 // volume, and the diffuse layers and the fractions' own charges are added.

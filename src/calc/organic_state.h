@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "calc/species_tables.h"
 #include "core/chemical_types.h"
 
 namespace tormel {
@@ -40,9 +41,13 @@ struct OrganicSite {
     int32_t protonatedSpecies = 0;
     int32_t site = 0;               // the proton site 1..8 it stands for
     double protonationLogK = 0;     // intrinsic, at 25 degrees C
+    // 10^logK of the protonated species, taken once per solve, and
+    // 10^workingLogK, set with each working constant
+    double protonIntrinsic = 0;
+    double protonConstant = 0;
     // per iteration
-    double total = 0;     // free + protonated
-    double logShare = 0;  // log10 of the protonated (Model 5) or free (Models 6, 7) share
+    double total = 0;  // free + protonated
+    double share = 0;  // the protonated (Model 5) or free (Models 6, 7) share of the total
 };
 
 // A single site, a pair or a triple (at one strength level); its members are
@@ -52,8 +57,14 @@ struct OrganicCombination {
     int32_t size = 1;       // 1, 2 or 3
     int32_t number = 0;     // 1-based within singles, pairs or triples
     int32_t level = 0;      // strength level 0, 1, 2 (Models 6, 7)
-    // per iteration: log10 of the mean free + protonated concentration
-    double logTotal = 0;
+    // per iteration: the metal species at the combination, summed (each
+    // holds every member once)
+    double metalSum = 0;
+    // per iteration: the mean free + protonated concentration of the members
+    // times their shares (under Model 5 also divided by the H+ activity once
+    // per member): what a metal species at the combination is formed from
+    // besides its constant and the metal's activity
+    double binding = 0;
 };
 
 // The species of one organic equilibrium on one fraction: a metal (or its
@@ -68,6 +79,10 @@ struct OrganicMetalBlock {
     bool hydrolysed = false;
     int32_t firstSpecies = 0;  // the block's species are consecutive
     int32_t speciesCount = 0;
+    // what every species of the block holds besides its sites: the terms on
+    // mass-balance unknowns (built once per solve)
+    std::vector<CompositionTerm> terms;
+    double sum = 0;  // per iteration: the block's species, summed
 };
 
 struct OrganicFraction {
@@ -81,6 +96,11 @@ struct OrganicFraction {
     std::vector<OrganicMetalBlock> metals;
     int32_t firstMetalSpecies = 0;  // metal species of the fraction are consecutive from here
     int32_t metalSpeciesCount = 0;
+    // per metal species (from firstMetalSpecies): 10^logK, taken once per
+    // solve, and 10^workingLogK, set with each working constant
+    std::vector<double> metalIntrinsic;
+    std::vector<double> metalConstant;
+    bool intrinsicTaken = false;  // the 10^logK of the sites and metal species are taken for this solve
     // per iteration
     double charge = 0;        // sum z c over the fraction's species / C
     double volume = 0;        // diffuse-layer volume fraction V
@@ -106,6 +126,10 @@ struct OrganicState {
 
     // --- per solve ---
     std::vector<int32_t> layerSpecies;  // the dissolved species, which the diffuse layers hold
+    // the layer species with their terms on mass-balance unknowns, for the
+    // balance sums (the sites and metal species are summed by site, block and
+    // combination)
+    SpeciesTermList layerTerms;
     float stepLimit = 0.01f;  // largest change of Z per iteration, shared by both fractions
     std::array<bool, kOrganicFractions> risingCharge{};
     std::array<float, kOrganicFractions> chargeDamping{};  // weight of the old Z

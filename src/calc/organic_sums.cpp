@@ -45,42 +45,67 @@ int32_t MetalClass(SpeciesKind kind) {
 void OrganicSums(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     const OrganicState& org = ctx.state.organic;
-    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    // adds nu c of every term on a mass-balance component to the field
-    // `field` of that component
-    const auto add = [&](int32_t s, double amount, double SystemComponent::*field) {
-        const Species& sp = chem.species[s];
-        for (int32_t e = 0; e < sp.componentTerms; ++e) {
-            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            SystemComponent& sc = chem.systemComponents[term.systemComponent];
-            if (sc.balanceKind == InputType::TotalConc) sc.*field += term.coefficient * amount;
-        }
-    };
+    auto& scs = chem.systemComponents;
+    // a site's free and protonated species hold the site once each, and the
+    // protonated one H+ once: the site's total and the fraction's donors
+    SystemComponent& hydrogen = scs[0];
+    for (const OrganicFraction& fr : org.fractions) {
+        if (!fr.present) continue;
+        for (const OrganicSite& site : fr.sites) scs[site.component].boundOrganic += site.total;
+        if (hydrogen.balanceKind == InputType::TotalConc) hydrogen.boundOrganic += fr.donors;
+    }
+    // a metal species holds its block's terms and each member of its
+    // combination once: the sums by block and by combination carry them
     for (int32_t f = 0; f < kOrganicFractions; ++f) {
         const OrganicFraction& fr = org.fractions[f];
         if (!fr.present) continue;
-        for (const OrganicSite& site : fr.sites) {
-            add(site.freeSpecies, chem.species[site.freeSpecies].concentration, &SystemComponent::boundOrganic);
-            add(site.protonatedSpecies, chem.species[site.protonatedSpecies].concentration,
-                &SystemComponent::boundOrganic);
-        }
         double SystemComponent::*bound = f == kFulvic ? &SystemComponent::boundFA : &SystemComponent::boundHA;
-        for (int32_t s = fr.firstMetalSpecies; s < fr.firstMetalSpecies + fr.metalSpeciesCount; ++s)
-            add(s, chem.species[s].concentration, bound);
+        for (const OrganicMetalBlock& block : fr.metals)
+            for (const CompositionTerm& term : block.terms) scs[term.systemComponent].*bound += term.coefficient * block.sum;
+        for (const OrganicCombination& comb : fr.combinations)
+            for (int32_t k = 0; k < comb.size; ++k) {
+                SystemComponent& sc = scs[fr.sites[comb.firstSite + k].component];
+                if (sc.balanceKind == InputType::TotalConc) sc.*bound += comb.metalSum;
+            }
     }
     const double volume[kOrganicFractions] = {org.fractions[kFulvic].volume, org.fractions[kHumic].volume};
-    for (int32_t s : org.layerSpecies) {
-        const Species& sp = chem.species[s];
+    const SpeciesTermList& layer = org.layerTerms;
+    for (int32_t k = 0; k < layer.Size(); ++k) {
+        const Species& sp = chem.species[layer.species[k]];
         const double inLayers = volume[kFulvic] * sp.organicTerms[kFulvic] + volume[kHumic] * sp.organicTerms[kHumic];
         if (inLayers == 0) continue;
-        for (int32_t e = 0; e < sp.componentTerms; ++e) {
-            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            SystemComponent& sc = chem.systemComponents[term.systemComponent];
-            if (sc.balanceKind != InputType::TotalConc) continue;
+        for (int32_t t = layer.start[k]; t < layer.start[k + 1]; ++t) {
+            const CompositionTerm& term = layer.terms[t];
+            SystemComponent& sc = scs[term.systemComponent];
             sc.ddlSum[kFulvic] += term.coefficient * volume[kFulvic] * sp.organicTerms[kFulvic];
             sc.ddlSum[kHumic] += term.coefficient * volume[kHumic] * sp.organicTerms[kHumic];
         }
     }
+}
+
+void BuildOrganicSumTables(const ChemicalSystem& chem, OrganicState& org) {
+    const auto onBalance = [&](const CompositionTerm& term) {
+        return chem.systemComponents[term.systemComponent].balanceKind == InputType::TotalConc;
+    };
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (OrganicFraction& fr : org.fractions) {
+        if (!fr.present) continue;
+        // a block's terms: those of its first species (at the first single
+        // site) other than that site
+        for (OrganicMetalBlock& block : fr.metals) {
+            block.terms.clear();
+            if (block.speciesCount == 0) continue;
+            const int32_t s = block.firstSpecies;
+            const int32_t site = fr.sites[fr.combinations[0].firstSite].component;
+            for (int32_t e = 0; e < chem.species[s].componentTerms; ++e) {
+                const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
+                if (term.systemComponent != site && term.coefficient != 0 && onBalance(term))
+                    block.terms.push_back(term);
+            }
+        }
+    }
+    org.layerTerms.Clear();
+    for (int32_t s : org.layerSpecies) org.layerTerms.Add(chem, s, onBalance);
 }
 
 void AddOrganicCharges(const CalcContext& ctx, double& positive, double& negative) {

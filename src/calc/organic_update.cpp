@@ -21,11 +21,11 @@ constexpr int32_t kSingleSites = 8;
 // concentration follows from that total and its protonation. The constant is
 // the conditional one of the member's protonated species (electrostatics and
 // the activity of H+ included), so that free + protonated of each member
-// equals the new total in the next species step. The power of ten is taken
-// in double precision for every model: in single precision the exponent
-// alone (a constant near 10) carries an error of 1e-6, which leaves a
-// strongly protonated member off its balance by 2e-6, more than a criterion
-// of 1.000001 allows.
+// equals the new total in the next species step. The constant (10^workingLogK,
+// set with the working constants) is in double precision for every model: in
+// single precision the exponent alone (a constant near 10) carries an error
+// of 1e-6, which leaves a strongly protonated member off its balance by 2e-6,
+// more than a criterion of 1.000001 allows.
 void UpdateCombinations(CalcContext& ctx, OrganicFraction& fr) {
     ChemicalSystem& chem = ctx.chem;
     const double hydrogen = chem.systemComponents[0].freeConcentration;
@@ -45,9 +45,7 @@ void UpdateCombinations(CalcContext& ctx, OrganicFraction& fr) {
         const double total = current > 0 && calculated > 0 ? current * given / calculated : given;
         for (int32_t k = 0; k < comb.size; ++k) {
             const OrganicSite& site = fr.sites[comb.firstSite + k];
-            const double logK = chem.species[site.protonatedSpecies].workingLogK;
-            chem.systemComponents[site.component].freeConcentration =
-                total / (1 + hydrogen * std::exp(logK * std::numbers::ln10));
+            chem.systemComponents[site.component].freeConcentration = total / (1 + hydrogen * site.protonConstant);
         }
     }
 }
@@ -87,6 +85,7 @@ void InitialiseOrganic(CalcContext& ctx) {
     const double hydrogen = std::max(chem.systemComponents[0].freeConcentration, 0.0);
     for (OrganicFraction& fr : org.fractions) {
         if (!fr.present) continue;
+        fr.intrinsicTaken = false;  // taken anew by the working constants below
         for (const OrganicSite& site : fr.sites) {
             SystemComponent& sc = chem.systemComponents[site.component];
             sc.freeConcentration = sc.balanceTotal / (1 + hydrogen * std::pow(10.0, site.protonationLogK));
@@ -96,6 +95,7 @@ void InitialiseOrganic(CalcContext& ctx) {
     for (size_t s = 0; s < chem.species.size(); ++s) {
         if (IsDissolvedKind(chem.species[s].kind)) org.layerSpecies.push_back(static_cast<int32_t>(s));
     }
+    BuildOrganicSumTables(chem, org);
     org.stepLimit = 0.01f;
     org.chargeDamping = {};
     org.risingCharge = {};

@@ -148,6 +148,7 @@ void SaveUnknowns(CalcContext& ctx) {
 void InitialiseSolve(CalcContext& ctx) {
     ChemicalSystem& chem = ctx.chem;
     SolverState& st = ctx.state;
+    BuildSpeciesTables(chem, st.tables);
     StartingValues(ctx);
     SystemComponent& hydrogen = chem.systemComponents[0];
     st.protonBalanceMode = hydrogen.balanceKind == InputType::TotalConc;
@@ -200,7 +201,7 @@ bool TightenCriterion(SolverState& st) {
 }
 
 void SpeciesAndTotals(CalcContext& ctx, bool& converged, bool solveEnrichment) {
-    SpeciesConcentrations(ctx.chem);
+    SpeciesConcentrations(ctx.chem, TablesFor(ctx.chem, ctx.state.tables));
     if (OrganicModelActive(ctx)) OrganicSpeciesStep(ctx, solveEnrichment);
     TotalsAndRatios(ctx, converged);
 }

@@ -15,7 +15,7 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress);
 // Starting values, proton-balance set-up, Newton system and activity start.
 void InitialiseSolve(CalcContext& ctx);
 // c_s = 10^(workingLogK + sum nu log c) for the species the solver computes.
-void SpeciesConcentrations(ChemicalSystem& chem);
+void SpeciesConcentrations(ChemicalSystem& chem, SpeciesTables& tables);
 // Balance sums of the mass-balance components, their ratios and the worst
 // of them; clears `converged` when the worst ratio exceeds the working criterion.
 void TotalsAndRatios(CalcContext& ctx, bool& converged);

@@ -10,6 +10,7 @@
 
 #include "calc/organic_state.h"
 #include "calc/solver_options.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
@@ -138,6 +139,8 @@ struct SolverState {
     FallbackState fallback;
     // per system component: the first species whose composition holds it
     std::vector<int32_t> firstSpeciesOf;
+    // the species each step of an iteration visits (built by InitialiseSolve)
+    SpeciesTables tables;
 
     // --- ionic strength and activity ---
     double ionicStrength = 0;  // carries over between calculations

@@ -5,40 +5,44 @@
 #include <vector>
 
 #include "calc/solver.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
 namespace {
 
 // Kinds whose concentration follows from the mass-action law here; solids
-// keep their amount (an unknown of its own) and the remaining organic kinds
-// are computed by the organic model.
-bool ComputedHere(SpeciesKind species) {
-    if (species >= SpeciesKind::FreeComponent && species <= SpeciesKind::AdsorbedSpecies) return true;
-    // the free and protonated site kinds of each organic block
-    const int32_t kind = CodeOf(species);
-    return (kind >= 9 && kind <= 12) || (kind >= 17 && kind <= 20) || (kind >= 25 && kind <= 30) ||
-           (kind >= 37 && kind <= 42) || (kind >= 49 && kind <= 54) || (kind >= 61 && kind <= 66);
-}
+// keep their amount (an unknown of its own) and the organic kinds (sites
+// and metal species) are computed by the organic model.
+bool ComputedHere(SpeciesKind kind) { return kind >= SpeciesKind::FreeComponent && kind <= SpeciesKind::AdsorbedSpecies; }
 
 }  // namespace
 
-void SpeciesConcentrations(ChemicalSystem& chem) {
-    // log10 of each unknown once, not once per species term; the buffer
-    // stays with the thread, so iterations allocate nothing
-    thread_local std::vector<double> logFree;
-    logFree.resize(chem.systemComponents.size());
-    for (size_t j = 0; j < logFree.size(); ++j) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTables& tables) {
+    SpeciesTermList& massAction = tables.massAction;
+    massAction.Clear();
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    for (int32_t s = 0; s < speciesCount; ++s) {
-        Species& sp = chem.species[s];
-        if (!ComputedHere(sp.kind)) continue;
+    for (int32_t s = 0; s < speciesCount; ++s)
+        if (ComputedHere(chem.species[s].kind))
+            massAction.Add(chem, s, [](const CompositionTerm& term) { return term.coefficient != 0; });
+    std::vector<char> used(chem.systemComponents.size(), 0);
+    for (const CompositionTerm& term : massAction.terms) used[term.systemComponent] = 1;
+    tables.massActionComponents.clear();
+    for (size_t j = 0; j < used.size(); ++j)
+        if (used[j]) tables.massActionComponents.push_back(static_cast<int32_t>(j));
+}
+
+void SpeciesConcentrations(ChemicalSystem& chem, SpeciesTables& tables) {
+    // log10 of each unknown the terms hold once, not once per species term
+    std::vector<double>& logFree = tables.logFree;
+    for (int32_t j : tables.massActionComponents) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+    const SpeciesTermList& list = tables.massAction;
+    const CompositionTerm* terms = list.terms.data();
+    for (int32_t k = 0; k < list.Size(); ++k) {
+        Species& sp = chem.species[list.species[k]];
         double exponent = sp.workingLogK;
-        for (int32_t e = 0; e < sp.componentTerms; ++e) {
-            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            if (term.coefficient == 0) continue;
-            exponent += term.coefficient * logFree[term.systemComponent];
-        }
+        for (int32_t t = list.start[k]; t < list.start[k + 1]; ++t)
+            exponent += terms[t].coefficient * logFree[terms[t].systemComponent];
         sp.concentration = std::exp(exponent * std::numbers::ln10);
     }
 }

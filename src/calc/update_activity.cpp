@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "calc/activity.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
@@ -11,7 +12,35 @@ namespace {
 // Davies conditional constant: log K + logGamma1 * dz^2.
 double DaviesWorkingLogK(const Species& sp, double logGamma1) { return sp.logK + logGamma1 * sp.deltaZ2; }
 
+// Kinds whose conditional constant UpdateActivity sets; free components and
+// organic species keep the constant their owners set.
+bool ActivitySetsConstant(SpeciesKind kind) {
+    switch (kind) {
+        case SpeciesKind::FreeHydroxide:
+        case SpeciesKind::GasLigand:
+        case SpeciesKind::RedoxPartner:
+        case SpeciesKind::RedoxPartnerSolid:
+        case SpeciesKind::AdsorbedSpecies:
+        case SpeciesKind::SolidSpecies:
+        case SpeciesKind::ComplexSpecies:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
+
+void BuildActivityTables(const ChemicalSystem& chem, SpeciesTables& tables) {
+    tables.dissolved.clear();
+    tables.activitySpecies.clear();
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    for (int32_t s = 0; s < speciesCount; ++s) {
+        const SpeciesKind kind = chem.species[s].kind;
+        if (IsDissolvedKind(kind)) tables.dissolved.push_back(s);
+        if (ActivitySetsConstant(kind)) tables.activitySpecies.push_back(s);
+    }
+}
 
 // Under the MSA model a complex's constant is corrected by the activity
 // coefficients of the unknowns it is formed from. The unknown of a system
@@ -43,7 +72,7 @@ void UpdateActivity(CalcContext& ctx) {
     if (msa) UpdateMsa(chem, st);
     const bool msaComplexes = msa && st.iterationCount != 0;
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    for (int32_t s = 0; s < speciesCount; ++s) {
+    for (int32_t s : TablesFor(chem, st.tables).activitySpecies) {
         Species& sp = chem.species[s];
         switch (sp.kind) {
             case SpeciesKind::FreeHydroxide:
@@ -69,7 +98,7 @@ void UpdateActivity(CalcContext& ctx) {
                 }
                 break;
             default:
-                continue;  // free components and organic species keep the constant their owners set
+                continue;
         }
         if (chem.temperatureCorrectionApplied) sp.workingLogK += sp.tempCorrection;
     }
