@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
+#include <memory>
 
 #include "core/utf16.h"
 
@@ -163,16 +164,46 @@ bool WriteUtf16File(const std::string& path, std::u16string_view text, FileError
     return WriteFileAtomically(path, bytes, error);
 }
 
+namespace {
+
+// The length of the run of ASCII without a line feed that starts `text`,
+// found eight bytes at a time (a shorter tail is left to the caller).
+size_t PlainAsciiRun(std::string_view text) {
+    constexpr uint64_t kHighBits = 0x8080808080808080ull;
+    constexpr uint64_t kOnes = 0x0101010101010101ull;
+    constexpr uint64_t kLineFeeds = 0x0A0A0A0A0A0A0A0Aull;
+    size_t run = 0;
+    while (run + 8 <= text.size()) {
+        uint64_t word;
+        std::memcpy(&word, text.data() + run, 8);
+        const uint64_t lineFeed = word ^ kLineFeeds;  // a zero byte where a line feed was
+        if ((word & kHighBits) != 0 || ((lineFeed - kOnes) & ~lineFeed & kHighBits) != 0) break;
+        run += 8;
+    }
+    return run;
+}
+
+}  // namespace
+
 bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileError* error) {
     // Room for the worst case (a line feed: one byte in, four out), filled
-    // through a pointer: ASCII, nearly all of what is written, goes byte by
-    // byte; anything else through the decoder, as ForEachUtf16Unit splits it
-    // (no line feed among it).
-    std::string bytes(2 + 4 * utf8Text.size(), '\0');
-    char* out = bytes.data();
+    // through a pointer: runs of ASCII without a line feed, nearly all of
+    // what is written, are widened in one loop; a line feed gets its carriage
+    // return; anything else goes through the decoder, as ForEachUtf16Unit
+    // splits it (no line feed among it).
+    std::unique_ptr<char[]> buffer(new char[2 + 4 * utf8Text.size()]);
+    char* out = buffer.get();
     *out++ = static_cast<char>(0xFF);
     *out++ = static_cast<char>(0xFE);
     for (size_t i = 0; i < utf8Text.size();) {
+        const size_t run = PlainAsciiRun(utf8Text.substr(i));
+        for (size_t k = 0; k < run; ++k) {
+            out[2 * k] = utf8Text[i + k];
+            out[2 * k + 1] = '\0';
+        }
+        out += 2 * run;
+        i += run;
+        if (i == utf8Text.size()) break;
         const char c = utf8Text[i];
         if (static_cast<unsigned char>(c) < 0x80) {
             if (c == '\n') {
@@ -189,8 +220,7 @@ bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileErro
             *out++ = static_cast<char>(unit >> 8);
         });
     }
-    bytes.resize(static_cast<size_t>(out - bytes.data()));
-    return WriteFileAtomically(path, bytes, error);
+    return WriteFileAtomically(path, std::string_view(buffer.get(), static_cast<size_t>(out - buffer.get())), error);
 }
 
 }  // namespace tormel

@@ -39,7 +39,10 @@ TEST(CoreTextFile, MissingFileIsAnErrorNamingThePath) {
 
 TEST(CoreTextFile, WritesBomAndCrLfAndRoundTripsNonAscii) {
     TempFolder dir;
-    const std::string text = "Zürich µg/L \xF0\x9F\x92\xA7\nline 2\n";  // includes a character outside the BMP
+    // a character outside the BMP, and ASCII runs ending on and off eight-byte
+    // boundaries, before and after line feeds and other characters
+    const std::string text = "Zürich µg/L \xF0\x9F\x92\xA7\nline 2\n12345678\nabcdefgh12345678\n\n1234567\n"
+                             "0123456789abcdefµ01234567µ\nx";
     ASSERT_TRUE(WriteUtf16File(dir.File("out.txt"), std::string_view(text)));
     auto bytes = ReadBinaryFile(dir.File("out.txt"));
     ASSERT_TRUE(bytes);
