@@ -1,6 +1,7 @@
 #include "core/fast_format.h"
 
 #include "core/c_number.h"
+#include "core/significant_digits.h"
 
 #include <algorithm>
 #include <array>
@@ -106,47 +107,33 @@ bool AppendSmallFixed(char* buffer, size_t& length, double value, int precision)
     return true;
 }
 
-// %.NE / %.Ne for N <= 12 of a value whose power-of-ten scaling is exact (one
-// multiplication or division by 10^k, k <= 22, so the scaled value, below
-// 10^(N+1), is within one rounding, a relative 1.1e-16, of the exact
-// product): as AppendSmallFixed, the rounded integer gives the digits unless
-// the scaled value lies within a margin ten times that error of a half.
-bool AppendSmallScientific(char* buffer, size_t& length, double value, int precision, bool upper) {
-    static constexpr double kPowers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
-                                         1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-    constexpr int kMaxPower = 22;
-    if (precision < 0 || precision > 12) return false;
-    const double magnitude = std::fabs(value);
-    if (!(magnitude >= 1e-290 && magnitude <= 1e290)) return false;
-    int exponent = static_cast<int>(std::floor(std::log10(magnitude)));
-    const double low = kPowers[precision], high = kPowers[precision + 1];
-    double scaled = 0;
-    for (int attempt = 0; attempt < 2; ++attempt) {
-        const int shift = precision - exponent;
-        if (shift > kMaxPower || shift < -kMaxPower) return false;
-        scaled = shift >= 0 ? magnitude * kPowers[shift] : magnitude / kPowers[-shift];
-        if (scaled < low)
-            --exponent;
-        else if (scaled >= high)
-            ++exponent;
-        else
-            break;
+// Writes the exponent part of %e / %g: the letter, the sign and at least two
+// digits.
+char* PutExponent(char* p, int exponent, bool upper) {
+    *p++ = upper ? 'E' : 'e';
+    *p++ = exponent < 0 ? '-' : '+';
+    const int absExponent = exponent < 0 ? -exponent : exponent;
+    if (absExponent >= 100) *p++ = static_cast<char>('0' + absExponent / 100);
+    *p++ = static_cast<char>('0' + absExponent / 10 % 10);
+    *p++ = static_cast<char>('0' + absExponent % 10);
+    return p;
+}
+
+// The `count` digits of `digits`, most significant first.
+void DigitsOf(uint64_t digits, int count, char* out) {
+    for (int d = count - 1; d >= 0; --d) {
+        out[d] = static_cast<char>('0' + digits % 10);
+        digits /= 10;
     }
-    if (!(scaled >= low && scaled < high)) return false;
-    const double whole = std::floor(scaled);
-    const double fraction = scaled - whole;
-    const double margin = std::max(1e-6, 1e-15 * high);
-    if (std::fabs(fraction - 0.5) < margin) return false;
-    uint64_t n = static_cast<uint64_t>(whole) + (fraction > 0.5 ? 1 : 0);
-    if (static_cast<double>(n) >= high) {  // 9.9996 -> 10.000: one more digit before the point
-        n /= 10;
-        ++exponent;
-    }
-    std::array<char, 14> digits;
-    for (int d = precision; d >= 0; --d) {
-        digits[static_cast<size_t>(d)] = static_cast<char>('0' + n % 10);
-        n /= 10;
-    }
+}
+
+// %.NE / %.Ne for N <= 16 from the exactly rounded leading digits.
+bool AppendScientific(char* buffer, size_t& length, double value, int precision, bool upper) {
+    uint64_t n = 0;
+    int exponent = 0;
+    if (precision < 0 || precision > 16 || !SignificantDigits(value, precision + 1, n, exponent)) return false;
+    std::array<char, 17> digits;
+    DigitsOf(n, precision + 1, digits.data());
     char* p = buffer;
     if (std::signbit(value)) *p++ = '-';
     *p++ = digits[0];
@@ -154,12 +141,40 @@ bool AppendSmallScientific(char* buffer, size_t& length, double value, int preci
         *p++ = '.';
         for (int d = 1; d <= precision; ++d) *p++ = digits[static_cast<size_t>(d)];
     }
-    *p++ = upper ? 'E' : 'e';
-    *p++ = exponent < 0 ? '-' : '+';
-    const int absExponent = exponent < 0 ? -exponent : exponent;
-    if (absExponent >= 100) *p++ = static_cast<char>('0' + absExponent / 100);
-    *p++ = static_cast<char>('0' + absExponent / 10 % 10);
-    *p++ = static_cast<char>('0' + absExponent % 10);
+    p = PutExponent(p, exponent, upper);
+    length = static_cast<size_t>(p - buffer);
+    return true;
+}
+
+// %.PG / %.Pg for P <= 17: P significant digits, in fixed notation when the
+// exponent X of the rounded value satisfies -4 <= X < P, else scientific;
+// trailing zeros (and a point left without digits) removed.
+bool AppendGeneral(char* buffer, size_t& length, double value, int precision, bool upper) {
+    const int count = precision == 0 ? 1 : precision;
+    uint64_t n = 0;
+    int exponent = 0;
+    if (count > 17 || !SignificantDigits(value, count, n, exponent)) return false;
+    std::array<char, 17> digits;
+    DigitsOf(n, count, digits.data());
+    int kept = count;  // digits up to the last that is not zero
+    while (kept > 1 && digits[static_cast<size_t>(kept - 1)] == '0') --kept;
+    char* p = buffer;
+    if (std::signbit(value)) *p++ = '-';
+    if (exponent < -4 || exponent >= count) {
+        *p++ = digits[0];
+        if (kept > 1) *p++ = '.';
+        for (int d = 1; d < kept; ++d) *p++ = digits[static_cast<size_t>(d)];
+        p = PutExponent(p, exponent, upper);
+    } else if (exponent < 0) {
+        *p++ = '0';
+        *p++ = '.';
+        for (int z = exponent + 1; z < 0; ++z) *p++ = '0';
+        for (int d = 0; d < kept; ++d) *p++ = digits[static_cast<size_t>(d)];
+    } else {
+        for (int d = 0; d <= exponent; ++d) *p++ = digits[static_cast<size_t>(d)];
+        if (kept > exponent + 1) *p++ = '.';
+        for (int d = exponent + 1; d < kept; ++d) *p++ = digits[static_cast<size_t>(d)];
+    }
     length = static_cast<size_t>(p - buffer);
     return true;
 }
@@ -182,7 +197,8 @@ void AppendDouble(std::string& out, double value, const Spec& spec) {
     std::array<char, 400> buffer;  // the widest: %.40f of 1.8e308
     size_t length = 0;
     if ((kind == 'f' && AppendSmallFixed(buffer.data(), length, value, precision)) ||
-        (kind == 'e' && AppendSmallScientific(buffer.data(), length, value, precision, upper))) {
+        (kind == 'e' && AppendScientific(buffer.data(), length, value, precision, upper)) ||
+        (kind == 'g' && AppendGeneral(buffer.data(), length, value, precision, upper))) {
         Pad(out, buffer.data(), length, spec);
         return;
     }

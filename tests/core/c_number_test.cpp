@@ -38,7 +38,7 @@ TEST(CoreCNumber, FormatsWithAPointWhateverTheProcessLocale) {
 // random values of every magnitude.
 TEST(CoreCNumber, FormatsExactlyAsTheCLibrary) {
     const char* const formats[] = {"%.16G", "%.3E", "%9.3f", "%.2f%%", "%9.9E", "%.5E", "%G", "%e", "%f",
-                                   "%.0f", "%10.4G", "%-9.3f|", "%.0E", "%.12E", "%.0G", "%g", "%F", "x %.16G y"};
+                                   "%.0f", "%10.4G", "%-9.3f|", "%.0E", "%.12E", "%.17G", "%.16E", "%.15g", "%.0G", "%g", "%F", "x %.16G y"};
     std::vector<double> values = {0.0, -0.0, 1e-7, 1, -1, 0.1, 2.5, 0.125, 9.9995, 0.00049999, 0.0005,
                                   99999.5, 1e15, 1e16, 9.999999999999999e15, 123456789012345678.0, 1e300,
                                   -1e-300, 5e-324, 2.2250738585072014e-308, 1.7976931348623157e308,
@@ -62,6 +62,11 @@ TEST(CoreCNumber, FormatsExactlyAsTheCLibrary) {
         values.push_back(std::pow(10.0, e) * (1 - 1e-12 * unit(rng)));
         const double m9 = std::round(unit(rng) * 9e9 + 1e9) + 0.5;  // ten digits and a half
         values.push_back(m9 * std::pow(10.0, e - 9));
+        // sixteen digits and a half: exact below 2^52, the ties printf breaks to even
+        const double m15 = std::round(unit(rng) * 3e15 + 1e15) + 0.5;
+        values.push_back(m15);
+        values.push_back(m15 * std::pow(10.0, e - 15));
+        values.push_back(std::nextafter(m15, 0.0));
     }
     char expected[512];
     std::string parsedOnce;
