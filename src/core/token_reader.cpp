@@ -63,14 +63,13 @@ bool TokenReader::ReadQuotedName(std::string& name, size_t maxChars) {
 }
 
 // Copies the ASCII characters from the current position (at most `limit`)
-// into a narrow buffer for the C library's conversions.
+// into a narrow buffer for the C library's conversions, up to the first
+// blank or control character: no number goes on past one.
 static std::string AsciiPrefix(const std::u16string& text, size_t pos, size_t limit) {
-    std::string out;
-    for (size_t i = pos; i < text.size() && out.size() < limit; ++i) {
-        char16_t c = text[i];
-        if (c == 0 || c >= 0x80) break;
-        out += static_cast<char>(c);
-    }
+    size_t end = pos;
+    while (end < text.size() && end - pos < limit && text[end] > u' ' && text[end] < 0x80) ++end;
+    std::string out(end - pos, '\0');
+    for (size_t i = pos; i < end; ++i) out[i - pos] = static_cast<char>(text[i]);
     return out;
 }
 
