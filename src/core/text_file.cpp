@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <bit>
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
@@ -183,6 +184,15 @@ size_t PlainAsciiRun(std::string_view text) {
     return run;
 }
 
+// Four bytes as four little-endian 16-bit units with zero high bytes (on a
+// little-endian machine, as the file wants them).
+uint64_t SpreadBytes(uint32_t bytes) {
+    uint64_t x = bytes;
+    x = (x | (x << 16)) & 0x0000FFFF0000FFFFull;
+    x = (x | (x << 8)) & 0x00FF00FF00FF00FFull;
+    return x;
+}
+
 }  // namespace
 
 bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileError* error) {
@@ -197,9 +207,19 @@ bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileErro
     *out++ = static_cast<char>(0xFE);
     for (size_t i = 0; i < utf8Text.size();) {
         const size_t run = PlainAsciiRun(utf8Text.substr(i));
-        for (size_t k = 0; k < run; ++k) {
-            out[2 * k] = utf8Text[i + k];
-            out[2 * k + 1] = '\0';
+        for (size_t k = 0; k < run; k += 8) {
+            if constexpr (std::endian::native == std::endian::little) {
+                uint64_t word;
+                std::memcpy(&word, utf8Text.data() + i + k, 8);
+                const uint64_t units[2] = {SpreadBytes(static_cast<uint32_t>(word)),
+                                           SpreadBytes(static_cast<uint32_t>(word >> 32))};
+                std::memcpy(out + 2 * k, units, 16);
+            } else {
+                for (size_t b = k; b < k + 8; ++b) {
+                    out[2 * b] = utf8Text[i + b];
+                    out[2 * b + 1] = '\0';
+                }
+            }
         }
         out += 2 * run;
         i += run;
