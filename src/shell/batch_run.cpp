@@ -99,8 +99,8 @@ std::string LogEntries(const Language& language, const BatchItem& item) {
     return entries;
 }
 
-// Hands out the jobs to the workers and tells the reporting thread when each
-// is done.
+// Hands out the jobs to the threads and tells the calling thread, which
+// reports in batch-file order, when each is done.
 class JobBoard {
 public:
     explicit JobBoard(std::vector<BatchItem>& items) : items_(items), done_(items.size(), false) {}
@@ -117,11 +117,17 @@ public:
     void Finish(int32_t i) {
         std::lock_guard<std::mutex> lock(mutex_);
         done_[i] = true;
-        changed_.notify_all();
+        if (waiting_) changed_.notify_all();
+    }
+    bool Done(int32_t i) {
+        std::lock_guard<std::mutex> lock(mutex_);
+        return done_[i];
     }
     void WaitFor(int32_t i) {
         std::unique_lock<std::mutex> lock(mutex_);
+        waiting_ = true;
         changed_.wait(lock, [&] { return static_cast<bool>(done_[i]); });
+        waiting_ = false;
     }
 
 private:
@@ -130,6 +136,7 @@ private:
     std::mutex mutex_;
     std::condition_variable changed_;
     std::vector<char> done_;
+    bool waiting_ = false;  // the calling thread sleeps until an item is done
 };
 
 }  // namespace
@@ -169,42 +176,29 @@ BatchSummary RunBatchFile(Workspace& ws, const std::string& path, const BatchOpt
     }));
     const int32_t threads = std::clamp(options.jobs, 1, std::max(1, std::min(jobCount, MaxBatchThreads())));
 
+    // The calling thread takes jobs like every other and, between its own,
+    // reports the items done so far in batch-file order: no thread sits
+    // waiting while jobs are left, and messages, the log and the progress
+    // stay on the caller's thread. The other threads' workspaces are cloned
+    // here, before any job changes the caller's.
     JobBoard board(items);
     std::vector<std::unique_ptr<CapturingUi>> workerUis;
-    std::vector<std::thread> workers;
-    auto work = [&board, &items](Workspace& worker, CapturingUi& capture) {
-        for (int32_t i = board.Take(); i >= 0; i = board.Take()) {
-            RunItem(worker, capture, items[i]);
-            board.Finish(i);
-        }
-    };
-    if (threads > 1) {
-        for (int32_t t = 0; t < threads; ++t) {
-            workerUis.push_back(std::make_unique<CapturingUi>());
-            CapturingUi* capture = workerUis.back().get();
-            workers.emplace_back([&ws, &work, capture] {
-                Workspace worker = CloneForWorker(ws, capture->services);
-                work(worker, *capture);
-            });
-        }
+    std::vector<std::unique_ptr<Workspace>> workerSpaces;
+    for (int32_t t = 1; t < threads; ++t) {
+        workerUis.push_back(std::make_unique<CapturingUi>());
+        workerSpaces.push_back(std::make_unique<Workspace>(CloneForWorker(ws, workerUis.back()->services)));
     }
-
-    // Report in batch-file order; with one thread the jobs run here, in the
-    // caller's workspace.
-    CapturingUi localCapture;
-    localCapture.services.setWaitText = ui.setWaitText;
-    const UiServices* callerUi = ws.ui;
-    for (int32_t i = 0; i < static_cast<int32_t>(items.size()); ++i) {
-        BatchItem& item = items[i];
-        if (threads == 1) {
-            if (item.job) {
-                ws.ui = &localCapture.services;
-                RunItem(ws, localCapture, item);
-                ws.ui = callerUi;
+    std::vector<std::thread> workers;
+    for (size_t t = 0; t < workerSpaces.size(); ++t)
+        workers.emplace_back([&board, &items, worker = workerSpaces[t].get(), capture = workerUis[t].get()] {
+            for (int32_t i = board.Take(); i >= 0; i = board.Take()) {
+                RunItem(*worker, *capture, items[i]);
+                board.Finish(i);
             }
-        } else {
-            board.WaitFor(i);
-        }
+        });
+
+    int32_t reported = 0;
+    auto report = [&](BatchItem& item) {
         for (const MessageBoxRequest& request : item.messages) ShowMessageBox(ui, request);
         const std::string entries = LogEntries(ws.language, item);
         const bool failed = !item.job || item.outcome.status != JobStatus::Saved;
@@ -216,9 +210,23 @@ BatchSummary RunBatchFile(Workspace& ws, const std::string& path, const BatchOpt
             // a log that cannot be written must not swallow what it would have said
             if (!AppendBatchLog(summary.logPath, entries)) ShowMessage(ui, ws.language, entries, {}, IconWarning);
         }
-        if (options.progress) options.progress(BatchProgress{i + 1, summary.lines, item.line, failed});
+        if (options.progress) options.progress(BatchProgress{reported + 1, summary.lines, item.line, failed});
         item.outcome = JobOutcome{};  // keep memory flat over long batches
         item.messages.clear();
+    };
+    CapturingUi localCapture;
+    localCapture.services.setWaitText = ui.setWaitText;
+    const UiServices* callerUi = ws.ui;
+    for (int32_t i = board.Take(); i >= 0; i = board.Take()) {
+        ws.ui = &localCapture.services;
+        RunItem(ws, localCapture, items[i]);
+        ws.ui = callerUi;
+        board.Finish(i);
+        for (; reported < summary.lines && board.Done(reported); ++reported) report(items[reported]);
+    }
+    for (; reported < summary.lines; ++reported) {
+        board.WaitFor(reported);
+        report(items[reported]);
     }
     for (std::thread& worker : workers) worker.join();
 
