@@ -91,7 +91,9 @@ py::dict OtherInfoTable(const ResultStore& store) {
         for (int32_t r = 0; r < block.rowCount; ++r)
             for (int32_t c = 0; c < kInfoColumns; ++c) {
                 const InfoCell* cell = block.FindCell(c, r);
-                if (cell && !cell->text.empty()) t.Row(block.title, r, c, cell->text, cell->numeric ? cell->number : kNone);
+                if (!cell) continue;
+                const std::string text = block.Shown(*cell);
+                if (!text.empty()) t.Row(block.title, r, c, text, cell->Numeric() ? cell->number : kNone);
             }
     }
     return t.Dict();

@@ -123,7 +123,7 @@ private:
                 if (column > 0) out_ += sep_;
                 const InfoCell* cell = block.FindCell(column, r);
                 if (!cell) continue;
-                if (cell->numeric)
+                if (cell->Numeric())
                     out_ += Number(cell->number);
                 else if (!cell->text.empty())
                     out_ += Quoted(cell->text);

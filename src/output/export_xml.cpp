@@ -286,7 +286,7 @@ private:
             for (int32_t r = 0; r < block.rowCount; ++r) {
                 for (int32_t column = 0; column < block.columnCount; ++column) {
                     const InfoCell* cell = block.FindCell(column, r);
-                    if (cell && cell->numeric)
+                    if (cell && cell->Numeric())
                         sheet.Number(cell->number);
                     else
                         sheet.Text(cell ? cell->text : std::string());

@@ -1,5 +1,6 @@
 #include "output/info_block.h"
 
+#include "core/c_number.h"
 #include "core/chemical_types.h"
 
 namespace tormel {
@@ -16,6 +17,28 @@ InfoCell& InfoBlock::Cell(int32_t column, int32_t row) {
 const InfoCell* InfoBlock::FindCell(int32_t column, int32_t row) const {
     if (column < 0 || column >= kInfoColumns || row < 0 || static_cast<size_t>(row) >= rowKeys.size()) return nullptr;
     return &cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
+}
+
+std::string InfoBlock::Shown(const InfoCell& cell) const {
+    switch (cell.format) {
+        case CellFormat::Scientific:
+            return FormatNumber(cell.number, formats.scientific, false, separator);
+        case CellFormat::Logarithm:
+            return FormatNumber(cell.number, formats.logarithm, false, separator);
+        case CellFormat::Percentage:
+            return FormatNumber(cell.number * 100, formats.percentage, false, separator);
+        case CellFormat::Integer:
+            return FormatC("%d", static_cast<int>(cell.number));
+        case CellFormat::Text:
+        case CellFormat::OwnText:
+            break;
+    }
+    return cell.text;
+}
+
+std::string InfoBlock::ShownAt(int32_t column, int32_t row) const {
+    const InfoCell* cell = FindCell(column, row);
+    return cell ? Shown(*cell) : std::string();
 }
 
 }  // namespace tormel

@@ -1,21 +1,32 @@
 #pragma once
 // One block of a result set's "Other info" report: a title (empty when the
 // block is absent), an explanation, and a grid of up to nine columns whose
-// cells keep the number behind their text.
+// cells keep the number behind their text. A numeric cell is formatted only
+// when it is shown, in the number formats the block was built with.
 #include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
+
+#include "output/number_text.h"
+#include "output/output_options.h"
 
 namespace tormel {
 
 inline constexpr int32_t kInfoBlockCount = 7;  // general, MSA, organic, solids, gases, adsorption, input
 inline constexpr int32_t kInfoColumns = 9;
 
+// How a cell shows itself: a text, or a number in one of the report's
+// formats (a percentage shows the number x 100; the number stays a
+// fraction), or a number with a text of its own.
+enum class CellFormat : uint8_t { Text, Scientific, Logarithm, Percentage, Integer, OwnText };
+
 struct InfoCell {
-    std::string text;
-    bool numeric = false;
-    double number = 0;  // the unformatted value when numeric
+    std::string text;  // the text of a Text or OwnText cell
+    CellFormat format = CellFormat::Text;
+    double number = 0;  // the unformatted value of a numeric cell
+
+    bool Numeric() const { return format != CellFormat::Text; }
 };
 
 struct InfoBlock {
@@ -26,11 +37,17 @@ struct InfoBlock {
     int32_t rowCount = 0;
     std::vector<InfoCell> cells;   // row r, column c at Position(c, r, kInfoColumns)
     std::vector<int64_t> rowKeys;  // one per row held in `cells`
+    NumberFormats formats;         // the formats of the numeric cells
+    DecimalSeparator separator;
 
     // The cell at (column, row), growing the grid when the row is new.
     InfoCell& Cell(int32_t column, int32_t row);
     // The cell at (column, row), or nullptr when the grid has no such cell.
     const InfoCell* FindCell(int32_t column, int32_t row) const;
+    // The text `cell` shows.
+    std::string Shown(const InfoCell& cell) const;
+    // The text the cell at (column, row) shows; empty when there is no cell.
+    std::string ShownAt(int32_t column, int32_t row) const;
 };
 
 using InfoBlocks = std::array<InfoBlock, kInfoBlockCount>;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "core/c_number.h"
 
 namespace tormel {
 
@@ -15,8 +14,10 @@ constexpr size_t kGrowthRows = 10;
 }  // namespace
 
 InfoBlockWriter::InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator)
-    : block_(block), formats_(formats), separator_(separator) {
+    : block_(block) {
     block_ = InfoBlock{};
+    block_.formats = formats;
+    block_.separator = separator;
     block_.cells.reserve(kInitialRows * kInfoColumns);
     block_.rowKeys.reserve(kInitialRows);
 }
@@ -40,28 +41,29 @@ InfoCell& InfoBlockWriter::Cell(int32_t column) {
 void InfoBlockWriter::Text(int32_t column, std::string text) {
     InfoCell& cell = Cell(column);
     cell.text = std::move(text);
-    cell.numeric = false;
+    cell.format = CellFormat::Text;
     cell.number = 0;
 }
 
 void InfoBlockWriter::Number(int32_t column, double value, std::string text) {
     InfoCell& cell = Cell(column);
     cell.text = std::move(text);
-    cell.numeric = true;
+    cell.format = CellFormat::OwnText;
     cell.number = value;
 }
 
-void InfoBlockWriter::Scientific(int32_t column, double value) {
-    Number(column, value, FormatNumber(value, formats_.scientific, false, separator_));
+void InfoBlockWriter::Put(int32_t column, CellFormat format, double value) {
+    InfoCell& cell = Cell(column);
+    cell.text.clear();
+    cell.format = format;
+    cell.number = value;
 }
 
-void InfoBlockWriter::Logarithm(int32_t column, double value) {
-    Number(column, value, FormatNumber(value, formats_.logarithm, false, separator_));
-}
+void InfoBlockWriter::Scientific(int32_t column, double value) { Put(column, CellFormat::Scientific, value); }
 
-void InfoBlockWriter::Percentage(int32_t column, double fraction) {
-    Number(column, fraction, FormatNumber(fraction * 100, formats_.percentage, false, separator_));
-}
+void InfoBlockWriter::Logarithm(int32_t column, double value) { Put(column, CellFormat::Logarithm, value); }
+
+void InfoBlockWriter::Percentage(int32_t column, double fraction) { Put(column, CellFormat::Percentage, fraction); }
 
 void InfoBlockWriter::AmountShare(std::string label, double amount, double whole) {
     Text(0, std::move(label));
@@ -76,7 +78,7 @@ void InfoBlockWriter::Heading(std::string title, std::string longText, int32_t c
     block_.columnCount = columns;
 }
 
-void InfoBlockWriter::Integer(int32_t column, int32_t value) { Number(column, value, FormatC("%d", value)); }
+void InfoBlockWriter::Integer(int32_t column, int32_t value) { Put(column, CellFormat::Integer, value); }
 
 void InfoBlockWriter::SetKey(int64_t key) {
     Cell(0);  // the row exists from here on

@@ -2,9 +2,9 @@
 // Fills one block of the "Other info" report row by row. A row counter
 // starts at 0 and only moves forward; the grid grows as the counter reaches
 // new rows and keeps every cell written before. Cells follow the report's
-// conventions: a numeric cell keeps its unformatted number and shows it in
-// the scientific, logarithm or percentage format (the percentage text shows
-// the number x 100, the number stays a fraction).
+// conventions: a numeric cell keeps its unformatted number and is shown in
+// the scientific, logarithm or percentage format of the block (the
+// percentage text shows the number x 100, the number stays a fraction).
 #include <cstdint>
 #include <string>
 
@@ -18,8 +18,8 @@ inline constexpr std::string_view kInfoIndent = "  ";
 
 class InfoBlockWriter {
 public:
-    // Clears the block (nothing of an earlier build survives) and starts at
-    // row 0.
+    // Clears the block (nothing of an earlier build survives), gives it the
+    // number formats and starts at row 0.
     InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator);
 
     int32_t Row() const { return row_; }
@@ -51,10 +51,9 @@ public:
 
 private:
     InfoCell& Cell(int32_t column);
+    void Put(int32_t column, CellFormat format, double value);
 
     InfoBlock& block_;
-    const NumberFormats& formats_;
-    const DecimalSeparator& separator_;
     int32_t row_ = 0;
 };
 

@@ -54,7 +54,7 @@ InfoBlock SolidsInfoBlock() {
     block.Cell(0, 0).text = "Calcite";
     InfoCell& number = block.Cell(1, 0);
     number.text = "0,563";
-    number.numeric = true;
+    number.format = CellFormat::OwnText;
     number.number = 0.5632;
     block.Cell(2, 0).text = "oversaturated";
     block.Cell(0, 1).text = "Gypsum";  // columns 1 and 2 never filled

@@ -39,8 +39,7 @@ struct HandSet {
         return set.otherInfo;
     }
     std::string Text(int32_t block, int32_t column, int32_t row) const {
-        const InfoCell* cell = set.otherInfo[block].FindCell(column, row);
-        return cell ? cell->text : std::string();
+        return set.otherInfo[block].ShownAt(column, row);
     }
     const InfoCell* Cell(int32_t block, int32_t column, int32_t row) const {
         return set.otherInfo[block].FindCell(column, row);
@@ -71,9 +70,9 @@ TEST(OtherInfo, DaviesWithoutOrganicMatterHasSixGeneralRowsAndNoMsaOrOrganicBloc
 
     const InfoCell* iterations = general.FindCell(1, 0);
     ASSERT_NE(iterations, nullptr);
-    EXPECT_TRUE(iterations->numeric);
+    EXPECT_TRUE(iterations->Numeric());
     EXPECT_EQ(iterations->number, set.header.iterationCount);
-    EXPECT_EQ(iterations->text, std::to_string(set.header.iterationCount));
+    EXPECT_EQ(general.Shown(*iterations), std::to_string(set.header.iterationCount));
     const InfoCell* difference = general.FindCell(1, 4);
     ASSERT_NE(difference, nullptr);
     EXPECT_DOUBLE_EQ(difference->number, set.header.cationCharge - set.header.anionCharge);
@@ -89,17 +88,17 @@ TEST(OtherInfo, MsaBlockListsSaltsIonsAndModelParameters) {
     ASSERT_GT(salts, 0);
     ASSERT_GT(ions, 0);
 
-    EXPECT_EQ(msa.FindCell(0, 0)->text, "Mean activity coefficients of " + std::to_string(salts) + " salts");
+    EXPECT_EQ(msa.ShownAt(0, 0), "Mean activity coefficients of " + std::to_string(salts) + " salts");
     const int32_t ionTitles = salts + 3;  // salts from row 1, an empty row, the heading
-    EXPECT_EQ(msa.FindCell(0, ionTitles - 1)->text, "Activity coefficients of the ions");
+    EXPECT_EQ(msa.ShownAt(0, ionTitles - 1), "Activity coefficients of the ions");
     const SetView view = ViewSet(c.ws.results, 0);
     const MsaIonResult& firstIon = view.msaIons[0];
-    EXPECT_EQ(msa.FindCell(0, ionTitles + 1)->text.rfind(firstIon.name, 0), 0u);
+    EXPECT_EQ(msa.ShownAt(0, ionTitles + 1).rfind(firstIon.name, 0), 0u);
     EXPECT_DOUBLE_EQ(msa.FindCell(1, ionTitles + 1)->number, firstIon.gamma);
     // an empty row, the parameters' heading, then x, F1..F3, X0..X3, Γ, η, Ω
     const int32_t heading = ionTitles + ions + 2;
-    EXPECT_EQ(msa.FindCell(0, heading)->text, "Parameters of the MSA model");
-    EXPECT_EQ(msa.FindCell(0, heading + 11)->text, "Ω");
+    EXPECT_EQ(msa.ShownAt(0, heading), "Parameters of the MSA model");
+    EXPECT_EQ(msa.ShownAt(0, heading + 11), "Ω");
     EXPECT_DOUBLE_EQ(msa.FindCell(1, heading + 11)->number, set.msa.omega);
     EXPECT_EQ(msa.rowCount, heading + 12);
 }
@@ -127,8 +126,8 @@ std::string Dump(const InfoBlock& block) {
         out += "[" + (static_cast<size_t>(r) < block.rowKeys.size() ? std::to_string(block.rowKeys[r]) : "-") + "]";
         for (int32_t column = 0; column < block.columnCount; ++column) {
             const InfoCell* cell = block.FindCell(column, r);
-            out += " | " + (cell ? cell->text : std::string());
-            if (cell && cell->numeric) out += "=" + FormatC("%.16G", cell->number);
+            out += " | " + block.ShownAt(column, r);
+            if (cell && cell->Numeric()) out += "=" + FormatC("%.16G", cell->number);
         }
         out += "\n";
     }
@@ -306,9 +305,7 @@ TEST(OtherInfo, RebuiltFromAnOutputFileAsItWasBuiltFromTheCalculation) {
         ASSERT_EQ(x.rowCount, y.rowCount);
         for (int32_t r = 0; r < x.rowCount; ++r)
             for (int32_t column = 0; column < x.columnCount; ++column) {
-                const InfoCell* p = x.FindCell(column, r);
-                const InfoCell* q = y.FindCell(column, r);
-                EXPECT_EQ(p ? p->text : "", q ? q->text : "") << "row " << r << " column " << column;
+                EXPECT_EQ(x.ShownAt(column, r), y.ShownAt(column, r)) << "row " << r << " column " << column;
             }
     }
     EXPECT_FALSE(c.ws.results.sets[0].otherInfo[InfoGases].title.empty());

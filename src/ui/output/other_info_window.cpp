@@ -83,7 +83,7 @@ OtherInfoWindow::OtherInfoWindow(Workspace& ws, int32_t set, QWidget* viewer)
             auto* item = new QTreeWidgetItem(list);
             const int64_t key = r < static_cast<int32_t>(block.rowKeys.size()) ? block.rowKeys[static_cast<size_t>(r)] : 0;
             for (int32_t c = 0; c < std::max(1, block.columnCount); ++c) {
-                if (const InfoCell* cell = block.FindCell(c, r)) item->setText(c, Q(cell->text));
+                if (const InfoCell* cell = block.FindCell(c, r)) item->setText(c, Q(block.Shown(*cell)));
                 item->setTextAlignment(c, (c == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
             }
             item->setData(0, Qt::UserRole, static_cast<qlonglong>(key));

@@ -296,8 +296,7 @@ private:
             for (int32_t r = 0; r < block.rowCount; ++r) {
                 TableRow row;
                 for (int32_t c = 0; c < columnCount; ++c) {
-                    const InfoCell* cell = block.FindCell(c, r);
-                    row.cells.push_back(cell ? QString::fromStdString(cell->text) : QString());
+                    row.cells.push_back(QString::fromStdString(block.ShownAt(c, r)));
                 }
                 rows.push_back(std::move(row));
             }
