@@ -69,17 +69,6 @@ const EquilibriumIndex& FittingIndex(const Database& db, std::optional<Equilibri
     return temporary.emplace(db);
 }
 
-std::vector<EquilibriumTerm> TermsOf(const Database& db, int32_t equilibrium) {
-    if (db.equilibriumIndex && db.equilibriumIndex->Fits(db)) {
-        const auto terms = db.equilibriumIndex->Terms(equilibrium);
-        return {terms.begin(), terms.end()};
-    }
-    std::vector<EquilibriumTerm> terms;
-    for (int32_t k = 0; k < db.ComponentCount(); ++k)
-        if (const int32_t nu = db.Coefficient(k, equilibrium); nu != 0) terms.push_back({k, nu});
-    return terms;
-}
-
 std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type) {
     const Database& db = chem.db();
     std::vector<int32_t> found;

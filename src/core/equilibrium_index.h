@@ -58,10 +58,6 @@ const EquilibriumIndex& IndexOf(Database& db);
 // The index kept in `db` when it fits, otherwise one built into `temporary`.
 const EquilibriumIndex& FittingIndex(const Database& db, std::optional<EquilibriumIndex>& temporary);
 
-// The terms of `equilibrium` in ascending component order: from the index of
-// `db` when it fits, otherwise from the stoichiometry.
-std::vector<EquilibriumTerm> TermsOf(const Database& db, int32_t equilibrium);
-
 // The equilibria of `type`, within the type's range, whose components all
 // take part in the current calculation (their inInput placement flag), in ascending
 // order. Without a fitting index in the database a temporary one is built.

@@ -1,8 +1,12 @@
 #include "output/saturation_results.h"
 
+#include <algorithm>
 #include <cmath>
+#include <optional>
+#include <span>
 #include <vector>
 
+#include "core/equilibrium_index.h"
 #include "output/charge_suffix.h"
 
 namespace tormel {
@@ -38,26 +42,16 @@ double FreeValue(const ChemicalSystem& chem, int32_t k, int32_t firstSystemIndex
     return s < chem.species.size() ? chem.species[s].concentration : 0;
 }
 
-// The components with a non-zero coefficient in an equilibrium, in component
-// order, at most `limit` of them, into `components`.
-void EquilibriumComponents(const ChemicalSystem& chem, int32_t e, int32_t limit, std::vector<int32_t>& components) {
-    components.clear();
-    for (const EquilibriumTerm& term : TermsOf(chem.db(), e)) {
-        if (static_cast<int32_t>(components.size()) >= limit) break;
-        components.push_back(term.component);
-    }
-}
-
-// Fills `definition` as the reaction definition of equilibrium e:
-// `components` as its reactants, the equilibrium's own species with
-// `coefficient` as its product.
-void FillDefinition(const ChemicalSystem& chem, int32_t e, const std::vector<int32_t>& components, int32_t coefficient,
-                    ReactionDefinition& definition) {
+// Fills `definition` as the reaction definition of equilibrium e: `terms`
+// as its reactants, the equilibrium's own species with `coefficient` as its
+// product.
+void FillDefinition(const ChemicalSystem& chem, int32_t e, std::span<const EquilibriumTerm> terms,
+                    int32_t coefficient, ReactionDefinition& definition) {
     const Equilibrium& eq = chem.db().equilibria[e];
-    for (size_t n = 0; n < components.size() && n < kMaxReactionEntries; ++n) {
-        const Component& comp = chem.db().components[components[n]];
+    for (size_t n = 0; n < terms.size() && n < kMaxReactionEntries; ++n) {
+        const Component& comp = chem.db().components[terms[n].component];
         ReactionEntry& entry = definition.reactants[n];
-        entry.coefficient = chem.db().Coefficient(components[n], e);
+        entry.coefficient = terms[n].coefficient;
         entry.name = comp.name;
         entry.charge = comp.charge;
         entry.phase = comp.charge == 0 ? "(aq)" : "";
@@ -96,17 +90,20 @@ void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRec
     const std::vector<int32_t> solids = EquilibriaInInput(chem, EquilibriumType::Solid);
     records.reactions.reserve(records.reactions.size() + solids.size());
     records.solidChecks.reserve(records.solidChecks.size() + solids.size());
-    std::vector<int32_t> components;
+    std::optional<EquilibriumIndex> temporary;
+    const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
     for (const int32_t e : solids) {
         const Equilibrium& eq = chem.db().equilibria[e];
-        EquilibriumComponents(chem, e, eq.componentCount, components);
+        // the solid's components: its first componentCount terms
+        const std::span<const EquilibriumTerm> terms =
+            index.Terms(e).first(std::min<size_t>(index.Terms(e).size(), std::max(0, eq.componentCount)));
         double product = 1;
-        for (const int32_t k : components) product *= std::pow(FreeValue(chem, k, 0), chem.db().Coefficient(k, e));
+        for (const auto [k, nu] : terms) product *= std::pow(FreeValue(chem, k, 0), nu);
         const double conditional = ConditionalLogK(calc, eq);
 
         SolidSaturation& solid = AddWithDefinition(eq.logK, conditional, records.solidChecks, records,
                                                    [&](ReactionDefinition& definition) {
-                                                       FillDefinition(chem, e, components, 1, definition);
+                                                       FillDefinition(chem, e, terms, 1, definition);
                                                        definition.note = solidNote;
                                                    });
         solid.name = eq.name;
@@ -118,21 +115,27 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
     const TypeRange range = chem.db().equilibriumRange[EquilibriumType::Gas];
     if (range.empty()) return;
+    std::optional<EquilibriumIndex> temporary;
+    const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
+    // at most one record per ligand of each gas: room for all of them, so
+    // that filing one never moves the set's reactions
+    size_t room = 0;
+    for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) room += index.Terms(e).size();
+    records.reactions.reserve(records.reactions.size() + room);
+    records.gases.reserve(records.gases.size() + room);
     for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) {
         const Equilibrium& eq = chem.db().equilibria[e];
         if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.db().ComponentCount()) continue;
         if (calc.input.components[eq.linkedComponent].inputValue != 0) continue;
         const double conditional = ConditionalLogK(calc, eq);
-        const std::vector<EquilibriumTerm> terms = TermsOf(chem.db(), e);
+        const std::span<const EquilibriumTerm> terms = index.Terms(e);
         double pressure = std::pow(10.0, conditional);
         for (const auto [j, nu] : terms) pressure *= std::pow(FreeValue(chem, j, 1), nu);
         for (const auto [k, nu] : terms) {
             const Component& ligand = chem.db().components[k];
             if (ligand.type != ComponentType::Ligand || !chem.placement[k].inInput) continue;
             GasResult& gas = AddWithDefinition(eq.logK, conditional, records.gases, records, [&](ReactionDefinition& d) {
-                std::vector<int32_t> components;
-                EquilibriumComponents(chem, e, chem.db().ComponentCount(), components);
-                FillDefinition(chem, e, components, static_cast<int32_t>(eq.linkedCoefficient), d);
+                FillDefinition(chem, e, terms, static_cast<int32_t>(eq.linkedCoefficient), d);
             });
             gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);
             gas.partialPressure = pressure;
