@@ -30,8 +30,7 @@ void SelectTreeNumber(DatabaseViewer& viewer, int number) {
 }
 
 TEST(DatabaseViewerWindow, ThreeModesWithSummaryLinesAndButtons) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     DatabaseViewer viewer(fixture.Ws(), &fixture.Window());
 
     // opened by component: H+ under the cations, with every equilibrium holding it counted
@@ -76,8 +75,7 @@ TEST(DatabaseViewerWindow, ThreeModesWithSummaryLinesAndButtons) {
 }
 
 TEST(DatabaseViewerWindow, InformationWindowWithAndWithoutOwnData) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     const std::string noOwnData = LanguageText(fixture.Ws().language, "DB_ABOUT", "EditLine3a");
     {
         DatabaseInformationWindow window(fixture.Ws(), &fixture.Window());

@@ -25,10 +25,21 @@
 namespace tormel {
 namespace {
 
-struct EditorFixture : test::DesktopFixture {
+void Click(InputList* list, int row, int column) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row, column)).center());
+}
+
+// Clicks the value cell of `row`, types, and commits with Enter.
+void TypeInRow(InputList* list, int row, const QString& text) {
+    Click(list, row, 1);
+    list->Editor()->clear();
+    QTest::keyClicks(list->Editor(), text);
+    QTest::keyClick(list->Editor(), Qt::Key_Return);
+}
+
+struct EditorFixture : test::StartedDesktop {
     std::unique_ptr<InputEditor> editor;
     EditorFixture() {
-        EXPECT_FALSE(Start().endProcess);
         editor = std::make_unique<InputEditor>(Ws(), &Window());
         editor->resize(1280, 800);
         editor->show();
@@ -47,16 +58,8 @@ struct EditorFixture : test::DesktopFixture {
             if (list->item(r, 0)->text() == QString::fromUtf8(name)) return r;
         return -1;
     }
-    void Click(InputList* list, int row, int column) {
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row, column)).center());
-    }
-    // Clicks the value cell, types, and commits with Enter.
     void TypeInCell(InputEditor::ListId id, const char* name, const QString& text) {
-        InputList* list = List(id);
-        Click(list, RowOf(id, name), 1);
-        list->Editor()->clear();
-        QTest::keyClicks(list->Editor(), text);
-        QTest::keyClick(list->Editor(), Qt::Key_Return);
+        TypeInRow(List(id), RowOf(id, name), text);
     }
     void ChooseUnit(InputEditor::ListId id, int row, int position) {
         InputList* list = List(id);
@@ -141,12 +144,12 @@ TEST(InputEditor, KeysMoveTheEditField) {
     EditorFixture f;
     InputList* list = f.List(InputEditor::CationList);
     const int last = list->rowCount() - 1;
-    f.Click(list, last, 1);
+    Click(list, last, 1);
     QTest::keyClick(list->Editor(), Qt::Key_Return);
     EXPECT_EQ(list->EditedRow(), last - 1);
     QTest::keyClick(list->Editor(), Qt::Key_Down);
     EXPECT_EQ(list->EditedRow(), last);
-    f.Click(list, 0, 0);
+    Click(list, 0, 0);
     QTest::keyClick(list->Editor(), Qt::Key_Up);
     EXPECT_EQ(list->EditedRow(), 0);
     QTest::keyClick(list->Editor(), Qt::Key_Return);
@@ -244,24 +247,21 @@ TEST(InputEditor, HelpOpensItsTopicThroughTheMainWindow) {
 }
 
 TEST(InputEditor, CancelPutsEverythingBack) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput()));
     const InputProblem before = fixture.Ws().input;
     const QString status = fixture.Window().StatusText();
     test::WhenWindowShows(QStringLiteral("FrmEditInput"), [&fixture](QWidget* window) {
         auto* editor = static_cast<InputEditor*>(window);
         InputList* cations = editor->List(InputEditor::CationList);
-        QTest::mouseClick(cations->viewport(), Qt::LeftButton, {}, cations->visualItemRect(cations->item(1, 1)).center());
-        QTest::keyClicks(cations->Editor(), QStringLiteral("5"));
-        QTest::keyClick(cations->Editor(), Qt::Key_Return);
+        TypeInRow(cations, 1, QStringLiteral("5"));
         QTest::keyClicks(editor->Description(), QStringLiteral(" changed"));
         editor->Pages()->Precipitation()->click();
         editor->Pages()->ModelGroup()->button(kMsaModel)->click();
         editor->Pages()->Redox()->click();
         editor->Pages()->Pe()->setText(QStringLiteral("4"));
         editor->Pages()->OrganicGroup()->button(3)->click();
-        QTest::mouseClick(cations->viewport(), Qt::LeftButton, {}, cations->visualItemRect(cations->item(0, 3)).center());
+        Click(cations, 0, 3);
         cations->TypeList()->hidePopup();
         emit cations->TypeList()->activated(0);
         EXPECT_EQ(fixture.Ws().input.components[0].inputType, InputType::TotalConc);
@@ -275,8 +275,7 @@ TEST(InputEditor, CancelPutsEverythingBack) {
 }
 
 TEST(InputEditor, OkReportsTheChecksAndSwitchesAdsorptionOn) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     const int32_t ads = EditorRowsOf(ws.chem.db()).adsorbents.front();
     ws.input.components[size_t(ads)].inputValue = 1e-4;
@@ -301,8 +300,7 @@ std::vector<double> Concentrations(const Workspace& ws) {
 TEST(InputEditor, EditedSavedAndReopenedWaterCalculatesAsTheFileEditedByHand) {
     std::vector<double> edited;
     {
-        test::DesktopFixture fixture;
-        ASSERT_FALSE(fixture.Start().endProcess);
+        test::StartedDesktop fixture;
         MainWindow& window = fixture.Window();
         const std::string path = fixture.ExampleInput();
         window.ReceiveHandover(275, QString::fromStdString(path));
@@ -310,13 +308,7 @@ TEST(InputEditor, EditedSavedAndReopenedWaterCalculatesAsTheFileEditedByHand) {
             auto* editor = static_cast<InputEditor*>(window);
             InputList* cations = editor->List(InputEditor::CationList);
             for (int r = 0; r < cations->rowCount(); ++r)
-                if (cations->item(r, 0)->text() == QStringLiteral("Ca")) {
-                    QTest::mouseClick(cations->viewport(), Qt::LeftButton, {},
-                                      cations->visualItemRect(cations->item(r, 1)).center());
-                    cations->Editor()->clear();
-                    QTest::keyClicks(cations->Editor(), QStringLiteral("0.003"));
-                    QTest::keyClick(cations->Editor(), Qt::Key_Return);
-                }
+                if (cations->item(r, 0)->text() == QStringLiteral("Ca")) TypeInRow(cations, r, QStringLiteral("0.003"));
             editor->Pages()->Precipitation()->click();
             editor->ToolButton(0)->click();
         });
@@ -326,8 +318,7 @@ TEST(InputEditor, EditedSavedAndReopenedWaterCalculatesAsTheFileEditedByHand) {
         window.DispatchCommand(1121);
         edited = Concentrations(fixture.Ws());
     }
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     std::u16string text = ReadUtf16File(std::string(TORMEL_SOURCE_DIR) + "/data/examples/hard_water.i64").value();
     auto replace = [&text](std::u16string_view from, std::u16string_view to) {
         text.replace(text.find(from), from.size(), to);

@@ -29,8 +29,7 @@ TEST(DesktopLocale, CommaShownPointWritten) {
     LocaleEnvironment environment("de_DE.UTF-8");
     test::CommaLocale comma;
     if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma installed";
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     EXPECT_EQ(fixture.Ws().decimalSeparator.symbol, ",");
 
     fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput()));

@@ -63,8 +63,7 @@ TEST(ViewerRows, ColoursByRowClass) {
 }
 
 TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
     ASSERT_NE(viewer, nullptr);
@@ -143,8 +142,7 @@ TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
 }
 
 TEST(OtherInfoWindow, SolidsTabColoursAndReactions) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
     ASSERT_NE(viewer, nullptr);
     OtherInfoWindow* info = OpenOtherInfoWindow(fixture.Ws(), 0, viewer);
@@ -173,8 +171,7 @@ TEST(OtherInfoWindow, SolidsTabColoursAndReactions) {
 }
 
 TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     std::vector<std::string> files;
     for (const char* example : {"hard_water.i64", "soft_water.i64", "river_doc.i64"}) {
@@ -209,8 +206,7 @@ TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
 // However narrow the viewer (three side by side, or at a large display scale),
 // each toolbar control is either whole on screen or offered by the overflow menu.
 TEST(OutputViewer, NarrowToolbarKeepsEveryControlReachable) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
     const ViewerToolbar& bar = viewer->Toolbar();
     for (int width : {1280, 640, 430, 213}) {
@@ -242,8 +238,7 @@ TEST(OutputViewer, NarrowToolbarKeepsEveryControlReachable) {
 // A viewer opened from the main window during a comparison leaves the main
 // window usable and arranges the compared viewers only when auto-arrange is on.
 TEST(ComparisonWindow, ViewerOpenedMeanwhileArrangesOnlyWithAutoArrange) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     Calculate(fixture, "hard_water.i64")->close();
     const std::string file = fixture.folder.File("hard_water.o64");

@@ -113,14 +113,6 @@ TEST_F(PrintOutputFile, WithoutPrinterWritesAllPagesToAPdfBesideTheOutputFile) {
     // pdftotext may drop the blanks around the slash
     EXPECT_TRUE(std::regex_search(text, std::regex("\\b1 ?/ ?" + std::to_string(outcome.pages) + "\\b")))
         << "page numbers n / N";
-
-    // Pages as images for looking at.
-    std::filesystem::create_directories(TORMEL_SCREENSHOT_DIR);
-    for (const auto& old : std::filesystem::directory_iterator(TORMEL_SCREENSHOT_DIR))
-        if (old.path().filename().string().starts_with("print_hard_water-")) std::filesystem::remove(old.path());
-    Shell("pdftoppm -r 90 -png '" + pdf + "' '" TORMEL_SCREENSHOT_DIR "/print_hard_water' 2>/dev/null");
-    EXPECT_TRUE(std::filesystem::exists(TORMEL_SCREENSHOT_DIR "/print_hard_water-1.png") ||
-                std::filesystem::exists(TORMEL_SCREENSHOT_DIR "/print_hard_water-01.png"));
 }
 
 TEST_F(PrintOutputFile, PrintingChoicesShapeThePages) {
