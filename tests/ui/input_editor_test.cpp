@@ -1,6 +1,6 @@
 // The input editor driven through its real widgets: units of the cells, the
 // linked fields, keyboard moves, refused text, the search window, OK and
-// Cancel, and a round trip through a saved file.
+// Cancel.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -12,10 +12,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <cmath>
-#include <filesystem>
 
-#include "core/text_file.h"
 #include "shell/input_editing.h"
 #include "ui/desktop_fixture.h"
 #include "ui/input/input_editor.h"
@@ -138,6 +135,8 @@ TEST(InputEditor, EnablingRulesFollowTheOptions) {
     EXPECT_FALSE(pages->NeutraliseCation()->isEnabled());
     pages->NeutralGroup()->button(1)->click();
     EXPECT_TRUE(pages->NeutraliseCation()->isEnabled());
+    pages->Precipitation()->click();
+    EXPECT_TRUE(f.Ws().input.precipitation);
 }
 
 TEST(InputEditor, KeysMoveTheEditField) {
@@ -289,48 +288,6 @@ TEST(InputEditor, OkReportsTheChecksAndSwitchesAdsorptionOn) {
     ASSERT_EQ(fixture.boxes.size(), 1u);
     EXPECT_NE(fixture.boxes[0].lines.front().find(LanguageText(ws.language, "Input", "ConsistencyError2")),
               std::string::npos);
-}
-
-std::vector<double> Concentrations(const Workspace& ws) {
-    std::vector<double> values;
-    for (const SpeciesResult& s : ws.results.records.species) values.push_back(s.concentration);
-    return values;
-}
-
-TEST(InputEditor, EditedSavedAndReopenedWaterCalculatesAsTheFileEditedByHand) {
-    std::vector<double> edited;
-    {
-        test::StartedDesktop fixture;
-        MainWindow& window = fixture.Window();
-        const std::string path = fixture.ExampleInput();
-        window.ReceiveHandover(275, QString::fromStdString(path));
-        test::WhenWindowShows(QStringLiteral("FrmEditInput"), [](QWidget* window) {
-            auto* editor = static_cast<InputEditor*>(window);
-            InputList* cations = editor->List(InputEditor::CationList);
-            for (int r = 0; r < cations->rowCount(); ++r)
-                if (cations->item(r, 0)->text() == QStringLiteral("Ca")) TypeInRow(cations, r, QStringLiteral("0.003"));
-            editor->Pages()->Precipitation()->click();
-            editor->ToolButton(0)->click();
-        });
-        window.DispatchCommand(1114);
-        window.DispatchCommand(1115);  // save to the opened file
-        window.ReceiveHandover(275, QString::fromStdString(path));
-        window.DispatchCommand(1121);
-        edited = Concentrations(fixture.Ws());
-    }
-    test::StartedDesktop fixture;
-    std::u16string text = ReadUtf16File(std::string(TORMEL_SOURCE_DIR) + "/data/examples/hard_water.i64").value();
-    auto replace = [&text](std::u16string_view from, std::u16string_view to) {
-        text.replace(text.find(from), from.size(), to);
-    };
-    replace(u"Ca: 0.002", u"Ca: 0.003");
-    replace(u"Precipitation equilibria: not included", u"Precipitation equilibria: included");
-    const std::string byHand = fixture.Ws().folders.inputFolder + "by_hand.i64";
-    ASSERT_TRUE(WriteUtf16File(byHand, text));
-    fixture.Window().ReceiveHandover(275, QString::fromStdString(byHand));
-    fixture.Window().DispatchCommand(1121);
-    ASSERT_FALSE(edited.empty());
-    EXPECT_EQ(Concentrations(fixture.Ws()), edited);
 }
 
 }  // namespace
