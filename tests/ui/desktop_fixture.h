@@ -12,6 +12,10 @@
 #include "support/temp_folder.h"
 #include "ui/main/desktop_session.h"
 
+namespace tormel {
+class OutputViewer;
+}
+
 namespace tormel::test {
 
 struct DesktopFixture {
@@ -35,6 +39,8 @@ struct DesktopFixture {
     void UseRealMessageBoxes() { Ws().ui = &session->Ui().Services(); }
     // Copies the example input into the input folder; its full path.
     std::string ExampleInput(const std::string& name = "hard_water.i64");
+    // Opens the example input and calculates it; the viewer of set 0 that opens.
+    OutputViewer* CalculateExample(const std::string& name);
 };
 
 // A session started without arguments.

@@ -4,8 +4,6 @@
 
 #include <cstdlib>
 
-#include "core/text_file.h"
-#include "core/utf16.h"
 #include "support/comma_locale.h"
 #include "ui/desktop_fixture.h"
 
@@ -38,9 +36,7 @@ TEST(DesktopLocale, CommaShownPointWritten) {
         return std::optional<std::string>(copy);
     };
     fixture.Window().DispatchCommand(1116);
-    const std::optional<std::u16string> text = ReadUtf16File(copy);
-    ASSERT_TRUE(text);
-    const std::string written = Utf16ToUtf8(*text);
+    const std::string written = test::ReadUtf16Text(copy);
     EXPECT_NE(written.find("Ca: 0.002 "), std::string::npos) << written;
     EXPECT_NE(written.find("Convergence criterion: 1.0001"), std::string::npos);
 }

@@ -12,7 +12,6 @@
 #include "ui/desktop_fixture.h"
 #include "ui/screenshot.h"
 #include "ui/output/comparison_window.h"
-#include "ui/output/open_output_viewer.h"
 #include "ui/output/open_print_dialog.h"
 #include "ui/output/other_info_window.h"
 #include "ui/output/output_viewer.h"
@@ -21,17 +20,10 @@
 namespace tormel {
 namespace {
 
-OutputViewer* Calculate(test::DesktopFixture& fixture, const std::string& example) {
-    fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput(example)));
-    fixture.Window().DispatchCommand(1121);
-    QApplication::processEvents();
-    return OpenViewerOfSetZero();
-}
-
 TEST(Screenshots, OutputViewerAndItsWindows) {
     if (!test::ScreenshotsWanted()) GTEST_SKIP() << "run by scripts/screenshots.sh";
     test::StartedDesktop fixture(test::ScreenshotLanguage());
-    OutputViewer* viewer = Calculate(fixture, "river_doc.i64");
+    OutputViewer* viewer = fixture.CalculateExample("river_doc.i64");
     ASSERT_NE(viewer, nullptr);
     viewer->setGeometry(0, 0, 1280, 800);
     for (QTreeWidgetItem* item : viewer->Tree()->findItems(QStringLiteral("Cu"), Qt::MatchRecursive | Qt::MatchStartsWith))
@@ -42,7 +34,7 @@ TEST(Screenshots, OutputViewerAndItsWindows) {
     test::SaveScreenshot(viewer, QStringLiteral("viewer_pies_bottom"));
     viewer->close();
 
-    viewer = Calculate(fixture, "hard_water.i64");
+    viewer = fixture.CalculateExample("hard_water.i64");
     ASSERT_NE(viewer, nullptr);
     OtherInfoWindow* info = OpenOtherInfoWindow(fixture.Ws(), 0, viewer);
     info->Tabs()->setCurrentIndex(1);
@@ -80,7 +72,7 @@ TEST(Screenshots, ComparisonOfThreeSets) {
     test::StartedDesktop fixture(test::ScreenshotLanguage());
     std::vector<std::string> files;
     for (const char* example : {"hard_water.i64", "soft_water.i64", "river_doc.i64"}) {
-        Calculate(fixture, example)->close();
+        fixture.CalculateExample(example)->close();
         files.push_back(fixture.Ws().folders.outputFolder + example + ".o64");
         ASSERT_TRUE(WriteOutputFile(files.back(), fixture.Ws().results, 0));
     }

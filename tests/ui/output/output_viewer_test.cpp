@@ -30,14 +30,6 @@
 namespace tormel {
 namespace {
 
-// Calculates an example water in the main window, which opens the viewer of set 0.
-OutputViewer* Calculate(test::DesktopFixture& fixture, const std::string& example) {
-    fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput(example)));
-    fixture.Window().DispatchCommand(1121);
-    QApplication::processEvents();
-    return OpenViewerOfSetZero();
-}
-
 std::vector<QTreeWidgetItem*> Rows(QTreeWidget* list) {
     std::vector<QTreeWidgetItem*> rows;
     for (int i = 0; i < list->topLevelItemCount(); ++i) rows.push_back(list->topLevelItem(i));
@@ -65,7 +57,7 @@ TEST(ViewerRows, ColoursByRowClass) {
 TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
     test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
-    OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
+    OutputViewer* viewer = fixture.CalculateExample("hard_water.i64");
     ASSERT_NE(viewer, nullptr);
     EXPECT_EQ(viewer->windowModality(), Qt::WindowModal);
 
@@ -143,7 +135,7 @@ TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
 
 TEST(OtherInfoWindow, SolidsTabColoursAndReactions) {
     test::StartedDesktop fixture;
-    OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
+    OutputViewer* viewer = fixture.CalculateExample("hard_water.i64");
     ASSERT_NE(viewer, nullptr);
     OtherInfoWindow* info = OpenOtherInfoWindow(fixture.Ws(), 0, viewer);
     // Davies, no organic matter, no adsorption: general, solids, gases (the
@@ -175,7 +167,7 @@ TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
     Workspace& ws = fixture.Ws();
     std::vector<std::string> files;
     for (const char* example : {"hard_water.i64", "soft_water.i64", "river_doc.i64"}) {
-        Calculate(fixture, example)->close();
+        fixture.CalculateExample(example)->close();
         files.push_back(fixture.folder.File(std::string(example) + ".o64"));
         ASSERT_TRUE(WriteOutputFile(files.back(), ws.results, 0));
     }
@@ -207,7 +199,7 @@ TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
 // each toolbar control is either whole on screen or offered by the overflow menu.
 TEST(OutputViewer, NarrowToolbarKeepsEveryControlReachable) {
     test::StartedDesktop fixture;
-    OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
+    OutputViewer* viewer = fixture.CalculateExample("hard_water.i64");
     const ViewerToolbar& bar = viewer->Toolbar();
     for (int width : {1280, 640, 430, 213}) {
         SCOPED_TRACE(width);
@@ -240,7 +232,7 @@ TEST(OutputViewer, NarrowToolbarKeepsEveryControlReachable) {
 TEST(ComparisonWindow, ViewerOpenedMeanwhileArrangesOnlyWithAutoArrange) {
     test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
-    Calculate(fixture, "hard_water.i64")->close();
+    fixture.CalculateExample("hard_water.i64")->close();
     const std::string file = fixture.folder.File("hard_water.o64");
     ASSERT_TRUE(WriteOutputFile(file, ws.results, 0));
     OpenComparison(ws, &fixture.Window());
