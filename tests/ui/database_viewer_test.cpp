@@ -54,12 +54,7 @@ TEST(DatabaseViewerWindow, ThreeModesWithSummaryLinesAndButtons) {
     viewer.SetMode(2);
     EXPECT_FALSE(viewer.ShowButton()->isEnabled());
     EXPECT_EQ(viewer.Tree()->topLevelItemCount(), 7);
-    SelectTreeNumber(viewer, 5);  // gases: ligand / name
-    ASSERT_GT(viewer.Equilibria()->count(), 0);
-    for (const QString& line : Items(viewer.Equilibria())) EXPECT_TRUE(line.contains(QStringLiteral(" / "))) << line.toStdString();
-    EXPECT_EQ(Items(viewer.Summary()),
-              QStringList{QStringLiteral("There are %1 equilibria of this type.").arg(viewer.Equilibria()->count())});
-
+    // (what each mode lists is DatabaseView's matter)
     SelectTreeNumber(viewer, 7);  // organic matter: its model, and a message instead of a drawing
     ASSERT_GT(viewer.Equilibria()->count(), 0);
     EXPECT_TRUE(viewer.Equilibria()->item(0)->text().contains(QStringLiteral(" (Model ")));
