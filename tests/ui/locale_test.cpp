@@ -2,29 +2,15 @@
 // locale) the results show the comma while files keep the point.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "support/comma_locale.h"
+#include "support/scoped_env.h"
 #include "ui/desktop_fixture.h"
 
 namespace tormel {
 namespace {
 
-// Sets LC_ALL in the environment while it lives.
-struct LocaleEnvironment {
-    std::optional<std::string> old;
-    explicit LocaleEnvironment(const char* name) {
-        if (const char* value = std::getenv("LC_ALL")) old = value;
-        setenv("LC_ALL", name, 1);
-    }
-    ~LocaleEnvironment() {
-        if (old) setenv("LC_ALL", old->c_str(), 1);
-        else unsetenv("LC_ALL");
-    }
-};
-
 TEST(DesktopLocale, CommaShownPointWritten) {
-    LocaleEnvironment environment("de_DE.UTF-8");
+    test::ScopedEnv environment("LC_ALL", "de_DE.UTF-8");
     test::CommaLocale comma;
     if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma installed";
     test::StartedDesktop fixture;
