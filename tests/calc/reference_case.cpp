@@ -11,17 +11,11 @@
 #include "calc/run_calculation.h"
 #include "calc/temperature.h"
 #include "component_inputs.h"
+#include "solution_checks.h"  // Davies activities written out, not the solver's own
 
 namespace tormel::test {
 
 namespace {
-
-// Davies log10 gamma of charge z, written out here so that the comparison
-// does not lean on the solver's own activity code.
-double DaviesLog(double ionicStrength, int z) {
-    const double r = std::sqrt(ionicStrength);
-    return -0.5079 * z * z * (r / (1 + r) - 0.3 * ionicStrength);
-}
 
 // "CaHCO3+" -> ("CaHCO3", 1); "CO3-2" -> ("CO3", -2); "H4SiO4" -> ("H4SiO4", 0)
 std::pair<std::string, int> SplitCharge(const std::string& key) {

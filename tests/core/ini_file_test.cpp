@@ -18,11 +18,6 @@ using test::TempFolder;
 using test::Utf16Bytes;
 using test::WriteBytes;
 
-std::string FileText(const std::string& path) {
-    auto text = ReadUtf16File(path);
-    return text ? Utf16ToUtf8(*text) : "<missing>";
-}
-
 TEST(ShellIniFile, ReadsNeverCreateTheFileAndTheFirstWriteStartsWithTheBom) {
     TempFolder tmp;
     IniFile ini(tmp.File("TORMEL64.INI"));
@@ -51,7 +46,7 @@ TEST(ShellIniFile, SectionAndKeyNamesIgnoreLetterCase) {
 
     // Writing under another spelling replaces the key, keeping its first spelling.
     ASSERT_TRUE(ini.WriteString("options", "REMEMBER-UNITS", "1"));
-    EXPECT_EQ(FileText(ini.Path()), "[Options]\nRemember-Units=1\n");
+    EXPECT_EQ(test::ReadUtf16Text(ini.Path()), "[Options]\nRemember-Units=1\n");
 
     ASSERT_TRUE(ini.WriteString("Ölwerte", "Äquivalent", "2"));
     EXPECT_EQ(ini.ReadString("ÖLWERTE", "äQUIVALENT", "x"), "2");
@@ -119,7 +114,7 @@ TEST(ShellIniFile, WritesKeepEveryOtherLine) {
     ASSERT_TRUE(ini.WriteString("Options", "VertBarLeft", "175"));
     ASSERT_TRUE(ini.WriteString("Output", "TableStyle", "0"));
     ASSERT_TRUE(ini.WriteString("Units", "Order", "line\nbreak"));
-    EXPECT_EQ(FileText(path),
+    EXPECT_EQ(test::ReadUtf16Text(path),
               "; settings of the program\n"
               "[Options]\n"
               "Unknown=kept\n"
@@ -135,7 +130,7 @@ TEST(ShellIniFile, WritesKeepEveryOtherLine) {
 
     ASSERT_TRUE(ini.DeleteKey("units", "numdec"));
     ASSERT_TRUE(ini.DeleteSection("OPTIONS"));
-    EXPECT_EQ(FileText(path),
+    EXPECT_EQ(test::ReadUtf16Text(path),
               "; settings of the program\n"
               "[Units]\n"
               "; a comment in a section\n"

@@ -2,7 +2,6 @@
 
 #include <filesystem>
 
-#include "calc/real_database.h"
 #include "core/text_file.h"
 #include "core/utf16.h"
 #include "input/input_file_reader.h"
@@ -111,44 +110,6 @@ TEST_F(InputFileWriter, ElectronLineOnlyWithRedoxAndAlwaysAsFreeActivity) {
     EXPECT_EQ(FormatInputFile(input, chem).find("\ne:"), std::string::npos);
     input.redox = true;
     EXPECT_NE(FormatInputFile(input, chem).find("\ne: 0.0001 (free activity)\n"), std::string::npos);
-}
-
-TEST_F(InputFileWriter, RoundTripOnTheDeliveredDatabaseKeepsEveryComponent) {
-    const ChemicalSystem* database = test::RealDatabase();
-    ASSERT_NE(database, nullptr);
-    const Database& real = database->db();
-    SetProgramDefaults(input, real);
-    auto give = [&](const char* name, double value, InputType type = InputType::TotalConc) {
-        const int32_t index = real.FindComponent(name);
-        ASSERT_GE(index, 0) << name;
-        Give(input, index, value, type);
-    };
-    input.description = "Seewasser – Probe 7";
-    input.redox = input.adsorption = input.precipitation = input.organicComplexation = true;
-    input.docConcentration = 3.5;
-    input.forceNeutral = true;
-    input.neutraliseCation = real.FindComponent("Na");
-    input.neutraliseAnion = real.FindComponent("Cl");
-    give("H", 2e-3);
-    give("Ca", 1e-3);
-    give("Fe(II)", 3e-6);
-    give("CO3", 2.5e-3);
-    give("Na", 5e-3);
-    give("Cl", 4.9e-3);
-    give("Hfo_wOH", 2e-4);
-    give("e", 1e-12, InputType::FreeAct);
-    give("Cu(II)", 1e-7, InputType::FreeAct);
-    give("CO2(g)", 3.9e-4, InputType::GasPres);
-
-    const std::string path = folder.File("lake.i64");
-    ASSERT_TRUE(WriteInputFile(path, input, real, ui.services, language));
-    const Database& back = database->db();
-    InputProblem backInput;
-    ASSERT_FALSE(LoadInputFile(path, backInput, back));
-    EXPECT_EQ(FormatInputFile(backInput, back), FormatInputFile(input, real));
-    ExpectSameComponentInputs(real, input, backInput);
-    EXPECT_EQ(backInput.neutraliseCation, input.neutraliseCation);
-    EXPECT_EQ(backInput.neutraliseAnion, input.neutraliseAnion);
 }
 
 TEST_F(InputFileWriter, ModelOrCorrectionOutsideTheirSetsRunIntoTheNextLine) {

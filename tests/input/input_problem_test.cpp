@@ -108,9 +108,6 @@ TEST_F(InputCommands, UserDefaultsAreSavedLoadedAndTitled) {
     EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: user defaults (" + path + ")");
     EXPECT_EQ(recent, std::vector<std::string>{path});
 
-    input.modified = true;
-    EXPECT_EQ(InputTitle(input, folders.inputFolder), "Input data: user defaults (" + path + ") (modified)");
-
     ResetToProgramDefaults(Session());
     ui.messages.clear();
     ASSERT_TRUE(LoadUserDefaults(Session()));

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <limits>
 
 #include "core/utf16.h"
@@ -23,82 +24,11 @@ std::optional<OutputFileError> Read(const std::string& text, ResultStore& store,
 // A set that switches every optional block on: organic matter (two lines per
 // component, a component that is not reported), precipitation (a solid
 // range), adsorption, MSA, a forced neutral solution and a fixed ionic
-// strength.
+// strength; read from its golden copy.
 ResultStore FullStore() {
+    std::ifstream in(std::string(TORMEL_TEST_DATA) + "/golden/output_file_full.txt", std::ios::binary);
     ResultStore store;
-    SetRecords records;
-    ComponentResult h = MakeComponent(ComponentType::Cation, "H", 1e-3, 1.0079, "1=1;2=-1;4=1;");
-    h.percentagesAllowed = false;
-    h.siteAmounts = {1e-6, 2e-6, 3e-6, 4e-6, 5e-6, 6e-6, 7e-6, 8e-6};
-    ComponentResult ca = MakeComponent(ComponentType::Cation, "Ca", 2e-3, 40.078, "3=1;4=1;5=1;");
-    ComponentResult co2 = MakeComponent(ComponentType::Gas, "CO2(g)", 0, 44.01, "");
-    co2.displayName = "CO3";
-    co2.gasText = "CO2(g) / CO3 2-";
-    records.components = {h, ca, co2, ComponentResult{}};
-    for (const char* name : {"H", "Ca", "CO2(g)", "FA7"})
-        records.componentInfos.push_back(
-            ComponentInfo{name, ComponentType::Cation, 1e-3, 40.078, InputType::TotalConc});
-    records.componentInfos[3].kind = ComponentType::Organic;
-
-    SpeciesResult freeH = MakeSpecies(SpeciesKind::FreeComponent, "free H +", 1e-7);
-    SpeciesResult oh = MakeSpecies(SpeciesKind::FreeHydroxide, "free OH -", 1e-7);
-    oh.reactionDefinition = 0;
-    oh.literature = "Smith and Martell (1976)";
-    SpeciesResult freeCa = MakeSpecies(SpeciesKind::FreeComponent, "free Ca 2+", 1.9e-3);
-    SpeciesResult calcite = MakeSpecies(SpeciesKind::SolidSpecies, "Calcite", 1e-4);
-    calcite.reactionDefinition = 1;
-    calcite.saturationValue = -0.25;
-    SpeciesResult organic = MakeSpecies(OrganicKind(21), "FA-Ca", 1e-6);  // kind 30
-    organic.category = CategoryOrganic;
-    organic.hasActivity = false;
-    records.species = {freeH, oh, freeCa, calcite, organic};
-
-    ReactionDefinition water;
-    water.reactants[0] = {1, "H", 1, ""};
-    water.reactants[1] = {1, "OH", -1, ""};
-    water.products[0] = {1, "H2O", 0, "(aq)"};
-    water.logK = 13.997;
-    water.note = "The activity of water is 1.";
-    ReactionDefinition solid;
-    solid.reactants[0] = {1, "Ca", 2, ""};
-    solid.reactants[2] = {1, "CO3", -2, ""};
-    solid.products[0] = {1, "Calcite", 0, "(s)"};
-    solid.logK = 8.48;
-    records.reactions = {water, solid, ReactionDefinition{}};
-    records.gases = {GasResult{"CO2(g) / CO3 2-", 3.5e-4, 1e-5, -18.16, -18.1, "NIST", 2}};
-    records.salts = {SaltRecord{1, 0, "CaCO3", 0.61}};
-    records.msaIons = {MsaIonResult{"Ca", 2, -0.1, -0.2, -0.3, 0.74, 6e-10}};
-    StoreSetRecords(store, 0, std::move(records));
-
-    ResultSet& set = store.sets[0];
-    set.header.reportedComponentCount = 3;
-    set.header.firstPrecipitatedSolid = 3;
-    set.header.lastPrecipitatedSolid = 3;
-    set.header.organicReference = "Model VII: Tipping (1998) \"Aquatic Geochemistry\" 4, 3-48";
-    set.header.iterationCount = 17;
-    set.header.cationCharge = 4e-3;
-    set.header.anionCharge = 3.9e-3;
-    InputSnapshot& snap = set.snapshot;
-    snap.input.description = "  Full test water  ";
-    snap.input.adsorption = snap.input.redox = snap.input.precipitation = snap.input.organicComplexation = true;
-    snap.input.ionicStrengthModel = 2;
-    snap.input.ionicStrengthFixed = true;
-    snap.input.fixedIonicStrength = 0.01;
-    snap.input.forceNeutral = true;
-    snap.input.neutraliseCation = 12;
-    snap.input.neutraliseAnion = 40;
-    snap.input.docConcentration = 5;
-    snap.input.fulvicFraction = 0.6;
-    snap.protonBalance = true;
-    snap.ionicStrengthFromComposition = 0.0123;
-    snap.fractions[0] = {-0.002, 11.5, 0.01, 0.003};
-    snap.fractions[1] = {-0.001, 9.5, 0.02, 0.002};
-    snap.bulkFraction = 0.97;
-    set.msa.delta = 0.99;
-    set.msa.screening = 1.2e8;
-    set.otherInfo[0].title = "General";
-    set.otherInfo[0].rowCount = 16;
-    set.otherInfo[0].columnCount = 3;
+    EXPECT_FALSE(Read(std::string(std::istreambuf_iterator<char>(in), {}), store).has_value());
     return store;
 }
 
@@ -152,7 +82,8 @@ TEST(OutputFileHeader, VersionBelow11IsRefusedWithTheLineAnd11IsReadWithoutIonSi
 }
 
 TEST(OutputFileLayout, MatchesItsGoldenCopyAndReadsBack) {
-    const ResultStore store = FullStore();
+    ResultStore store = FullStore();
+    store.sets[0].snapshot.input.description = "  Full test water  ";
     const std::string text = FormatOutputFile(store, 0);
     // the layout as a whole: optional blocks, organic site lines, reaction indexes + 1, the model lines
     ExpectMatchesGolden(text, "output_file_full.txt");
@@ -333,7 +264,7 @@ TEST(OutputFileReading, AComparisonSetLeavesTheSetsBeforeItAlone) {
     ASSERT_FALSE(Read(text, store, 1).has_value());
     ASSERT_FALSE(Read(text, store, 2).has_value());
     EXPECT_EQ(store.SetCount(), 3);
-    EXPECT_EQ(store.sets[0].snapshot.input.description, "  Full test water  ");
+    EXPECT_EQ(store.sets[0].snapshot.input.description, "Full test water");
     EXPECT_EQ(store.sets[2].snapshot.input.description, "second");
     EXPECT_EQ(RecordIndex(store, KindSpecies, 2, 0), 10);
     EXPECT_EQ(FormatOutputFile(store, 0), FormatOutputFile(FullStore(), 0));

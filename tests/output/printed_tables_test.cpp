@@ -2,17 +2,13 @@
 // terminal shows them (golden text), within 120 columns unless --wide asks
 // for the references in line; a damaged output file is reported with its
 // path and line and ends with exit code 1.
-//
-// After a deliberate change of the layout, regenerate the golden file with
-// TORMEL_UPDATE_GOLDEN=1 and review its diff.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <sstream>
 
 #include "core/text_file.h"
+#include "golden_file.h"
 #include "output/printed_tables.h"
 #include "support/cli_home.h"
 
@@ -20,8 +16,6 @@ namespace tormel::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-const std::string kGolden = std::string(TORMEL_TEST_DATA) + "/printed/hard_water.txt";
 
 std::vector<std::string> SplitLines(const std::string& text) {
     std::vector<std::string> lines;
@@ -51,10 +45,7 @@ TEST(PrintedTables, TheExampleWaterFitsATerminalWithNumberedReferences) {
     ASSERT_TRUE(water.ok) << water.Log();
     ASSERT_EQ(water.Run("hard_water.o64"), 0) << water.Log();
     const std::string printed = water.Stdout();
-    if (std::getenv("TORMEL_UPDATE_GOLDEN")) {
-        std::ofstream(kGolden, std::ios::binary) << printed;
-    }
-    EXPECT_EQ(printed, test::ReadBytes(kGolden)) << "printed:\n" << printed;
+    ExpectMatchesGolden(printed, "printed_hard_water.txt");
 
     // every line fits; each component's keys point into its own reference list
     size_t keys = 0, references = 0;

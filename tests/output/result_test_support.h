@@ -47,9 +47,7 @@ struct CalculatedWorkspace : PreparedWorkspace {
         : ok(CalculateReferenceCase(ws, file, ionicStrengthModel)) {}
 };
 
-// Every field an output file keeps agrees: texts exactly, "%.16G" numbers to
-// 1e-15 and "%9.9E" numbers to 1e-9 (relative). Reports each difference as a
-// test failure naming the record and field.
+// Every field an output file keeps agrees: both sets are written alike.
 void ExpectSetsEqual(const ResultStore& expected, int32_t expectedSet, const ResultStore& actual, int32_t actualSet);
 
 // One component result, ready for hand-built stores.

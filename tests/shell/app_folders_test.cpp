@@ -1,42 +1,18 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
-#include <optional>
 #include <string>
 
 #include "shell/app_folders.h"
+#include "support/scoped_env.h"
 #include "support/temp_folder.h"
 
 namespace tormel {
 namespace {
 
 namespace fs = std::filesystem;
+using test::ScopedEnv;
 using test::TempFolder;
-
-// Sets (or, with nullopt, unsets) an environment variable and puts the old
-// value back at the end of the test.
-class ScopedEnv {
-public:
-    ScopedEnv(const char* name, std::optional<std::string> value) : name_(name) {
-        if (const char* old = std::getenv(name)) old_ = old;
-        Set(value);
-    }
-    ~ScopedEnv() { Set(old_); }
-    ScopedEnv(const ScopedEnv&) = delete;
-    ScopedEnv& operator=(const ScopedEnv&) = delete;
-
-    void Set(const std::optional<std::string>& value) {
-        if (value)
-            setenv(name_.c_str(), value->c_str(), 1);
-        else
-            unsetenv(name_.c_str());
-    }
-
-private:
-    std::string name_;
-    std::optional<std::string> old_;
-};
 
 TEST(ShellFolders, WorkingFolderComesFromTormelHomeThenXdgDataHomeThenHome) {
     ScopedEnv own("TORMEL64_HOME", "/srv/tormel/home");

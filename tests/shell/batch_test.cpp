@@ -13,11 +13,6 @@
 namespace tormel::test {
 namespace {
 
-std::string DecodedText(const std::string& path) {
-    const auto text = ReadUtf16File(path);
-    return text ? Utf16ToUtf8(*text) : std::string();
-}
-
 TEST(BatchFile, QuotedAndPlainLinesAndEverythingElseIsASyntaxError) {
     const auto quoted = ParseBatchLine("\"my water.i64\" \"my result.o64\"");
     ASSERT_TRUE(quoted.has_value());
@@ -55,7 +50,7 @@ TEST(BatchLog, EntriesAreAppendedBehindEarlierOnes) {
     ASSERT_TRUE(bytes.has_value());
     EXPECT_EQ(bytes->substr(0, 2), "\xFF\xFE");
     EXPECT_EQ(bytes->find("\xFF\xFE", 2), std::string::npos) << "one byte-order mark";
-    EXPECT_EQ(DecodedText(path), "first\nsecond \u00e4\n");
+    EXPECT_EQ(ReadUtf16Text(path), "first\nsecond \u00e4\n");
     EXPECT_FALSE(AppendBatchLog(folder.File("no/such/folder/log.txt"), "x"));
 }
 
@@ -88,8 +83,8 @@ TEST_F(BatchRun, ACleanBatchWritesNothingToTheLogAndShowsNothing) {
     EXPECT_FALSE(ReadOutputFile(ws.folders.outputFolder + "a.o64", store, 0).has_value());
     EXPECT_FALSE(ReadOutputFile(folder.File("b c.o64"), store, 0).has_value());
     // an export where the output name's extension asks for one
-    EXPECT_EQ(DecodedText(ws.folders.outputFolder + "a.csv").rfind("\"Calculated with TORMEL Next", 0), 0u);
-    EXPECT_EQ(DecodedText(ws.folders.outputFolder + "a.xml").rfind("<?xml", 0), 0u);
+    EXPECT_EQ(ReadUtf16Text(ws.folders.outputFolder + "a.csv").rfind("\"Calculated with TORMEL Next", 0), 0u);
+    EXPECT_EQ(ReadUtf16Text(ws.folders.outputFolder + "a.xml").rfind("<?xml", 0), 0u);
 }
 
 TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
@@ -116,7 +111,7 @@ TEST_F(BatchRun, ProblemsGoToTheLogInLineOrderAndTheBatchGoesOn) {
     EXPECT_TRUE(FileExists(ws.folders.outputFolder + "cold.o64")) << "a warning does not stop the job";
     EXPECT_TRUE(FileExists(ws.folders.outputFolder + "good.o64"));
 
-    const std::string log = DecodedText(options.logPath);
+    const std::string log = ReadUtf16Text(options.logPath);
     const std::string expectedStart =
         "an earlier run\n"
         "This line of the batch file cannot be read:\n(good.i64  two_blanks.o64)\n"
@@ -140,7 +135,7 @@ TEST_F(BatchRun, ABatchFileSavedAsUtf8IsReadAsUtf8) {
         const std::string out = folder.File("ä" + std::to_string(bom.size()) + ".o64");
         ASSERT_TRUE(WriteFileAtomically(ws.folders.inputFolder + "jobs.txt", bom + "wässer.i64 " + out + "\r\n"));
         const BatchSummary summary = RunBatchFile(ws, "jobs.txt", options);
-        EXPECT_EQ(summary.ExitCode(), 0) << DecodedText(options.logPath);
+        EXPECT_EQ(summary.ExitCode(), 0) << ReadUtf16Text(options.logPath);
         EXPECT_EQ(summary.lines, 1);
         EXPECT_TRUE(FileExists(out));
     }

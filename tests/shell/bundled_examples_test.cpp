@@ -31,9 +31,7 @@ std::vector<std::string> ExampleInputs() {
 TEST(BundledExamples, TheBatchCalculatesEveryExample) {
     const std::vector<std::string> inputs = ExampleInputs();
     ASSERT_GE(inputs.size(), 3u);
-    const std::optional<std::u16string> text = ReadUtf16File((kExamples / "example_batch.txt").string());
-    ASSERT_TRUE(text.has_value());
-    const std::string batch = Utf16ToUtf8(*text);
+    const std::string batch = ReadUtf16Text((kExamples / "example_batch.txt").string());
     for (const std::string& name : inputs) EXPECT_NE(batch.find(name), std::string::npos) << name << " not in the batch";
 
     PreparedWorkspace p;

@@ -67,17 +67,13 @@ protected:
 // included, which a run builds as the desktop program does.
 TEST_F(CommandLineRun, ExportsAreWrittenByExtensionAndUnknownExtensionsAnsweredWithAMessage) {
     ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("co2_open_ph8"), ws.folders.inputFolder + "water.i64"));
-    auto written = [&](const std::string& name) {
-        const std::optional<std::u16string> text = ReadUtf16File(ws.folders.outputFolder + name);
-        return text ? Utf16ToUtf8(*text) : std::string();
-    };
     EXPECT_EQ(Handle({"/run:water.i64", "result.XML"}).exitCode, 0);
-    const std::string xml = written("result.XML");
+    const std::string xml = ReadUtf16Text(ws.folders.outputFolder + "result.XML");
     EXPECT_EQ(xml.rfind("<?xml version=\"1.0\"?>\n<?mso-application progid=\"Excel.Sheet\"?>", 0), 0u);
     EXPECT_NE(xml.find("<Worksheet ss:Name=\"Gas controlled ligands\">"), std::string::npos);
     EXPECT_NE(xml.find("Block 5: Gases"), std::string::npos);
     EXPECT_EQ(Handle({"/run:water.i64", "result.csv"}).exitCode, 0);
-    const std::string csv = written("result.csv");
+    const std::string csv = ReadUtf16Text(ws.folders.outputFolder + "result.csv");
     EXPECT_EQ(csv.rfind("\"Calculated with TORMEL Next, version ", 0), 0u) << csv.substr(0, 200);
     EXPECT_NE(csv.find("\n\"Block 1: General\"\n\"Number of iterations\"\t"), std::string::npos);
     EXPECT_EQ(Handle({"/run:water.i64", "result.txt"}).exitCode, 1);

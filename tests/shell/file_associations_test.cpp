@@ -10,6 +10,7 @@
 #include <fstream>
 
 #include "shell/file_associations.h"
+#include "support/scoped_env.h"
 #include "support/temp_folder.h"
 
 namespace tormel::test {
@@ -40,15 +41,10 @@ std::string Output(const std::string& command) {
 struct UserFolders {
     TempFolder folder;
     XdgHomes homes{folder.Path() + "data", folder.Path() + "config"};
+    ScopedEnv data{"XDG_DATA_HOME", homes.data}, config{"XDG_CONFIG_HOME", homes.config};
     UserFolders() {
-        setenv("XDG_DATA_HOME", homes.data.c_str(), 1);
-        setenv("XDG_CONFIG_HOME", homes.config.c_str(), 1);
         for (const char* name : {"XDG_CURRENT_DESKTOP", "DESKTOP_SESSION", "KDE_FULL_SESSION", "GNOME_DESKTOP_SESSION_ID"})
             unsetenv(name);
-    }
-    ~UserFolders() {
-        unsetenv("XDG_DATA_HOME");
-        unsetenv("XDG_CONFIG_HOME");
     }
 };
 

@@ -17,15 +17,10 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string Decoded(const std::string& path) {
-    const std::optional<std::u16string> text = ReadUtf16File(path);
-    return text ? Utf16ToUtf8(*text) : std::string();
-}
-
 // The reference water with `edit` applied to its input file text.
 void WriteWater(const std::string& path, const std::function<void(std::string&)>& edit = {}) {
     ASSERT_TRUE(WriteReferenceInput(ReferenceCaseFile("co2_open_ph8"), path));
-    std::string text = Decoded(path);
+    std::string text = ReadUtf16Text(path);
     if (edit) edit(text);
     ASSERT_TRUE(WriteUtf16File(path, std::string_view(text)));
 }
@@ -136,11 +131,11 @@ TEST(TormelCli, BatchLogEntriesNameTheJobAndProblemsEndWithOne) {
     folders.programFolder = TORMEL_PROGRAM_DIR;
     folders.workingFolder = cli.home;
     const std::string logPath = BatchLogPath(folders);
-    const size_t before = Decoded(logPath).size();
+    const size_t before = ReadUtf16Text(logPath).size();
     // far more jobs at a time than there are threads
     EXPECT_EQ(cli.Run("/batch:jobs.txt --jobs 2000"), 1);
     EXPECT_NE(cli.Log().find(logPath), std::string::npos) << cli.Log();
-    const std::string log = Decoded(logPath).substr(before);
+    const std::string log = ReadUtf16Text(logPath).substr(before);
     for (const char* job : {"hot.i64 b.o64", "missing.i64 c.o64", "negative.i64 d.o64", "not a job"}) {
         SCOPED_TRACE(job);
         EXPECT_NE(log.find(std::string("\n(") + job + ")\n"), std::string::npos) << log;

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "core/text_file.h"
 #include "core/utf16.h"
 
 namespace tormel::test {
@@ -28,6 +29,11 @@ void WriteBytes(const std::string& path, const std::string& bytes) {
 std::string ReadBytes(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+std::string ReadUtf16Text(const std::string& path) {
+    const std::optional<std::u16string> text = ReadUtf16File(path);
+    return text ? Utf16ToUtf8(*text) : std::string();
 }
 
 std::string Utf16Bytes(const std::string& utf8, bool bom) {

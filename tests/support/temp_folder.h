@@ -22,6 +22,8 @@ private:
 void WriteBytes(const std::string& path, const std::string& bytes);
 // The bytes of a file; empty when it cannot be read.
 std::string ReadBytes(const std::string& path);
+// The text of a UTF-16 file as UTF-8; empty when it cannot be read.
+std::string ReadUtf16Text(const std::string& path);
 // UTF-16LE bytes with BOM for ASCII/UTF-8 text with "\n" line ends turned to CR LF.
 std::string Utf16Bytes(const std::string& utf8, bool bom = true);
 

@@ -35,8 +35,7 @@ struct WindowWatch {
 };
 
 TEST(DesktopCalculation, CancelInTheProgressWindowStopsWithoutResults) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput()));
     WindowWatch watch(fixture.session->Ui(), true);
@@ -57,8 +56,7 @@ TEST(DesktopCalculation, CancelInTheProgressWindowStopsWithoutResults) {
 }
 
 TEST(DesktopCalculation, NeutralSolutionRunsTheNeutralisationWindow) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     ChemicalSystem& chem = ws.chem;
     ws.input.components[chem.db().FindComponent("Ca")].inputValue = 1e-3;

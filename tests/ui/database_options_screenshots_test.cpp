@@ -1,10 +1,7 @@
 // Pictures of the database viewer, the database information window, the
-// options pages and the updates window: run by scripts/screenshots.sh under
-// Xvfb (TORMEL_SCREENSHOTS=1), skipped otherwise.
+// options pages and the updates window.
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QDir>
 #include <QListWidget>
 #include <QScreen>
 #include <QTabWidget>
@@ -13,53 +10,38 @@
 #include "ui/database/database_information_window.h"
 #include "ui/database/database_viewer.h"
 #include "ui/desktop_fixture.h"
+#include "ui/screenshot.h"
 #include "ui/options/options_dialog.h"
 #include "updates/updates_window.h"
 
 namespace tormel {
 namespace {
 
-void Save(QWidget* widget, const QString& name) {
-    widget->show();
-    for (int i = 0; i < 10; ++i) QApplication::processEvents();
-    const QByteArray dir = qgetenv("TORMEL_SCREENSHOT_DIR");
-    const QString folder = dir.isEmpty() ? QString::fromLatin1(TORMEL_SCREENSHOT_DIR) : QString::fromLocal8Bit(dir);
-    QDir().mkpath(folder);
-    const QString path = folder + QLatin1Char('/') + name + QString::fromLocal8Bit(qgetenv("TORMEL_SCREENSHOT_SUFFIX")) +
-                         QStringLiteral(".png");
-    ASSERT_TRUE(widget->grab().save(path)) << path.toStdString();
-}
-
-std::string ScreenshotLanguage() {
-    return qgetenv("TORMEL_SCREENSHOT_LANG") == "de" ? "deutsch.lang" : "0default.lang";
-}
-
 TEST(Screenshots, DatabaseViewerAndOptions) {
-    if (qgetenv("TORMEL_SCREENSHOTS") != "1") GTEST_SKIP() << "run by scripts/screenshots.sh";
-    test::DesktopFixture fixture(ScreenshotLanguage());
-    ASSERT_FALSE(fixture.Start().endProcess);
+    if (!test::ScreenshotsWanted()) GTEST_SKIP() << "run by scripts/screenshots.sh";
+    test::StartedDesktop fixture(test::ScreenshotLanguage());
     MainWindow& window = fixture.Window();
     window.setGeometry(QApplication::primaryScreen()->availableGeometry());
 
     DatabaseViewer viewer(fixture.Ws(), &window);
     viewer.Equilibria()->setCurrentRow(2);
-    Save(&viewer, QStringLiteral("db_viewer_components"));
+    test::SaveScreenshot(&viewer, QStringLiteral("db_viewer_components"));
     viewer.SetMode(2);
     viewer.Tree()->setCurrentItem(viewer.Tree()->topLevelItem(4));
-    Save(&viewer, QStringLiteral("db_viewer_types"));
+    test::SaveScreenshot(&viewer, QStringLiteral("db_viewer_types"));
     viewer.SetMode(3);
     viewer.Tree()->setCurrentItem(viewer.Tree()->topLevelItem(2));
-    Save(&viewer, QStringLiteral("db_viewer_literature"));
+    test::SaveScreenshot(&viewer, QStringLiteral("db_viewer_literature"));
     viewer.hide();
 
     DatabaseInformationWindow information(fixture.Ws(), &window);
-    Save(&information, QStringLiteral("db_information"));
+    test::SaveScreenshot(&information, QStringLiteral("db_information"));
     information.hide();
 
     OptionsDialog options(fixture.Ws(), &window, 0);
     for (int page = 0; page < 5; ++page) {
         options.Tabs()->setCurrentIndex(page);
-        Save(&options, QStringLiteral("options_page%1").arg(page + 1));
+        test::SaveScreenshot(&options, QStringLiteral("options_page%1").arg(page + 1));
     }
     options.hide();
 
@@ -71,7 +53,7 @@ TEST(Screenshots, DatabaseViewerAndOptions) {
                             LanguageText(fixture.Ws().language, "Updates", "NoExists"),
                             LanguageText(fixture.Ws().language, "Updates", "Version") + " 1.2"}},
                           &window);
-    Save(&updates, QStringLiteral("updates_window"));
+    test::SaveScreenshot(&updates, QStringLiteral("updates_window"));
 }
 
 }  // namespace

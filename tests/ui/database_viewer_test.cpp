@@ -30,8 +30,7 @@ void SelectTreeNumber(DatabaseViewer& viewer, int number) {
 }
 
 TEST(DatabaseViewerWindow, ThreeModesWithSummaryLinesAndButtons) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     DatabaseViewer viewer(fixture.Ws(), &fixture.Window());
 
     // opened by component: H+ under the cations, with every equilibrium holding it counted
@@ -55,12 +54,7 @@ TEST(DatabaseViewerWindow, ThreeModesWithSummaryLinesAndButtons) {
     viewer.SetMode(2);
     EXPECT_FALSE(viewer.ShowButton()->isEnabled());
     EXPECT_EQ(viewer.Tree()->topLevelItemCount(), 7);
-    SelectTreeNumber(viewer, 5);  // gases: ligand / name
-    ASSERT_GT(viewer.Equilibria()->count(), 0);
-    for (const QString& line : Items(viewer.Equilibria())) EXPECT_TRUE(line.contains(QStringLiteral(" / "))) << line.toStdString();
-    EXPECT_EQ(Items(viewer.Summary()),
-              QStringList{QStringLiteral("There are %1 equilibria of this type.").arg(viewer.Equilibria()->count())});
-
+    // (what each mode lists is DatabaseView's matter)
     SelectTreeNumber(viewer, 7);  // organic matter: its model, and a message instead of a drawing
     ASSERT_GT(viewer.Equilibria()->count(), 0);
     EXPECT_TRUE(viewer.Equilibria()->item(0)->text().contains(QStringLiteral(" (Model ")));
@@ -76,8 +70,7 @@ TEST(DatabaseViewerWindow, ThreeModesWithSummaryLinesAndButtons) {
 }
 
 TEST(DatabaseViewerWindow, InformationWindowWithAndWithoutOwnData) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     const std::string noOwnData = LanguageText(fixture.Ws().language, "DB_ABOUT", "EditLine3a");
     {
         DatabaseInformationWindow window(fixture.Ws(), &fixture.Window());

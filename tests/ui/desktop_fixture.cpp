@@ -7,6 +7,7 @@
 #include "shell/headless_ui.h"
 #include "shell/language_files.h"
 #include "shell/settings.h"
+#include "ui/output/open_output_viewer.h"
 
 namespace tormel::test {
 
@@ -63,6 +64,13 @@ std::string DesktopFixture::ExampleInput(const std::string& name) {
     std::filesystem::copy_file(std::string(TORMEL_SOURCE_DIR) + "/data/examples/" + name, target,
                                std::filesystem::copy_options::overwrite_existing);
     return target;
+}
+
+OutputViewer* DesktopFixture::CalculateExample(const std::string& name) {
+    Window().ReceiveHandover(275, QString::fromStdString(ExampleInput(name)));
+    Window().DispatchCommand(1121);
+    QApplication::processEvents();
+    return OpenViewerOfSetZero();
 }
 
 void WhenWindowShows(const QString& objectName, std::function<void(QWidget*)> act) {

@@ -2,6 +2,8 @@
 // A desktop session in a fresh working folder, started with a chosen
 // language and without the getting-started offer, and helpers that answer
 // modal windows while a test waits for them.
+#include <gtest/gtest.h>
+
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -9,6 +11,10 @@
 
 #include "support/temp_folder.h"
 #include "ui/main/desktop_session.h"
+
+namespace tormel {
+class OutputViewer;
+}
 
 namespace tormel::test {
 
@@ -33,6 +39,15 @@ struct DesktopFixture {
     void UseRealMessageBoxes() { Ws().ui = &session->Ui().Services(); }
     // Copies the example input into the input folder; its full path.
     std::string ExampleInput(const std::string& name = "hard_water.i64");
+    // Opens the example input and calculates it; the viewer of set 0 that opens.
+    OutputViewer* CalculateExample(const std::string& name);
+};
+
+// A session started without arguments.
+struct StartedDesktop : DesktopFixture {
+    explicit StartedDesktop(const std::string& language = "0default.lang") : DesktopFixture(language) {
+        EXPECT_FALSE(Start().endProcess);
+    }
 };
 
 // The local server name of this test process (so tests never meet a real program).

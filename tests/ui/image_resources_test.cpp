@@ -2,9 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QImage>
 #include <QPainter>
+
+#include "ui/screenshot.h"
 
 namespace tormel {
 namespace {
@@ -62,9 +63,10 @@ TEST(ImageResources, EveryNameRendersAVisibleImageAtItsSize) {
 }
 
 // A sheet of every image at its own size on the main window's default
-// background (grey), and enlarged to 96 pixels on white, saved into the
-// screenshots for a person to judge the icons' legibility.
-TEST(ImageResources, SheetOnBothBackgrounds) {
+// background (grey), and enlarged to 96 pixels on white, for a person to
+// judge the icons' legibility.
+TEST(Screenshots, Icons) {
+    if (!test::ScreenshotsWanted()) GTEST_SKIP() << "run by scripts/screenshots.sh";
     const int cell = 104;
     const int count = static_cast<int>(std::size(kImages));
     const int rows = (count + 11) / 12;
@@ -79,8 +81,7 @@ TEST(ImageResources, SheetOnBothBackgrounds) {
         painter.drawPixmap(at + QPoint(0, cell * rows), ResourceImage(name, 96.0 / kImages[i].width));
     }
     painter.end();
-    QDir().mkpath(TORMEL_SCREENSHOT_DIR);
-    EXPECT_TRUE(sheet.save(TORMEL_SCREENSHOT_DIR "/icons.png"));
+    ASSERT_TRUE(sheet.save(test::ScreenshotPath(QStringLiteral("icons"))));
 }
 
 TEST(ImageResources, UnknownNamesGiveNothing) {

@@ -1,6 +1,6 @@
 // The input editor driven through its real widgets: units of the cells, the
 // linked fields, keyboard moves, refused text, the search window, OK and
-// Cancel, and a round trip through a saved file.
+// Cancel.
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
@@ -12,10 +12,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <QTreeWidget>
-#include <cmath>
-#include <filesystem>
 
-#include "core/text_file.h"
 #include "shell/input_editing.h"
 #include "ui/desktop_fixture.h"
 #include "ui/input/input_editor.h"
@@ -25,10 +22,21 @@
 namespace tormel {
 namespace {
 
-struct EditorFixture : test::DesktopFixture {
+void Click(InputList* list, int row, int column) {
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row, column)).center());
+}
+
+// Clicks the value cell of `row`, types, and commits with Enter.
+void TypeInRow(InputList* list, int row, const QString& text) {
+    Click(list, row, 1);
+    list->Editor()->clear();
+    QTest::keyClicks(list->Editor(), text);
+    QTest::keyClick(list->Editor(), Qt::Key_Return);
+}
+
+struct EditorFixture : test::StartedDesktop {
     std::unique_ptr<InputEditor> editor;
     EditorFixture() {
-        EXPECT_FALSE(Start().endProcess);
         editor = std::make_unique<InputEditor>(Ws(), &Window());
         editor->resize(1280, 800);
         editor->show();
@@ -47,16 +55,8 @@ struct EditorFixture : test::DesktopFixture {
             if (list->item(r, 0)->text() == QString::fromUtf8(name)) return r;
         return -1;
     }
-    void Click(InputList* list, int row, int column) {
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(row, column)).center());
-    }
-    // Clicks the value cell, types, and commits with Enter.
     void TypeInCell(InputEditor::ListId id, const char* name, const QString& text) {
-        InputList* list = List(id);
-        Click(list, RowOf(id, name), 1);
-        list->Editor()->clear();
-        QTest::keyClicks(list->Editor(), text);
-        QTest::keyClick(list->Editor(), Qt::Key_Return);
+        TypeInRow(List(id), RowOf(id, name), text);
     }
     void ChooseUnit(InputEditor::ListId id, int row, int position) {
         InputList* list = List(id);
@@ -135,18 +135,20 @@ TEST(InputEditor, EnablingRulesFollowTheOptions) {
     EXPECT_FALSE(pages->NeutraliseCation()->isEnabled());
     pages->NeutralGroup()->button(1)->click();
     EXPECT_TRUE(pages->NeutraliseCation()->isEnabled());
+    pages->Precipitation()->click();
+    EXPECT_TRUE(f.Ws().input.precipitation);
 }
 
 TEST(InputEditor, KeysMoveTheEditField) {
     EditorFixture f;
     InputList* list = f.List(InputEditor::CationList);
     const int last = list->rowCount() - 1;
-    f.Click(list, last, 1);
+    Click(list, last, 1);
     QTest::keyClick(list->Editor(), Qt::Key_Return);
     EXPECT_EQ(list->EditedRow(), last - 1);
     QTest::keyClick(list->Editor(), Qt::Key_Down);
     EXPECT_EQ(list->EditedRow(), last);
-    f.Click(list, 0, 0);
+    Click(list, 0, 0);
     QTest::keyClick(list->Editor(), Qt::Key_Up);
     EXPECT_EQ(list->EditedRow(), 0);
     QTest::keyClick(list->Editor(), Qt::Key_Return);
@@ -244,24 +246,21 @@ TEST(InputEditor, HelpOpensItsTopicThroughTheMainWindow) {
 }
 
 TEST(InputEditor, CancelPutsEverythingBack) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput()));
     const InputProblem before = fixture.Ws().input;
     const QString status = fixture.Window().StatusText();
     test::WhenWindowShows(QStringLiteral("FrmEditInput"), [&fixture](QWidget* window) {
         auto* editor = static_cast<InputEditor*>(window);
         InputList* cations = editor->List(InputEditor::CationList);
-        QTest::mouseClick(cations->viewport(), Qt::LeftButton, {}, cations->visualItemRect(cations->item(1, 1)).center());
-        QTest::keyClicks(cations->Editor(), QStringLiteral("5"));
-        QTest::keyClick(cations->Editor(), Qt::Key_Return);
+        TypeInRow(cations, 1, QStringLiteral("5"));
         QTest::keyClicks(editor->Description(), QStringLiteral(" changed"));
         editor->Pages()->Precipitation()->click();
         editor->Pages()->ModelGroup()->button(kMsaModel)->click();
         editor->Pages()->Redox()->click();
         editor->Pages()->Pe()->setText(QStringLiteral("4"));
         editor->Pages()->OrganicGroup()->button(3)->click();
-        QTest::mouseClick(cations->viewport(), Qt::LeftButton, {}, cations->visualItemRect(cations->item(0, 3)).center());
+        Click(cations, 0, 3);
         cations->TypeList()->hidePopup();
         emit cations->TypeList()->activated(0);
         EXPECT_EQ(fixture.Ws().input.components[0].inputType, InputType::TotalConc);
@@ -275,8 +274,7 @@ TEST(InputEditor, CancelPutsEverythingBack) {
 }
 
 TEST(InputEditor, OkReportsTheChecksAndSwitchesAdsorptionOn) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     const int32_t ads = EditorRowsOf(ws.chem.db()).adsorbents.front();
     ws.input.components[size_t(ads)].inputValue = 1e-4;
@@ -290,56 +288,6 @@ TEST(InputEditor, OkReportsTheChecksAndSwitchesAdsorptionOn) {
     ASSERT_EQ(fixture.boxes.size(), 1u);
     EXPECT_NE(fixture.boxes[0].lines.front().find(LanguageText(ws.language, "Input", "ConsistencyError2")),
               std::string::npos);
-}
-
-std::vector<double> Concentrations(const Workspace& ws) {
-    std::vector<double> values;
-    for (const SpeciesResult& s : ws.results.records.species) values.push_back(s.concentration);
-    return values;
-}
-
-TEST(InputEditor, EditedSavedAndReopenedWaterCalculatesAsTheFileEditedByHand) {
-    std::vector<double> edited;
-    {
-        test::DesktopFixture fixture;
-        ASSERT_FALSE(fixture.Start().endProcess);
-        MainWindow& window = fixture.Window();
-        const std::string path = fixture.ExampleInput();
-        window.ReceiveHandover(275, QString::fromStdString(path));
-        test::WhenWindowShows(QStringLiteral("FrmEditInput"), [](QWidget* window) {
-            auto* editor = static_cast<InputEditor*>(window);
-            InputList* cations = editor->List(InputEditor::CationList);
-            for (int r = 0; r < cations->rowCount(); ++r)
-                if (cations->item(r, 0)->text() == QStringLiteral("Ca")) {
-                    QTest::mouseClick(cations->viewport(), Qt::LeftButton, {},
-                                      cations->visualItemRect(cations->item(r, 1)).center());
-                    cations->Editor()->clear();
-                    QTest::keyClicks(cations->Editor(), QStringLiteral("0.003"));
-                    QTest::keyClick(cations->Editor(), Qt::Key_Return);
-                }
-            editor->Pages()->Precipitation()->click();
-            editor->ToolButton(0)->click();
-        });
-        window.DispatchCommand(1114);
-        window.DispatchCommand(1115);  // save to the opened file
-        window.ReceiveHandover(275, QString::fromStdString(path));
-        window.DispatchCommand(1121);
-        edited = Concentrations(fixture.Ws());
-    }
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
-    std::u16string text = ReadUtf16File(std::string(TORMEL_SOURCE_DIR) + "/data/examples/hard_water.i64").value();
-    auto replace = [&text](std::u16string_view from, std::u16string_view to) {
-        text.replace(text.find(from), from.size(), to);
-    };
-    replace(u"Ca: 0.002", u"Ca: 0.003");
-    replace(u"Precipitation equilibria: not included", u"Precipitation equilibria: included");
-    const std::string byHand = fixture.Ws().folders.inputFolder + "by_hand.i64";
-    ASSERT_TRUE(WriteUtf16File(byHand, text));
-    fixture.Window().ReceiveHandover(275, QString::fromStdString(byHand));
-    fixture.Window().DispatchCommand(1121);
-    ASSERT_FALSE(edited.empty());
-    EXPECT_EQ(Concentrations(fixture.Ws()), edited);
 }
 
 }  // namespace

@@ -2,35 +2,18 @@
 // locale) the results show the comma while files keep the point.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
-#include "core/text_file.h"
-#include "core/utf16.h"
 #include "support/comma_locale.h"
+#include "support/scoped_env.h"
 #include "ui/desktop_fixture.h"
 
 namespace tormel {
 namespace {
 
-// Sets LC_ALL in the environment while it lives.
-struct LocaleEnvironment {
-    std::optional<std::string> old;
-    explicit LocaleEnvironment(const char* name) {
-        if (const char* value = std::getenv("LC_ALL")) old = value;
-        setenv("LC_ALL", name, 1);
-    }
-    ~LocaleEnvironment() {
-        if (old) setenv("LC_ALL", old->c_str(), 1);
-        else unsetenv("LC_ALL");
-    }
-};
-
 TEST(DesktopLocale, CommaShownPointWritten) {
-    LocaleEnvironment environment("de_DE.UTF-8");
+    test::ScopedEnv environment("LC_ALL", "de_DE.UTF-8");
     test::CommaLocale comma;
     if (!comma.active()) GTEST_SKIP() << "no locale with a decimal comma installed";
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     EXPECT_EQ(fixture.Ws().decimalSeparator.symbol, ",");
 
     fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput()));
@@ -39,9 +22,7 @@ TEST(DesktopLocale, CommaShownPointWritten) {
         return std::optional<std::string>(copy);
     };
     fixture.Window().DispatchCommand(1116);
-    const std::optional<std::u16string> text = ReadUtf16File(copy);
-    ASSERT_TRUE(text);
-    const std::string written = Utf16ToUtf8(*text);
+    const std::string written = test::ReadUtf16Text(copy);
     EXPECT_NE(written.find("Ca: 0.002 "), std::string::npos) << written;
     EXPECT_NE(written.find("Convergence criterion: 1.0001"), std::string::npos);
 }

@@ -28,8 +28,7 @@ struct PanelCase {
 };
 
 TEST(MainWindow, PanelsOpenPerTileWithTheirButtonsEnabledOrDisabled) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     MainWindow& window = fixture.Window();
     EXPECT_EQ(window.StatusText(), "Input data: program defaults");
     const PanelCase cases[] = {
@@ -73,8 +72,7 @@ TEST(MainWindow, PanelsOpenPerTileWithTheirButtonsEnabledOrDisabled) {
 }
 
 TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     MainWindow& window = fixture.Window();
     int fileDialogs = 0;
     window.Services().askFileName = [&](bool, const QString&, const std::string&) {
@@ -118,8 +116,7 @@ TEST(MainWindow, EveryCommandOfTheTableReachesItsAction) {
 }
 
 TEST(MainWindow, AcceleratorsOpenTheTilePanels) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     MainWindow& window = fixture.Window();
     QApplication::setActiveWindow(&window);
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
@@ -132,8 +129,7 @@ TEST(MainWindow, AcceleratorsOpenTheTilePanels) {
 }
 
 TEST(MainWindow, ClosingWithModifiedInputAsksAndCancelKeepsTheWindow) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     MainWindow& window = fixture.Window();
     fixture.UseRealMessageBoxes();
     fixture.Ws().input.modified = true;
@@ -157,16 +153,14 @@ TEST(MainWindow, ClosingWithModifiedInputAsksAndCancelKeepsTheWindow) {
 }
 
 TEST(MainWindow, ClosingWithUnmodifiedInputAsksNothing) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     fixture.boxes.clear();
     EXPECT_TRUE(fixture.Window().close());
     EXPECT_TRUE(fixture.boxes.empty());
 }
 
 TEST(MainWindow, GermanLanguageFileDrivesTheTiles) {
-    test::DesktopFixture fixture("deutsch.lang");
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture("deutsch.lang");
     MainWindow& window = fixture.Window();
     EXPECT_EQ(window.TileCaptionLabel(0)->text(), "<u>E</u>ingabe");
     EXPECT_EQ(window.TileCaptionLabel(1)->text(), "<u>B</u>erechnung");

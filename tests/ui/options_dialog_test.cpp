@@ -12,8 +12,7 @@ namespace tormel {
 namespace {
 
 TEST(OptionsDialogWindow, OkWritesSwitchesAndColoursAndResetDeletesTheOptions) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Settings& settings = fixture.Ws().settings;
     settings.WriteSettingBool("Options", "Remember-Folders", false);
     settings.WriteSettingInt("Options", "ColorHyperL", 0x0000FF);

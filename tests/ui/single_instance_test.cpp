@@ -20,8 +20,7 @@ int HandOver(const std::string& path) {
 }
 
 TEST(SingleInstance, HandoverOpensTheFileAndIsRefusedWhileBusy) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     ASSERT_TRUE(fixture.session->Server().IsListening());
     const std::string input = fixture.ExampleInput();
 

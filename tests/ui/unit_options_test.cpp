@@ -24,8 +24,7 @@ QPushButton* Button(QWidget* dialog, const std::string& text) {
 }
 
 TEST(UnitOptions, OkTakesTheControlsCancelNeverConfirms) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     const std::string ok = LanguageText(ws.language, "UnitOptions", "OK");
     const std::string cancel = LanguageText(ws.language, "UnitOptions", "Cancel");

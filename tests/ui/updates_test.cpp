@@ -10,7 +10,6 @@
 #include <fstream>
 
 #include "output/export_rows.h"
-#include "shell/file_date.h"
 #include "ui/desktop_fixture.h"
 #include "ui/loopback_site.h"
 #include "updates/open_document.h"
@@ -38,14 +37,12 @@ struct UpdatesTest : ::testing::Test {
     std::string Text(const char* section, const char* key) { return LanguageText(fixture.Ws().language, section, key); }
 };
 
-TEST_F(UpdatesTest, ListShowsNewerProgramMissingDataFileAndSkipsHelpOfTheSameDay) {
+// (which rows the list gives is UpdateList's matter)
+TEST_F(UpdatesTest, ListOfTheSiteShowsItsRowsInTheWindow) {
     test::TempFolder program;
     fs::create_directories(program.File("RawData"));
-    std::ofstream(program.File("TORMEL64.CHM")) << "help";
     fixture.Ws().folders.programFolder = program.Path();
-    const std::string helpDate = FileDateText(program.File("TORMEL64.CHM"), DateZone::Local);
-    site.Serve("avlbl64.txt", test::Utf16Text(QString::fromStdString("TORMEL64.EXE,99.0.0.1\nEQUILIB.RW64,1.2\n"
-                                                                     "TORMEL64.CHM," + helpDate + "\n")));
+    site.Serve("avlbl64.txt", test::Utf16Text(QStringLiteral("TORMEL64.EXE,99.0.0.1\nEQUILIB.RW64,1.2\n")));
 
     std::vector<QStringList> rows;
     test::WhenWindowShows(QStringLiteral("FrmUpdates"), [&](QWidget* window) {

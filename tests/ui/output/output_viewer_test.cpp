@@ -30,14 +30,6 @@
 namespace tormel {
 namespace {
 
-// Calculates an example water in the main window, which opens the viewer of set 0.
-OutputViewer* Calculate(test::DesktopFixture& fixture, const std::string& example) {
-    fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput(example)));
-    fixture.Window().DispatchCommand(1121);
-    QApplication::processEvents();
-    return OpenViewerOfSetZero();
-}
-
 std::vector<QTreeWidgetItem*> Rows(QTreeWidget* list) {
     std::vector<QTreeWidgetItem*> rows;
     for (int i = 0; i < list->topLevelItemCount(); ++i) rows.push_back(list->topLevelItem(i));
@@ -63,10 +55,9 @@ TEST(ViewerRows, ColoursByRowClass) {
 }
 
 TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
-    OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
+    OutputViewer* viewer = fixture.CalculateExample("hard_water.i64");
     ASSERT_NE(viewer, nullptr);
     EXPECT_EQ(viewer->windowModality(), Qt::WindowModal);
 
@@ -143,9 +134,8 @@ TEST(OutputViewer, TreeTablesTipsReactionsAndUnits) {
 }
 
 TEST(OtherInfoWindow, SolidsTabColoursAndReactions) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
-    OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
+    test::StartedDesktop fixture;
+    OutputViewer* viewer = fixture.CalculateExample("hard_water.i64");
     ASSERT_NE(viewer, nullptr);
     OtherInfoWindow* info = OpenOtherInfoWindow(fixture.Ws(), 0, viewer);
     // Davies, no organic matter, no adsorption: general, solids, gases (the
@@ -173,12 +163,11 @@ TEST(OtherInfoWindow, SolidsTabColoursAndReactions) {
 }
 
 TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
     std::vector<std::string> files;
     for (const char* example : {"hard_water.i64", "soft_water.i64", "river_doc.i64"}) {
-        Calculate(fixture, example)->close();
+        fixture.CalculateExample(example)->close();
         files.push_back(fixture.folder.File(std::string(example) + ".o64"));
         ASSERT_TRUE(WriteOutputFile(files.back(), ws.results, 0));
     }
@@ -209,9 +198,8 @@ TEST(ComparisonWindow, RemovingTheSecondOfThreeSets) {
 // However narrow the viewer (three side by side, or at a large display scale),
 // each toolbar control is either whole on screen or offered by the overflow menu.
 TEST(OutputViewer, NarrowToolbarKeepsEveryControlReachable) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
-    OutputViewer* viewer = Calculate(fixture, "hard_water.i64");
+    test::StartedDesktop fixture;
+    OutputViewer* viewer = fixture.CalculateExample("hard_water.i64");
     const ViewerToolbar& bar = viewer->Toolbar();
     for (int width : {1280, 640, 430, 213}) {
         SCOPED_TRACE(width);
@@ -242,10 +230,9 @@ TEST(OutputViewer, NarrowToolbarKeepsEveryControlReachable) {
 // A viewer opened from the main window during a comparison leaves the main
 // window usable and arranges the compared viewers only when auto-arrange is on.
 TEST(ComparisonWindow, ViewerOpenedMeanwhileArrangesOnlyWithAutoArrange) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     Workspace& ws = fixture.Ws();
-    Calculate(fixture, "hard_water.i64")->close();
+    fixture.CalculateExample("hard_water.i64")->close();
     const std::string file = fixture.folder.File("hard_water.o64");
     ASSERT_TRUE(WriteOutputFile(file, ws.results, 0));
     OpenComparison(ws, &fixture.Window());

@@ -4,9 +4,10 @@
 
 #include <string>
 
-#include <QDir>
 #include <QImage>
 #include <QPainter>
+
+#include "ui/screenshot.h"
 
 namespace tormel {
 namespace {
@@ -138,9 +139,10 @@ TEST(PieChartDrawing, GreyForPrintingWithoutColours) {
     }
 }
 
-// The pie charts of a water, a negative amount and a single slice, saved
-// into the screenshots for a person to look at.
-TEST(PieChartDrawing, SheetForLooking) {
+// The pie charts of a water, a negative amount and a single slice, for a
+// person to look at.
+TEST(Screenshots, PieCharts) {
+    if (!test::ScreenshotsWanted()) GTEST_SKIP() << "run by scripts/screenshots.sh";
     QImage sheet(960, 520, QImage::Format_ARGB32);
     sheet.fill(Qt::white);
     QPainter painter(&sheet);
@@ -155,8 +157,7 @@ TEST(PieChartDrawing, SheetForLooking) {
                      {QStringLiteral("Fractions"), QStringLiteral("Negative amounts cannot be shown in a pie chart."),
                       k != 1, true});
     painter.end();
-    QDir().mkpath(TORMEL_SCREENSHOT_DIR);
-    EXPECT_TRUE(sheet.save(TORMEL_SCREENSHOT_DIR "/pie_charts.png"));
+    ASSERT_TRUE(sheet.save(test::ScreenshotPath(QStringLiteral("pie_charts"))));
 }
 
 }  // namespace

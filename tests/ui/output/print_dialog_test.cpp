@@ -18,8 +18,7 @@ namespace tormel {
 namespace {
 
 TEST(PrintDialog, PrintsToAPdfFileAndRemembersTheChoices) {
-    test::DesktopFixture fixture;
-    ASSERT_FALSE(fixture.Start().endProcess);
+    test::StartedDesktop fixture;
     fixture.Window().ReceiveHandover(275, QString::fromStdString(fixture.ExampleInput()));
     fixture.Window().DispatchCommand(1121);
     ASSERT_NE(OpenViewerOfSetZero(), nullptr);
