@@ -19,7 +19,10 @@ namespace {
 // The blanks the profile functions drop around names and values.
 constexpr std::string_view kBlanks = " \t\r\n\v\f\x1a";
 
+bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r') || c == '\x1a'; }
+
 std::string_view Trim(std::string_view s) {
+    if (!s.empty() && !IsBlank(s.front()) && !IsBlank(s.back())) return s;  // the usual name
     const size_t first = s.find_first_not_of(kBlanks);
     if (first == std::string_view::npos) return {};
     const size_t last = s.find_last_not_of(kBlanks);
@@ -184,27 +187,28 @@ public:
     LookupKey(std::string_view section, std::string_view key) {
         section = Trim(section);
         key = Trim(key);
-        if (section.size() + 1 + key.size() <= buffer_.size() && IsAscii(section) && IsAscii(key)) {
+        if (section.size() + 1 + key.size() <= buffer_.size()) {
             char* p = buffer_.data();
-            p = FoldAscii(section, p);
+            unsigned char high = 0;  // any byte of a UTF-8 sequence sets the top bit
+            p = FoldAscii(section, p, high);
             *p++ = IniFile::Cache::kKeyJoin;
-            p = FoldAscii(key, p);
-            view_ = std::string_view(buffer_.data(), static_cast<size_t>(p - buffer_.data()));
-        } else {
-            long_ = IniFile::Cache::Join(FoldCase(section), FoldCase(key));
-            view_ = long_;
+            p = FoldAscii(key, p, high);
+            if (high < 0x80) {
+                view_ = std::string_view(buffer_.data(), static_cast<size_t>(p - buffer_.data()));
+                return;
+            }
         }
+        long_ = IniFile::Cache::Join(FoldCase(section), FoldCase(key));
+        view_ = long_;
     }
     std::string_view View() const { return view_; }
 
 private:
-    static bool IsAscii(std::string_view text) {
-        for (const char c : text)
-            if (static_cast<unsigned char>(c) >= 0x80) return false;
-        return true;
-    }
-    static char* FoldAscii(std::string_view text, char* out) {
-        for (const char c : text) *out++ = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    static char* FoldAscii(std::string_view text, char* out, unsigned char& high) {
+        for (const char c : text) {
+            high |= static_cast<unsigned char>(c);
+            *out++ = static_cast<char>(c | ((c >= 'A' && c <= 'Z') ? 0x20 : 0));
+        }
         return out;
     }
 

@@ -2,41 +2,18 @@
 
 #include <algorithm>
 
-
 namespace tormel {
-
-namespace {
-
-// Rows the grid holds before it first grows, and the rows it grows by.
-constexpr size_t kInitialRows = 50;
-constexpr size_t kGrowthRows = 10;
-
-}  // namespace
 
 InfoBlockWriter::InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator)
     : block_(block) {
     block_ = InfoBlock{};
     block_.formats = formats;
     block_.separator = separator;
-    block_.cells.reserve(kInitialRows * kInfoColumns);
-    block_.rowKeys.reserve(kInitialRows);
 }
 
-void InfoBlockWriter::MoveTo(int32_t row) {
-    row_ = std::max(row_, row);
-    const size_t needed = static_cast<size_t>(row_) + 1;
-    if (needed > block_.rowKeys.capacity()) {
-        size_t capacity = block_.rowKeys.capacity();
-        while (capacity < needed) capacity += kGrowthRows;
-        block_.rowKeys.reserve(capacity);
-        block_.cells.reserve(capacity * kInfoColumns);
-    }
-}
+void InfoBlockWriter::MoveTo(int32_t row) { row_ = std::max(row_, row); }
 
-InfoCell& InfoBlockWriter::Cell(int32_t column) {
-    MoveTo(row_);
-    return block_.Cell(std::clamp(column, 0, kInfoColumns - 1), row_);
-}
+InfoCell& InfoBlockWriter::Cell(int32_t column) { return block_.Cell(std::clamp(column, 0, kInfoColumns - 1), row_); }
 
 void InfoBlockWriter::Text(int32_t column, std::string text) {
     InfoCell& cell = Cell(column);

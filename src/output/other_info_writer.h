@@ -1,6 +1,6 @@
 #pragma once
 // Fills one block of the "Other info" report row by row. A row counter
-// starts at 0 and only moves forward; the grid grows as the counter reaches
+// starts at 0 and only moves forward; the grid grows as cells are written in
 // new rows and keeps every cell written before. Cells follow the report's
 // conventions: a numeric cell keeps its unformatted number and is shown in
 // the scientific, logarithm or percentage format of the block (the
