@@ -3,6 +3,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include <algorithm>
 #include <atomic>
@@ -73,13 +76,23 @@ std::u16string JoinLineEnds(std::u16string_view in) {
     return text;
 }
 
+// The little-endian units after an optional byte-order mark, CR LF joined to
+// LF as JoinLineEnds does, in one pass.
 std::u16string DecodeUtf16Le(std::string_view b) {
     const size_t start = StartsWith(b, "\xFF\xFE") ? 2 : 0;
-    std::u16string units;
-    units.reserve((b.size() - start) / 2);
-    for (size_t i = start; i + 1 < b.size(); i += 2)
-        units += static_cast<char16_t>(static_cast<unsigned char>(b[i]) | (static_cast<unsigned char>(b[i + 1]) << 8));
-    return JoinLineEnds(units);
+    std::u16string units((b.size() - start) / 2, u'\0');
+    char16_t* const begin = units.data();
+    char16_t* out = begin;
+    for (size_t i = start; i + 1 < b.size(); i += 2) {
+        const auto unit =
+            static_cast<char16_t>(static_cast<unsigned char>(b[i]) | (static_cast<unsigned char>(b[i + 1]) << 8));
+        if (unit == u'\n' && out != begin && out[-1] == u'\r')
+            out[-1] = u'\n';
+        else
+            *out++ = unit;
+    }
+    units.resize(static_cast<size_t>(out - begin));
+    return units;
 }
 
 }  // namespace
@@ -167,23 +180,6 @@ bool WriteUtf16File(const std::string& path, std::u16string_view text, FileError
 
 namespace {
 
-// The length of the run of ASCII without a line feed that starts `text`,
-// found eight bytes at a time (a shorter tail is left to the caller).
-size_t PlainAsciiRun(std::string_view text) {
-    constexpr uint64_t kHighBits = 0x8080808080808080ull;
-    constexpr uint64_t kOnes = 0x0101010101010101ull;
-    constexpr uint64_t kLineFeeds = 0x0A0A0A0A0A0A0A0Aull;
-    size_t run = 0;
-    while (run + 8 <= text.size()) {
-        uint64_t word;
-        std::memcpy(&word, text.data() + run, 8);
-        const uint64_t lineFeed = word ^ kLineFeeds;  // a zero byte where a line feed was
-        if ((word & kHighBits) != 0 || ((lineFeed - kOnes) & ~lineFeed & kHighBits) != 0) break;
-        run += 8;
-    }
-    return run;
-}
-
 // Four bytes as four little-endian 16-bit units with zero high bytes (on a
 // little-endian machine, as the file wants them).
 uint64_t SpreadBytes(uint32_t bytes) {
@@ -193,12 +189,52 @@ uint64_t SpreadBytes(uint32_t bytes) {
     return x;
 }
 
+// Widens the run of ASCII without a line feed that starts `text` into
+// UTF-16LE at `out`, sixteen or eight bytes at a time, and returns its
+// length; a tail shorter than eight bytes is left to the caller. `out` must
+// have room for 2 x text.size() bytes.
+size_t WidenPlainAscii(std::string_view text, char* out) {
+    size_t run = 0;
+#if defined(__SSE2__)
+    const __m128i lineFeeds = _mm_set1_epi8('\n');
+    const __m128i zero = _mm_setzero_si128();
+    for (; run + 16 <= text.size(); run += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + run));
+        // the high bit of a byte above ASCII or of a line feed's match
+        const int stops = _mm_movemask_epi8(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, lineFeeds)));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 2 * run), _mm_unpacklo_epi8(bytes, zero));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 2 * run + 16), _mm_unpackhi_epi8(bytes, zero));
+        if (stops != 0) return run + static_cast<size_t>(std::countr_zero(static_cast<unsigned>(stops)));
+    }
+#endif
+    constexpr uint64_t kHighBits = 0x8080808080808080ull;
+    constexpr uint64_t kOnes = 0x0101010101010101ull;
+    constexpr uint64_t kLineFeeds = 0x0A0A0A0A0A0A0A0Aull;
+    for (; run + 8 <= text.size(); run += 8) {
+        uint64_t word;
+        std::memcpy(&word, text.data() + run, 8);
+        const uint64_t lineFeed = word ^ kLineFeeds;  // a zero byte where a line feed was
+        if ((word & kHighBits) != 0 || ((lineFeed - kOnes) & ~lineFeed & kHighBits) != 0) break;
+        if constexpr (std::endian::native == std::endian::little) {
+            const uint64_t units[2] = {SpreadBytes(static_cast<uint32_t>(word)),
+                                       SpreadBytes(static_cast<uint32_t>(word >> 32))};
+            std::memcpy(out + 2 * run, units, 16);
+        } else {
+            for (size_t b = run; b < run + 8; ++b) {
+                out[2 * b] = text[b];
+                out[2 * b + 1] = '\0';
+            }
+        }
+    }
+    return run;
+}
+
 }  // namespace
 
 bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileError* error) {
     // Room for the worst case (a line feed: one byte in, four out), filled
     // through a pointer: runs of ASCII without a line feed, nearly all of
-    // what is written, are widened in one loop; a line feed gets its carriage
+    // what is written, are widened by blocks; a line feed gets its carriage
     // return; anything else goes through the decoder, as ForEachUtf16Unit
     // splits it (no line feed among it).
     std::unique_ptr<char[]> buffer(new char[2 + 4 * utf8Text.size()]);
@@ -206,21 +242,7 @@ bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileErro
     *out++ = static_cast<char>(0xFF);
     *out++ = static_cast<char>(0xFE);
     for (size_t i = 0; i < utf8Text.size();) {
-        const size_t run = PlainAsciiRun(utf8Text.substr(i));
-        for (size_t k = 0; k < run; k += 8) {
-            if constexpr (std::endian::native == std::endian::little) {
-                uint64_t word;
-                std::memcpy(&word, utf8Text.data() + i + k, 8);
-                const uint64_t units[2] = {SpreadBytes(static_cast<uint32_t>(word)),
-                                           SpreadBytes(static_cast<uint32_t>(word >> 32))};
-                std::memcpy(out + 2 * k, units, 16);
-            } else {
-                for (size_t b = k; b < k + 8; ++b) {
-                    out[2 * b] = utf8Text[i + b];
-                    out[2 * b + 1] = '\0';
-                }
-            }
-        }
+        const size_t run = WidenPlainAscii(utf8Text.substr(i), out);
         out += 2 * run;
         i += run;
         if (i == utf8Text.size()) break;

@@ -30,12 +30,12 @@ void TokenReader::SkipSpace() {
 bool TokenReader::ReadLine(std::u16string& line, size_t maxChars) {
     line.clear();
     if (pos_ >= text_.size()) return false;
-    while (pos_ < text_.size() && line.size() < maxChars) {
-        char16_t c = text_[pos_];
-        Advance(1);
-        line += c;
-        if (c == u'\n') break;
-    }
+    const std::u16string_view rest = std::u16string_view(text_).substr(pos_, maxChars);
+    const size_t lineFeed = rest.find(u'\n');
+    const size_t length = lineFeed == std::u16string_view::npos ? rest.size() : lineFeed + 1;
+    line.assign(rest.substr(0, length));
+    pos_ += length;
+    if (lineFeed != std::u16string_view::npos) ++line_;
     return true;
 }
 

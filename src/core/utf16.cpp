@@ -83,9 +83,13 @@ std::u16string Utf8ToUtf16(std::string_view utf8) {
 }
 
 std::string Utf16ToUtf8(std::u16string_view utf16) {
-    std::string out;
-    out.reserve(utf16.size());
-    for (size_t i = 0; i < utf16.size(); ++i) {
+    // ASCII, nearly every text the files hold, narrowed in place
+    std::string out(utf16.size(), '\0');
+    size_t i = 0;
+    for (; i < utf16.size() && utf16[i] < 0x80; ++i) out[i] = static_cast<char>(utf16[i]);
+    if (i == utf16.size()) return out;
+    out.resize(i);
+    for (; i < utf16.size(); ++i) {
         char32_t c = utf16[i];
         if (c >= 0xD800 && c <= 0xDBFF) {
             if (i + 1 < utf16.size() && utf16[i + 1] >= 0xDC00 && utf16[i + 1] <= 0xDFFF) {

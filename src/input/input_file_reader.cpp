@@ -122,7 +122,7 @@ std::optional<double> RealWithUnit(std::string_view value, std::string_view unit
     return CompleteReal(TrimBlanksAndLineFeeds(value));
 }
 
-KeywordResult ApplyKeyword(std::string_view key, std::string_view value, const std::u16string& value16,
+KeywordResult ApplyKeyword(std::string_view key, std::string_view value, std::u16string_view value16,
                            InputProblem& input) {
     if (EqualsIgnoreCase(key, "description")) {
         input.description = Utf16ToUtf8(CutUtf16(value16, kDescriptionLimit));
@@ -217,8 +217,8 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         if (colon == 0) return Error("ErrorOpen3", lineNumber);
         std::u16string_view whole(line);
         std::string key = Utf16ToUtf8(colon == std::u16string::npos ? whole : whole.substr(0, colon));
-        std::u16string value16(colon == std::u16string::npos ? std::u16string_view()
-                                                             : TrimBlanksAndLineFeeds16(whole.substr(colon + 1)));
+        const std::u16string_view value16 =
+            colon == std::u16string::npos ? std::u16string_view() : TrimBlanksAndLineFeeds16(whole.substr(colon + 1));
         std::string value = Utf16ToUtf8(value16);
         auto refused = [&](const char* errorKey) {
             return ErrorWithLine(errorKey, lineNumber, Utf16ToUtf8(WithoutLineFeed(whole)));
