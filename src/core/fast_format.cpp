@@ -133,14 +133,25 @@ constexpr std::array<char, 200> kDigitPairs = [] {
     return pairs;
 }();
 
-// The `count` digits of `digits`, most significant first.
-void DigitsOf(uint64_t digits, int count, char* out) {
+// The `count` (at most 9) digits of `digits`, most significant first, two
+// per step in 32-bit arithmetic.
+void SmallDigitsOf(uint32_t digits, int count, char* out) {
     int d = count;
     for (; d >= 2; d -= 2) {
-        std::memcpy(out + d - 2, &kDigitPairs[static_cast<size_t>(2 * (digits % 100))], 2);
+        std::memcpy(out + d - 2, &kDigitPairs[2 * (digits % 100)], 2);
         digits /= 100;
     }
-    if (d == 1) out[0] = static_cast<char>('0' + digits % 10);
+    if (d == 1) out[0] = static_cast<char>('0' + digits);
+}
+
+// The `count` (at most 17) digits of `digits`, most significant first.
+void DigitsOf(uint64_t digits, int count, char* out) {
+    if (count <= 8) {
+        SmallDigitsOf(static_cast<uint32_t>(digits), count, out);
+        return;
+    }
+    SmallDigitsOf(static_cast<uint32_t>(digits / 100000000), count - 8, out);
+    SmallDigitsOf(static_cast<uint32_t>(digits % 100000000), 8, out + count - 8);
 }
 
 // inf / nan as printf writes them.

@@ -77,19 +77,25 @@ std::u16string JoinLineEnds(std::u16string_view in) {
 }
 
 // The little-endian units after an optional byte-order mark, CR LF joined to
-// LF as JoinLineEnds does, in one pass.
+// LF as JoinLineEnds does, in place.
 std::u16string DecodeUtf16Le(std::string_view b) {
     const size_t start = StartsWith(b, "\xFF\xFE") ? 2 : 0;
-    std::u16string units((b.size() - start) / 2, u'\0');
+    const size_t count = (b.size() - start) / 2;
+    std::u16string units(count, u'\0');
     char16_t* const begin = units.data();
-    char16_t* out = begin;
-    for (size_t i = start; i + 1 < b.size(); i += 2) {
-        const auto unit =
-            static_cast<char16_t>(static_cast<unsigned char>(b[i]) | (static_cast<unsigned char>(b[i + 1]) << 8));
-        if (unit == u'\n' && out != begin && out[-1] == u'\r')
-            out[-1] = u'\n';
-        else
-            *out++ = unit;
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(begin, b.data() + start, 2 * count);
+    } else {
+        for (size_t i = 0; i < count; ++i)
+            begin[i] = static_cast<char16_t>(static_cast<unsigned char>(b[start + 2 * i]) |
+                                             (static_cast<unsigned char>(b[start + 2 * i + 1]) << 8));
+    }
+    const char16_t* const end = begin + count;
+    char16_t* out = std::find(begin, begin + count, u'\r');  // nothing moves before the first CR
+    for (const char16_t* in = out; in != end; ++in) {
+        char16_t c = *in;
+        if (c == u'\r' && in + 1 != end && in[1] == u'\n') c = *++in;
+        *out++ = c;
     }
     units.resize(static_cast<size_t>(out - begin));
     return units;
@@ -113,13 +119,12 @@ std::optional<std::u16string> ReadUtf16OrUtf8File(const std::string& path, FileE
 }
 
 bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileError* error) {
-    fs::path target(path);
-    fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    // unique within the process (threads may write at once) and across processes
+    // a hidden name beside the target, unique within the process (threads
+    // may write at once) and across processes
     static std::atomic<uint32_t> written{0};
-    const std::string tmpName = "." + target.filename().string() + ".tmp" + std::to_string(getpid()) + "-" +
-                                std::to_string(written.fetch_add(1));
-    fs::path tmp = folder / tmpName;
+    const size_t nameAt = path.rfind('/') + 1;  // 0 without a folder
+    const std::string tmp = path.substr(0, nameAt) + "." + path.substr(nameAt) + ".tmp" + std::to_string(getpid()) +
+                            "-" + std::to_string(written.fetch_add(1));
     auto fail = [&](const std::string& what) {
         if (error) *error = {path, what + ": " + std::strerror(errno ? errno : EIO)};
         std::error_code ec;
@@ -143,7 +148,7 @@ bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileEr
     }
     ok = (::close(fd) == 0) && ok;
     if (!ok) return fail("cannot write the file");
-    if (std::rename(tmp.c_str(), target.c_str()) != 0) return fail("cannot replace the file");
+    if (std::rename(tmp.c_str(), path.c_str()) != 0) return fail("cannot replace the file");
     return true;
 }
 

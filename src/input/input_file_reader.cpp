@@ -1,5 +1,6 @@
 #include "input/input_file_reader.h"
 
+#include <cmath>
 #include <filesystem>
 #include <vector>
 
@@ -51,6 +52,11 @@ std::u16string_view TrimBlanksAndLineFeeds16(std::u16string_view s) {
 
 std::u16string_view WithoutLineFeed(std::u16string_view s) {
     while (!s.empty() && (s.back() == u'\n' || s.back() == u'\r')) s.remove_suffix(1);
+    return s;
+}
+
+std::string_view WithoutLineFeed8(std::string_view s) {
+    while (!s.empty() && (s.back() == '\n' || s.back() == '\r')) s.remove_suffix(1);
     return s;
 }
 
@@ -171,11 +177,10 @@ KeywordResult ApplyKeyword(std::string_view key, std::string_view value, std::u1
 // number cannot be read.
 bool ApplyComponentLine(ComponentInput& component, std::string_view value) {
     size_t used = 0;
-    LeadingReal(value, &used);
-    std::optional<double> number = CompleteReal(value.substr(0, used));
+    const double number = LeadingReal(value, &used);  // all it read, as CompleteReal would take it
     std::string_view rest = value.substr(used);
-    if (!number || (!rest.empty() && rest.front() != ' ')) return false;
-    component.inputValue = *number;
+    if (used == 0 || !std::isfinite(number) || (!rest.empty() && rest.front() != ' ')) return false;
+    component.inputValue = number;
     if (auto type = InputTypeFromFileText(TrimBlanksAndLineFeeds(rest))) component.inputType = *type;
     return true;
 }
@@ -216,12 +221,17 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         size_t colon = line.find(u':');
         if (colon == 0) return Error("ErrorOpen3", lineNumber);
         std::u16string_view whole(line);
-        std::string key = Utf16ToUtf8(colon == std::u16string::npos ? whole : whole.substr(0, colon));
         const std::u16string_view value16 =
             colon == std::u16string::npos ? std::u16string_view() : TrimBlanksAndLineFeeds16(whole.substr(colon + 1));
-        std::string value = Utf16ToUtf8(value16);
+        // the line converted once; the colon and the blanks are the same characters in it
+        const std::string line8 = Utf16ToUtf8(whole);
+        const std::string_view whole8(line8);
+        const size_t colon8 = whole8.find(':');
+        const std::string_view key = whole8.substr(0, colon8);
+        const std::string_view value =
+            colon8 == std::string_view::npos ? std::string_view() : TrimBlanksAndLineFeeds(whole8.substr(colon8 + 1));
         auto refused = [&](const char* errorKey) {
-            return ErrorWithLine(errorKey, lineNumber, Utf16ToUtf8(WithoutLineFeed(whole)));
+            return ErrorWithLine(errorKey, lineNumber, std::string(WithoutLineFeed8(whole8)));
         };
 
         KeywordResult keyword = ApplyKeyword(key, value, value16, input);
@@ -239,7 +249,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         }
 
         int32_t component = FindComponentIgnoreCase(db, key);
-        if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, Utf16ToUtf8(whole));
+        if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, line8);
         const auto slot = static_cast<size_t>(component);
         if (givenAt[slot] > 0) {
             InputFileError duplicate = refused("ErrorDuplicate");
@@ -249,7 +259,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         }
         if (!ApplyComponentLine(input.components[slot], value)) return refused("ErrorNumber");
         givenAt[slot] = lineNumber;
-        givenLine[slot] = Utf16ToUtf8(WithoutLineFeed(whole));
+        givenLine[slot] = WithoutLineFeed8(whole8);
     }
     return std::nullopt;
 }
