@@ -24,27 +24,32 @@ namespace tormel {
 namespace fs = std::filesystem;
 
 std::optional<std::string> ReadBinaryFile(const std::string& path) {
-    FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) return std::nullopt;
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return std::nullopt;
     struct stat st {};
     std::optional<std::string> bytes;
-    if (fstat(fileno(f), &st) == 0 && !S_ISDIR(st.st_mode)) {
-        // the size is a hint: a file that grows or shrinks meanwhile is read to its end
-        std::string data(static_cast<size_t>(std::max<off_t>(st.st_size, 0)), '\0');
-        size_t used = std::fread(data.data(), 1, data.size(), f);
-        char more[4096];
-        for (size_t n; used == data.size() && (n = std::fread(more, 1, sizeof more, f)) > 0;) {
-            data.append(more, n);
-            used = data.size();
-        }
-        if (!std::ferror(f)) {
-            data.resize(used);
-            bytes = std::move(data);
+    if (fstat(fd, &st) == 0 && !S_ISDIR(st.st_mode)) {
+        // the size is a hint: a file that grows or shrinks meanwhile is read
+        // to its end (one byte more, so that the end is found without growing)
+        std::string data(static_cast<size_t>(std::max<off_t>(st.st_size, 0)) + 1, '\0');
+        size_t used = 0;
+        for (;;) {
+            if (used == data.size()) data.resize(used + 4096);
+            const ssize_t n = ::read(fd, data.data() + used, data.size() - used);
+            if (n > 0) {
+                used += static_cast<size_t>(n);
+            } else if (n == 0) {
+                data.resize(used);
+                bytes = std::move(data);
+                break;
+            } else if (errno != EINTR) {
+                break;
+            }
         }
     } else {
         errno = EISDIR;
     }
-    std::fclose(f);
+    ::close(fd);
     return bytes;
 }
 

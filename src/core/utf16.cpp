@@ -83,11 +83,17 @@ std::u16string Utf8ToUtf16(std::string_view utf8) {
 }
 
 std::string Utf16ToUtf8(std::u16string_view utf16) {
+    std::string out;
+    Utf16ToUtf8(utf16, out);
+    return out;
+}
+
+void Utf16ToUtf8(std::u16string_view utf16, std::string& out) {
     // ASCII, nearly every text the files hold, narrowed in place
-    std::string out(utf16.size(), '\0');
+    out.resize(utf16.size());
     size_t i = 0;
     for (; i < utf16.size() && utf16[i] < 0x80; ++i) out[i] = static_cast<char>(utf16[i]);
-    if (i == utf16.size()) return out;
+    if (i == utf16.size()) return;
     out.resize(i);
     for (; i < utf16.size(); ++i) {
         char32_t c = utf16[i];
@@ -103,7 +109,6 @@ std::string Utf16ToUtf8(std::u16string_view utf16) {
         }
         AppendUtf8(out, c);
     }
-    return out;
 }
 
 size_t Utf16Length(std::string_view utf8) {

@@ -65,8 +65,10 @@ bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(
 // Component index by name, compared without regard to letter case, lowest
 // index first; -1 when there is none.
 int32_t FindComponentIgnoreCase(const Database& db, std::string_view name) {
-    for (int32_t i = 0; i < db.ComponentCount(); ++i)
-        if (EqualsIgnoreCase(db.components[static_cast<size_t>(i)].name, name)) return i;
+    for (int32_t i = 0; i < db.ComponentCount(); ++i) {
+        const std::string& candidate = db.components[static_cast<size_t>(i)].name;
+        if (candidate.size() == name.size() && EqualsIgnoreCase(candidate, name)) return i;
+    }
     return -1;
 }
 
@@ -212,7 +214,8 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
     std::vector<int> givenAt(static_cast<size_t>(db.ComponentCount()), 0);
     std::vector<std::string> givenLine(givenAt.size());
 
-    std::u16string line;
+    std::u16string_view line;
+    std::string line8;  // the line converted once; the colon and the blanks are the same characters in it
     while (true) {
         int lineNumber = reader.Line();
         if (!reader.ReadLine(line, kInputLineLimit)) break;
@@ -223,8 +226,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         std::u16string_view whole(line);
         const std::u16string_view value16 =
             colon == std::u16string::npos ? std::u16string_view() : TrimBlanksAndLineFeeds16(whole.substr(colon + 1));
-        // the line converted once; the colon and the blanks are the same characters in it
-        const std::string line8 = Utf16ToUtf8(whole);
+        Utf16ToUtf8(whole, line8);
         const std::string_view whole8(line8);
         const size_t colon8 = whole8.find(':');
         const std::string_view key = whole8.substr(0, colon8);
