@@ -133,25 +133,30 @@ constexpr std::array<char, 200> kDigitPairs = [] {
     return pairs;
 }();
 
-// The `count` (at most 9) digits of `digits`, most significant first, two
-// per step in 32-bit arithmetic.
-void SmallDigitsOf(uint32_t digits, int count, char* out) {
-    int d = count;
-    for (; d >= 2; d -= 2) {
-        std::memcpy(out + d - 2, &kDigitPairs[2 * (digits % 100)], 2);
-        digits /= 100;
-    }
-    if (d == 1) out[0] = static_cast<char>('0' + digits);
+// Eight digits of `value` (below 10^8), most significant first: two
+// divisions into halves and pairs, four pairs from the table.
+void EightDigits(uint32_t value, char* out) {
+    const uint32_t high = value / 10000, low = value % 10000;
+    std::memcpy(out, &kDigitPairs[2 * (high / 100)], 2);
+    std::memcpy(out + 2, &kDigitPairs[2 * (high % 100)], 2);
+    std::memcpy(out + 4, &kDigitPairs[2 * (low / 100)], 2);
+    std::memcpy(out + 6, &kDigitPairs[2 * (low % 100)], 2);
 }
 
-// The `count` (at most 17) digits of `digits`, most significant first.
-void DigitsOf(uint64_t digits, int count, char* out) {
-    if (count <= 8) {
-        SmallDigitsOf(static_cast<uint32_t>(digits), count, out);
-        return;
-    }
-    SmallDigitsOf(static_cast<uint32_t>(digits / 100000000), count - 8, out);
-    SmallDigitsOf(static_cast<uint32_t>(digits % 100000000), 8, out + count - 8);
+// Room for the seventeen digits DigitsOf writes and for copies of sixteen
+// bytes from any of them.
+using DigitText = std::array<char, 34>;
+
+// The `count` (1..17) digits of `digits` (below 10^count), most significant
+// first: all seventeen are written to `text`, leading zeros included, and
+// the returned pointer is where the `count` wanted begin.
+const char* DigitsOf(uint64_t digits, int count, DigitText& text) {
+    constexpr uint64_t k16 = 10000000000000000ull, k8 = 100000000ull;
+    const uint64_t rest = digits % k16;
+    text[0] = static_cast<char>('0' + digits / k16);
+    EightDigits(static_cast<uint32_t>(rest / k8), text.data() + 1);
+    EightDigits(static_cast<uint32_t>(rest % k8), text.data() + 9);
+    return text.data() + 17 - count;
 }
 
 // inf / nan as printf writes them.
@@ -211,13 +216,13 @@ char* PutScientific(char* p, double value, int precision, bool upper) {
         return PutExactly(p, p + kNumberTextRoom - 1, std::fabs(value), std::chars_format::scientific, precision,
                           upper);
     }
-    DigitsOf(n, precision + 1, p + 1);  // the first digit moves before the point
-    p[0] = p[1];
+    DigitText text{};
+    const char* d = DigitsOf(n, precision + 1, text);
+    *p++ = d[0];
     if (precision > 0) {
-        p[1] = '.';
-        p += precision + 2;
-    } else {
-        p += 1;
+        *p++ = '.';
+        std::memcpy(p, d + 1, 16);  // kNumberTextRoom leaves space for the overshoot
+        p += precision;
     }
     return PutExponent(p, exponent, upper);
 }
@@ -239,11 +244,10 @@ char* PutGeneral(char* p, double value, int precision, bool upper) {
     int exponent = 0;
     if (!SignificantDigits(value, count, n, exponent))
         return PutExactly(p, p + kNumberTextRoom - 1, std::fabs(value), std::chars_format::general, count, upper);
-    std::array<char, 34> digits{};
-    DigitsOf(n, count, digits.data());
+    DigitText text{};
+    const char* d = DigitsOf(n, count, text);
     int kept = count;  // digits up to the last that is not zero
-    while (kept > 1 && digits[static_cast<size_t>(kept - 1)] == '0') --kept;
-    const char* d = digits.data();
+    while (kept > 1 && d[kept - 1] == '0') --kept;
     if (exponent < -4 || exponent >= count) {
         *p++ = d[0];
         if (kept > 1) {
