@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cstdint>
 #include <cmath>
@@ -159,6 +160,24 @@ const char* DigitsOf(uint64_t digits, int count, DigitText& text) {
     return text.data() + 17 - count;
 }
 
+// The digits of `d` up to the last that is not zero (at least one), the
+// zeros counted eight at a time.
+int SignificantLength(const char* d, int count) {
+    int kept = count;
+    if constexpr (std::endian::native == std::endian::little) {
+        constexpr uint64_t kZeros = 0x3030303030303030ull;  // "00000000"
+        while (kept > 8) {
+            uint64_t word;
+            std::memcpy(&word, d + kept - 8, 8);
+            word ^= kZeros;  // a zero byte for each '0'; the last digit is the highest byte
+            if (word != 0) return kept - std::countl_zero(word) / 8;
+            kept -= 8;
+        }
+    }
+    while (kept > 1 && d[kept - 1] == '0') --kept;
+    return kept;
+}
+
 // inf / nan as printf writes them.
 char* PutNotFinite(char* p, double value, bool upper) {
     if (std::signbit(value)) *p++ = '-';
@@ -246,8 +265,7 @@ char* PutGeneral(char* p, double value, int precision, bool upper) {
         return PutExactly(p, p + kNumberTextRoom - 1, std::fabs(value), std::chars_format::general, count, upper);
     DigitText text{};
     const char* d = DigitsOf(n, count, text);
-    int kept = count;  // digits up to the last that is not zero
-    while (kept > 1 && d[kept - 1] == '0') --kept;
+    const int kept = SignificantLength(d, count);
     if (exponent < -4 || exponent >= count) {
         *p++ = d[0];
         if (kept > 1) {

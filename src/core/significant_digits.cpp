@@ -1,5 +1,6 @@
 #include "core/significant_digits.h"
 
+#include <array>
 #include <bit>
 #include <cmath>
 
@@ -28,6 +29,19 @@ constexpr uint64_t kIntPowers[] = {1ull,
                                    1000000000000000ull,
                                    10000000000000000ull,
                                    100000000000000000ull};
+
+// Powers of ten from 10^-40 to 10^40, as near as repeated products and
+// quotients come: they only settle an estimate that the scaling checks.
+constexpr int kTabledPower = 40;
+constexpr std::array<double, 2 * kTabledPower + 1> kApproximatePowers = [] {
+    std::array<double, 2 * kTabledPower + 1> powers{};
+    powers[kTabledPower] = 1;
+    for (int k = 1; k <= kTabledPower; ++k) {
+        powers[static_cast<size_t>(kTabledPower + k)] = powers[static_cast<size_t>(kTabledPower + k - 1)] * 10;
+        powers[static_cast<size_t>(kTabledPower - k)] = powers[static_cast<size_t>(kTabledPower - k + 1)] / 10;
+    }
+    return powers;
+}();
 
 // An unevaluated sum hi + lo with |lo| at most half an ulp of hi.
 struct DoubleDouble {
@@ -75,9 +89,13 @@ bool SignificantDigits(double value, int count, uint64_t& digits, int& exponent)
     if (!(magnitude >= 1e-300 && magnitude <= 1e300)) return false;
     const double low = kPowers[count - 1], high = kPowers[count];
     // floor(log10(2^e)) for the binary exponent e of the value: its decimal
-    // exponent or one less, which the first scaling finds and corrects
+    // exponent or one less, told apart by the next power of ten (a wrong
+    // guess, out of the table or at a power itself, the scaling corrects)
     const int binaryExponent = static_cast<int>((std::bit_cast<uint64_t>(magnitude) >> 52) & 0x7FF) - 1023;
     exponent = (binaryExponent * 78913) >> 18;
+    if (exponent + 1 >= -kTabledPower && exponent + 1 <= kTabledPower &&
+        magnitude >= kApproximatePowers[static_cast<size_t>(exponent + 1 + kTabledPower)])
+        ++exponent;
     // the scaled value hi + lo against the bounds: hi alone may round onto one
     const auto below = [](const DoubleDouble& x, double bound) { return x.hi < bound || (x.hi == bound && x.lo < 0); };
     DoubleDouble x;

@@ -3,9 +3,6 @@
 #include <cmath>
 #include <concepts>
 #include <cstring>
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 #include "core/fast_format.h"
 #include "core/ini_file.h"
@@ -53,21 +50,15 @@ public:
     std::string_view Text() const { return text_; }
 
 private:
-    // No double quote and no line break, looked for sixteen bytes at a time.
+    // No double quote and no line break: a long text (literature) searched
+    // by the C library for each, a short one (a name) looked through once.
     static bool Plain(std::string_view text) {
-        size_t i = 0;
-#if defined(__SSE2__)
-        const __m128i quote = _mm_set1_epi8('"'), lineFeed = _mm_set1_epi8('\n'), carriageReturn = _mm_set1_epi8('\r');
-        for (; i + 16 <= text.size(); i += 16) {
-            const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + i));
-            const __m128i found = _mm_or_si128(_mm_cmpeq_epi8(bytes, quote),
-                                               _mm_or_si128(_mm_cmpeq_epi8(bytes, lineFeed),
-                                                            _mm_cmpeq_epi8(bytes, carriageReturn)));
-            if (_mm_movemask_epi8(found) != 0) return false;
+        if (text.size() > 32) {
+            const auto holds = [text](char c) { return text.find(c) != std::string_view::npos; };
+            return !holds('"') && !holds('\n') && !holds('\r');
         }
-#endif
-        for (; i < text.size(); ++i)
-            if (text[i] == '"' || text[i] == '\n' || text[i] == '\r') return false;
+        for (char c : text)
+            if (c == '"' || c == '\n' || c == '\r') return false;
         return true;
     }
     std::string_view text_;
