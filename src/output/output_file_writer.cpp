@@ -3,6 +3,7 @@
 #include <cmath>
 #include <concepts>
 #include <cstring>
+#include <memory>
 
 #include "core/fast_format.h"
 #include "core/ini_file.h"
@@ -113,13 +114,44 @@ char* Put(char* p, const Q& quoted) {
     return p;
 }
 
+// The file's text, written through a pointer into a buffer that is neither
+// cleared nor copied: room is made by doubling, not for every part.
+class TextOut {
+public:
+    explicit TextOut(size_t capacity) : data_(new char[capacity]), capacity_(capacity) {}
+    // Where `n` more characters may go.
+    char* Room(size_t n) {
+        if (capacity_ - used_ < n) {
+            capacity_ = std::max(2 * capacity_, used_ + n);
+            std::unique_ptr<char[]> larger(new char[capacity_]);
+            std::memcpy(larger.get(), data_.get(), used_);
+            data_ = std::move(larger);
+        }
+        return data_.get() + used_;
+    }
+    // The characters up to `end` are written.
+    void Commit(const char* end) { used_ = static_cast<size_t>(end - data_.get()); }
+    TextOut& operator+=(std::string_view text) {
+        Commit(Put(Room(text.size()), text));
+        return *this;
+    }
+    TextOut& operator+=(char c) {
+        Commit(Put(Room(1), c));
+        return *this;
+    }
+    std::string_view View() const { return {data_.get(), used_}; }
+
+private:
+    std::unique_ptr<char[]> data_;
+    size_t capacity_ = 0;
+    size_t used_ = 0;
+};
+
 template <class... Parts>
-void Append(std::string& out, const Parts&... parts) {
-    const size_t at = out.size();
-    out.resize(at + (Room(parts) + ...));
-    char* p = out.data() + at;
+void Append(TextOut& out, const Parts&... parts) {
+    char* p = out.Room((Room(parts) + ...));
     ((p = Put(p, parts)), ...);
-    out.resize(static_cast<size_t>(p - out.data()));
+    out.Commit(p);
 }
 
 int Flag(bool on) { return on ? 1 : 0; }
@@ -135,7 +167,7 @@ int32_t EntriesWritten(const std::array<ReactionEntry, kMaxReactionEntries>& sid
     return kMaxReactionEntries;
 }
 
-void AppendSide(std::string& out, const std::array<ReactionEntry, kMaxReactionEntries>& side) {
+void AppendSide(TextOut& out, const std::array<ReactionEntry, kMaxReactionEntries>& side) {
     const int32_t n = EntriesWritten(side);
     Append(out, n, ' ');
     for (int32_t j = 0; j < n; ++j) {
@@ -144,7 +176,7 @@ void AppendSide(std::string& out, const std::array<ReactionEntry, kMaxReactionEn
     }
 }
 
-void AppendComponents(std::string& out, const SetView& view, bool organic) {
+void AppendComponents(TextOut& out, const SetView& view, bool organic) {
     for (const ComponentResult& c : view.components) {
         if (!c.Reported()) continue;
         Append(out, Q(c.name), ' ', Q(c.displayName), ' ', Q(c.gasText), ' ', CodeOf(c.kind), ' ',
@@ -162,7 +194,7 @@ void AppendComponents(std::string& out, const SetView& view, bool organic) {
     }
 }
 
-void AppendSpecies(std::string& out, const SetView& view) {
+void AppendSpecies(TextOut& out, const SetView& view) {
     Append(out, static_cast<int>(view.species.size()), '\n');
     for (const SpeciesResult& s : view.species) {
         Append(out, Q(s.name), ' ', CodeOf(s.kind), ' ', G{s.concentration});
@@ -179,7 +211,7 @@ void AppendSpecies(std::string& out, const SetView& view) {
     }
 }
 
-void AppendMsa(std::string& out, const SetView& view, const MsaSummary& msa) {
+void AppendMsa(TextOut& out, const SetView& view, const MsaSummary& msa) {
     Append(out, static_cast<int>(view.salts.size()), '\n');
     for (const SaltRecord& salt : view.salts) {
         Append(out, Q(salt.formula), ' ', salt.cation, ' ', salt.ligand, ' ', G{salt.meanActivityCoefficient}, '\n');
@@ -212,10 +244,12 @@ std::string QuotedFieldText(std::string_view text) {
     return CutToUtf16Units(field, kQuotedLimit);
 }
 
-std::string FormatOutputFile(const ResultStore& store, int32_t set) {
-    std::string out;
-    if (set < 0 || set >= store.SetCount()) return out;
-    out.reserve(32768);
+namespace {
+
+constexpr size_t kTypicalFileSize = 32768;
+
+// The text of set `set` (which must exist) appended to `out`.
+void BuildOutputFile(const ResultStore& store, int32_t set, TextOut& out) {
     const ResultSet& rs = store.sets[set];
     const ResultHeader& header = rs.header;
     const InputSnapshot& snap = rs.snapshot;
@@ -304,11 +338,21 @@ std::string FormatOutputFile(const ResultStore& store, int32_t set) {
         AppendSide(out, r.products);
         Append(out, G{r.logK}, ' ', Q(r.literature.view()), ' ', Q(r.note.view()), '\n');
     }
-    return out;
+}
+
+}  // namespace
+
+std::string FormatOutputFile(const ResultStore& store, int32_t set) {
+    if (set < 0 || set >= store.SetCount()) return std::string();
+    TextOut out(kTypicalFileSize);
+    BuildOutputFile(store, set, out);
+    return std::string(out.View());
 }
 
 bool WriteOutputFile(const std::string& path, const ResultStore& store, int32_t set, FileError* error) {
-    return WriteUtf16File(path, std::string_view(FormatOutputFile(store, set)), error);
+    TextOut out(kTypicalFileSize);
+    if (set >= 0 && set < store.SetCount()) BuildOutputFile(store, set, out);
+    return WriteUtf16File(path, out.View(), error);
 }
 
 }  // namespace tormel
