@@ -1,5 +1,9 @@
 #include "core/utf16.h"
 
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace tormel {
 
 namespace {
@@ -89,9 +93,18 @@ std::string Utf16ToUtf8(std::u16string_view utf16) {
 }
 
 void Utf16ToUtf8(std::u16string_view utf16, std::string& out) {
-    // ASCII, nearly every text the files hold, narrowed in place
+    // ASCII, nearly every text the files hold, narrowed in place, eight
+    // units at a time where the processor allows
     out.resize(utf16.size());
     size_t i = 0;
+#if defined(__SSE2__)
+    const __m128i nonAscii = _mm_set1_epi16(static_cast<short>(0xFF80));
+    for (; i + 8 <= utf16.size(); i += 8) {
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(utf16.data() + i));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(units, nonAscii), _mm_setzero_si128())) != 0xFFFF) break;
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out.data() + i), _mm_packus_epi16(units, units));
+    }
+#endif
     for (; i < utf16.size() && utf16[i] < 0x80; ++i) out[i] = static_cast<char>(utf16[i]);
     if (i == utf16.size()) return;
     out.resize(i);

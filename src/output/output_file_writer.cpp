@@ -23,7 +23,6 @@ std::string OneLine(std::string text, size_t limit) {
     return CutToUtf16Units(text, limit);
 }
 
-
 // The parts of a line, written through a pointer into room made once per
 // Append: texts, integers as "%i", numbers marked as written in "%.16G" (G)
 // or "%9.9E" (E), saturations (S) and quoted texts (Q).
