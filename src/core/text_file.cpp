@@ -95,14 +95,19 @@ std::u16string DecodeUtf16Le(std::string_view b) {
             begin[i] = static_cast<char16_t>(static_cast<unsigned char>(b[start + 2 * i]) |
                                              (static_cast<unsigned char>(b[start + 2 * i + 1]) << 8));
     }
-    const char16_t* const end = begin + count;
-    char16_t* out = std::find(begin, begin + count, u'\r');  // nothing moves before the first CR
-    for (const char16_t* in = out; in != end; ++in) {
-        char16_t c = *in;
-        if (c == u'\r' && in + 1 != end && in[1] == u'\n') c = *++in;
-        *out++ = c;
+    // each CR LF loses its CR: the text between them moves up by one unit
+    // more each time (nothing moves before the first)
+    const std::u16string_view text(begin, count);
+    size_t cr = FindUnit(text, u'\r'), kept = cr;
+    while (cr != std::u16string_view::npos) {
+        const size_t next = FindUnit(text, u'\r', cr + 1);
+        const size_t end = next == std::u16string_view::npos ? count : next;
+        const size_t from = cr + 1 < count && text[cr + 1] == u'\n' ? cr + 1 : cr;  // the CR dropped or kept
+        std::memmove(begin + kept, begin + from, (end - from) * sizeof(char16_t));
+        kept += end - from;
+        cr = next;
     }
-    units.resize(static_cast<size_t>(out - begin));
+    if (kept != std::u16string_view::npos) units.resize(kept);
     return units;
 }
 

@@ -1,16 +1,11 @@
 #include "core/token_reader.h"
 
-#include <bit>
 #include <climits>
 #include <cstdlib>
 #include <cwctype>
 
 #include "core/c_number.h"
 #include "core/utf16.h"
-
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 namespace tormel {
 
@@ -32,31 +27,11 @@ void TokenReader::SkipSpace() {
     while (pos_ < text_.size() && IsSpace(text_[pos_])) Advance(1);
 }
 
-namespace {
-
-// The position of the first line feed in `text`, or npos; eight units are
-// compared at a time where the processor allows.
-size_t FindLineFeed(std::u16string_view text) {
-    size_t i = 0;
-#if defined(__SSE2__)
-    const __m128i lineFeeds = _mm_set1_epi16(u'\n');
-    for (; i + 8 <= text.size(); i += 8) {
-        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + i));
-        const int found = _mm_movemask_epi8(_mm_cmpeq_epi16(units, lineFeeds));
-        if (found != 0) return i + static_cast<size_t>(std::countr_zero(static_cast<unsigned>(found))) / 2;
-    }
-#endif
-    const size_t tail = text.substr(i).find(u'\n');
-    return tail == std::u16string_view::npos ? tail : i + tail;
-}
-
-}  // namespace
-
 bool TokenReader::ReadLine(std::u16string_view& line, size_t maxChars) {
     line = {};
     if (pos_ >= text_.size()) return false;
     const std::u16string_view rest = std::u16string_view(text_).substr(pos_, maxChars);
-    const size_t lineFeed = FindLineFeed(rest);
+    const size_t lineFeed = FindUnit(rest, u'\n');
     line = rest.substr(0, lineFeed == std::u16string_view::npos ? rest.size() : lineFeed + 1);
     pos_ += line.size();
     if (lineFeed != std::u16string_view::npos) ++line_;

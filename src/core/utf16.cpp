@@ -1,5 +1,7 @@
 #include "core/utf16.h"
 
+#include <bit>
+
 #if defined(__SSE2__)
 #include <emmintrin.h>
 #endif
@@ -122,6 +124,19 @@ void Utf16ToUtf8(std::u16string_view utf16, std::string& out) {
         }
         AppendUtf8(out, c);
     }
+}
+
+size_t FindUnit(std::u16string_view text, char16_t unit, size_t from) {
+    size_t i = from;
+#if defined(__SSE2__)
+    const __m128i wanted = _mm_set1_epi16(static_cast<short>(unit));
+    for (; i + 8 <= text.size(); i += 8) {
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + i));
+        const int found = _mm_movemask_epi8(_mm_cmpeq_epi16(units, wanted));
+        if (found != 0) return i + static_cast<size_t>(std::countr_zero(static_cast<unsigned>(found))) / 2;
+    }
+#endif
+    return text.find(unit, i);
 }
 
 size_t Utf16Length(std::string_view utf8) {
