@@ -5,6 +5,8 @@
 #include <locale.h>
 
 #include <cctype>
+#include <charconv>
+#include <cstring>
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -67,11 +69,45 @@ std::string FormatC(const char* format, ...) {
     return out;
 }
 
+namespace {
+
+// A plain decimal number starts the text: an optional minus, then a digit,
+// or a point and a digit, and no hexadecimal prefix. std::from_chars reads
+// these as strtod does (both round correctly); strtod takes the rest
+// (blanks, '+', hexadecimal, inf, nan) and the numbers out of range.
+bool PlainDecimal(std::string_view text) {
+    size_t i = !text.empty() && text[0] == '-' ? 1 : 0;
+    const auto digit = [&text](size_t k) { return k < text.size() && text[k] >= '0' && text[k] <= '9'; };
+    if (i < text.size() && text[i] == '.') return digit(i + 1);
+    if (!digit(i)) return false;
+    return !(text[i] == '0' && i + 1 < text.size() && (text[i + 1] | 0x20) == 'x');
+}
+
+}  // namespace
+
 double StrToDoubleC(std::string_view text, size_t* consumed) {
-    std::string s(text);
+    if (PlainDecimal(text)) {
+        double v = 0;
+        const std::from_chars_result r = std::from_chars(text.data(), text.data() + text.size(), v);
+        if (r.ec == std::errc()) {
+            if (consumed) *consumed = static_cast<size_t>(r.ptr - text.data());
+            return v;
+        }
+    }
+    // strtod needs the text NUL-terminated: a copy, on the stack when short
+    char small[64];
+    std::string large;
+    const char* s = small;
+    if (text.size() < sizeof small) {
+        std::memcpy(small, text.data(), text.size());
+        small[text.size()] = '\0';
+    } else {
+        large.assign(text);
+        s = large.c_str();
+    }
     char* end = nullptr;
-    double v = strtod_l(s.c_str(), &end, CLocale());
-    if (consumed) *consumed = static_cast<size_t>(end - s.c_str());
+    double v = strtod_l(s, &end, CLocale());
+    if (consumed) *consumed = static_cast<size_t>(end - s);
     return v;
 }
 

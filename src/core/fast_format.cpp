@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cstdint>
 #include <cmath>
@@ -70,7 +71,11 @@ bool ParseAll(const char* format, std::array<Spec, kMaxSpecs>& specs) {
 }
 
 void Pad(std::string& out, const char* text, size_t length, const Spec& spec) {
-    const size_t fill = spec.width > static_cast<int>(length) ? spec.width - length : 0;
+    if (spec.width <= static_cast<int>(length)) {
+        out.append(text, length);
+        return;
+    }
+    const size_t fill = spec.width - length;
     if (!spec.left) out.append(fill, ' ');
     out.append(text, length);
     if (spec.left) out.append(fill, ' ');
@@ -119,98 +124,173 @@ char* PutExponent(char* p, int exponent, bool upper) {
     return p;
 }
 
-// The `count` digits of `digits`, most significant first.
-void DigitsOf(uint64_t digits, int count, char* out) {
-    for (int d = count - 1; d >= 0; --d) {
-        out[d] = static_cast<char>('0' + digits % 10);
-        digits /= 10;
+// "00" to "99": two digits per division.
+constexpr std::array<char, 200> kDigitPairs = [] {
+    std::array<char, 200> pairs{};
+    for (int i = 0; i < 100; ++i) {
+        pairs[static_cast<size_t>(2 * i)] = static_cast<char>('0' + i / 10);
+        pairs[static_cast<size_t>(2 * i + 1)] = static_cast<char>('0' + i % 10);
     }
+    return pairs;
+}();
+
+// Eight digits of `value` (below 10^8), most significant first: two
+// divisions into halves and pairs, four pairs from the table.
+void EightDigits(uint32_t value, char* out) {
+    const uint32_t high = value / 10000, low = value % 10000;
+    std::memcpy(out, &kDigitPairs[2 * (high / 100)], 2);
+    std::memcpy(out + 2, &kDigitPairs[2 * (high % 100)], 2);
+    std::memcpy(out + 4, &kDigitPairs[2 * (low / 100)], 2);
+    std::memcpy(out + 6, &kDigitPairs[2 * (low % 100)], 2);
 }
 
-// %.NE / %.Ne for N <= 16 from the exactly rounded leading digits.
-bool AppendScientific(char* buffer, size_t& length, double value, int precision, bool upper) {
-    uint64_t n = 0;
-    int exponent = 0;
-    if (precision < 0 || precision > 16 || !SignificantDigits(value, precision + 1, n, exponent)) return false;
-    std::array<char, 17> digits;
-    DigitsOf(n, precision + 1, digits.data());
-    char* p = buffer;
-    if (std::signbit(value)) *p++ = '-';
-    *p++ = digits[0];
-    if (precision > 0) {
-        *p++ = '.';
-        for (int d = 1; d <= precision; ++d) *p++ = digits[static_cast<size_t>(d)];
-    }
-    p = PutExponent(p, exponent, upper);
-    length = static_cast<size_t>(p - buffer);
-    return true;
+// Room for the seventeen digits DigitsOf writes and for copies of sixteen
+// bytes from any of them.
+using DigitText = std::array<char, 34>;
+
+// The `count` (1..17) digits of `digits` (below 10^count), most significant
+// first: all seventeen are written to `text`, leading zeros included, and
+// the returned pointer is where the `count` wanted begin.
+const char* DigitsOf(uint64_t digits, int count, DigitText& text) {
+    constexpr uint64_t k16 = 10000000000000000ull, k8 = 100000000ull;
+    const uint64_t rest = digits % k16;
+    text[0] = static_cast<char>('0' + digits / k16);
+    EightDigits(static_cast<uint32_t>(rest / k8), text.data() + 1);
+    EightDigits(static_cast<uint32_t>(rest % k8), text.data() + 9);
+    return text.data() + 17 - count;
 }
 
-// %.PG / %.Pg for P <= 17: P significant digits, in fixed notation when the
-// exponent X of the rounded value satisfies -4 <= X < P, else scientific;
-// trailing zeros (and a point left without digits) removed.
-bool AppendGeneral(char* buffer, size_t& length, double value, int precision, bool upper) {
-    const int count = precision == 0 ? 1 : precision;
-    uint64_t n = 0;
-    int exponent = 0;
-    if (count > 17 || !SignificantDigits(value, count, n, exponent)) return false;
-    std::array<char, 17> digits;
-    DigitsOf(n, count, digits.data());
-    int kept = count;  // digits up to the last that is not zero
-    while (kept > 1 && digits[static_cast<size_t>(kept - 1)] == '0') --kept;
-    char* p = buffer;
-    if (std::signbit(value)) *p++ = '-';
-    if (exponent < -4 || exponent >= count) {
-        *p++ = digits[0];
-        if (kept > 1) *p++ = '.';
-        for (int d = 1; d < kept; ++d) *p++ = digits[static_cast<size_t>(d)];
-        p = PutExponent(p, exponent, upper);
-    } else if (exponent < 0) {
-        *p++ = '0';
-        *p++ = '.';
-        for (int z = exponent + 1; z < 0; ++z) *p++ = '0';
-        for (int d = 0; d < kept; ++d) *p++ = digits[static_cast<size_t>(d)];
-    } else {
-        for (int d = 0; d <= exponent; ++d) *p++ = digits[static_cast<size_t>(d)];
-        if (kept > exponent + 1) *p++ = '.';
-        for (int d = exponent + 1; d < kept; ++d) *p++ = digits[static_cast<size_t>(d)];
+// The digits of `d` up to the last that is not zero (at least one), the
+// zeros counted eight at a time.
+int SignificantLength(const char* d, int count) {
+    int kept = count;
+    if constexpr (std::endian::native == std::endian::little) {
+        constexpr uint64_t kZeros = 0x3030303030303030ull;  // "00000000"
+        while (kept > 8) {
+            uint64_t word;
+            std::memcpy(&word, d + kept - 8, 8);
+            word ^= kZeros;  // a zero byte for each '0'; the last digit is the highest byte
+            if (word != 0) return kept - std::countl_zero(word) / 8;
+            kept -= 8;
+        }
     }
-    length = static_cast<size_t>(p - buffer);
-    return true;
+    while (kept > 1 && d[kept - 1] == '0') --kept;
+    return kept;
+}
+
+// inf / nan as printf writes them.
+char* PutNotFinite(char* p, double value, bool upper) {
+    if (std::signbit(value)) *p++ = '-';
+    const char* word = std::isnan(value) ? (upper ? "NAN" : "nan") : (upper ? "INF" : "inf");
+    std::memcpy(p, word, 3);
+    return p + 3;
+}
+
+// The C library's digits through std::to_chars (exact, but slower), with
+// the exponent letter in the case asked for.
+char* PutExactly(char* p, char* end, double value, std::chars_format format, int digits, bool upper) {
+    const std::to_chars_result r = std::to_chars(p, end, value, format, digits);
+    if (r.ec != std::errc()) return p;
+    if (upper)
+        for (char* c = p; c != r.ptr; ++c)
+            if (*c == 'e') *c = 'E';
+    return r.ptr;
 }
 
 void AppendDouble(std::string& out, double value, const Spec& spec) {
     const bool upper = spec.conversion == 'E' || spec.conversion == 'F' || spec.conversion == 'G';
-    if (!std::isfinite(value)) {
-        std::string text = std::signbit(value) ? "-" : "";
-        text += std::isnan(value) ? (upper ? "NAN" : "nan") : (upper ? "INF" : "inf");
-        Pad(out, text.data(), text.size(), spec);
-        return;
-    }
     const int precision = spec.precision < 0 ? 6 : spec.precision;
     const char kind = static_cast<char>(spec.conversion | 0x20);
-    const std::chars_format format = kind == 'e'   ? std::chars_format::scientific
-                                     : kind == 'f' ? std::chars_format::fixed
-                                                   : std::chars_format::general;
-    // %g with precision 0 means one significant digit
-    const int digits = kind == 'g' && precision == 0 ? 1 : precision;
     std::array<char, 400> buffer;  // the widest: %.40f of 1.8e308
+    char* const begin = buffer.data();
+    char* end = nullptr;
     size_t length = 0;
-    if ((kind == 'f' && AppendSmallFixed(buffer.data(), length, value, precision)) ||
-        (kind == 'e' && AppendScientific(buffer.data(), length, value, precision, upper)) ||
-        (kind == 'g' && AppendGeneral(buffer.data(), length, value, precision, upper))) {
-        Pad(out, buffer.data(), length, spec);
-        return;
-    }
-    const std::to_chars_result r = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format, digits);
-    char* end = r.ec == std::errc() ? r.ptr : buffer.data();
-    if (upper)
-        for (char* c = buffer.data(); c != end; ++c)
-            if (*c == 'e') *c = 'E';
-    Pad(out, buffer.data(), static_cast<size_t>(end - buffer.data()), spec);
+    if (!std::isfinite(value))
+        end = PutNotFinite(begin, value, upper);
+    else if (kind == 'e' && precision <= 16)
+        end = PutScientific(begin, value, precision, upper);
+    else if (kind == 'g' && precision <= 17)
+        end = PutGeneral(begin, value, precision, upper);
+    else if (kind == 'f' && AppendSmallFixed(begin, length, value, precision))
+        end = begin + length;
+    else
+        end = PutExactly(begin, begin + buffer.size(), value,
+                         kind == 'e'   ? std::chars_format::scientific
+                         : kind == 'f' ? std::chars_format::fixed
+                                       : std::chars_format::general,
+                         kind == 'g' && precision == 0 ? 1 : precision, upper);
+    Pad(out, begin, static_cast<size_t>(end - begin), spec);
 }
 
 }  // namespace
+
+char* PutScientific(char* p, double value, int precision, bool upper) {
+    if (!std::isfinite(value)) return PutNotFinite(p, value, upper);
+    if (std::signbit(value)) *p++ = '-';
+    uint64_t n = 0;
+    int exponent = 0;
+    if (value == 0) {
+        exponent = 0;  // digits all zero
+    } else if (!SignificantDigits(value, precision + 1, n, exponent)) {
+        return PutExactly(p, p + kNumberTextRoom - 1, std::fabs(value), std::chars_format::scientific, precision,
+                          upper);
+    }
+    DigitText text{};
+    const char* d = DigitsOf(n, precision + 1, text);
+    *p++ = d[0];
+    if (precision > 0) {
+        *p++ = '.';
+        std::memcpy(p, d + 1, 16);  // kNumberTextRoom leaves space for the overshoot
+        p += precision;
+    }
+    return PutExponent(p, exponent, upper);
+}
+
+// P significant digits (P = precision, or 1 for 0), in fixed notation when
+// the exponent X of the rounded value satisfies -4 <= X < P, else
+// scientific; trailing zeros (and a point left without digits) removed.
+// Digits are copied sixteen or seventeen at a time and the end set after
+// them: kNumberTextRoom leaves space for the overshoot.
+char* PutGeneral(char* p, double value, int precision, bool upper) {
+    if (!std::isfinite(value)) return PutNotFinite(p, value, upper);
+    if (std::signbit(value)) *p++ = '-';
+    if (value == 0) {
+        *p = '0';
+        return p + 1;
+    }
+    const int count = precision == 0 ? 1 : precision;
+    uint64_t n = 0;
+    int exponent = 0;
+    if (!SignificantDigits(value, count, n, exponent))
+        return PutExactly(p, p + kNumberTextRoom - 1, std::fabs(value), std::chars_format::general, count, upper);
+    DigitText text{};
+    const char* d = DigitsOf(n, count, text);
+    const int kept = SignificantLength(d, count);
+    if (exponent < -4 || exponent >= count) {
+        *p++ = d[0];
+        if (kept > 1) {
+            *p++ = '.';
+            std::memcpy(p, d + 1, 16);
+            p += kept - 1;
+        }
+        return PutExponent(p, exponent, upper);
+    }
+    if (exponent < 0) {
+        *p++ = '0';
+        *p++ = '.';
+        for (int z = exponent + 1; z < 0; ++z) *p++ = '0';
+        std::memcpy(p, d, 17);
+        return p + kept;
+    }
+    std::memcpy(p, d, 17);
+    p += exponent + 1;
+    if (kept > exponent + 1) {
+        *p++ = '.';
+        std::memcpy(p, d + exponent + 1, 16);
+        p += kept - exponent - 1;
+    }
+    return p;
+}
 
 bool FormatFast(const char* format, va_list args, std::string& out) {
     std::array<Spec, kMaxSpecs> specs;

@@ -15,6 +15,17 @@ namespace tormel {
 // one is not, and the caller formats with the C library instead.
 bool FormatFast(const char* format, va_list args, std::string& out);
 
+// Room for any text PutScientific or PutGeneral writes (they may write
+// scratch beyond the end they return, within this room).
+constexpr size_t kNumberTextRoom = 40;
+
+// The characters of printf("%.<precision>E", value) in the C locale ("e"
+// when not `upper`), for precision 0..16, written from `at`; returns their
+// end. For writers whose formats are fixed: no format is read.
+char* PutScientific(char* at, double value, int precision, bool upper = true);
+// The same for "%.<precision>G" ("g"), precision 0..17.
+char* PutGeneral(char* at, double value, int precision, bool upper = true);
+
 // A printf format with one double conversion, read once and applied to many
 // values: the characters of FormatC(format, value), without reading the
 // format again. Formats that FormatFast does not handle go to the C library.

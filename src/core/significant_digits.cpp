@@ -1,5 +1,7 @@
 #include "core/significant_digits.h"
 
+#include <array>
+#include <bit>
 #include <cmath>
 
 namespace tormel {
@@ -27,6 +29,19 @@ constexpr uint64_t kIntPowers[] = {1ull,
                                    1000000000000000ull,
                                    10000000000000000ull,
                                    100000000000000000ull};
+
+// Powers of ten from 10^-40 to 10^40, as near as repeated products and
+// quotients come: they only settle an estimate that the scaling checks.
+constexpr int kTabledPower = 40;
+constexpr std::array<double, 2 * kTabledPower + 1> kApproximatePowers = [] {
+    std::array<double, 2 * kTabledPower + 1> powers{};
+    powers[kTabledPower] = 1;
+    for (int k = 1; k <= kTabledPower; ++k) {
+        powers[static_cast<size_t>(kTabledPower + k)] = powers[static_cast<size_t>(kTabledPower + k - 1)] * 10;
+        powers[static_cast<size_t>(kTabledPower - k)] = powers[static_cast<size_t>(kTabledPower - k + 1)] / 10;
+    }
+    return powers;
+}();
 
 // An unevaluated sum hi + lo with |lo| at most half an ulp of hi.
 struct DoubleDouble {
@@ -73,7 +88,14 @@ bool SignificantDigits(double value, int count, uint64_t& digits, int& exponent)
     const double magnitude = std::fabs(value);
     if (!(magnitude >= 1e-300 && magnitude <= 1e300)) return false;
     const double low = kPowers[count - 1], high = kPowers[count];
-    exponent = static_cast<int>(std::floor(std::log10(magnitude)));
+    // floor(log10(2^e)) for the binary exponent e of the value: its decimal
+    // exponent or one less, told apart by the next power of ten (a wrong
+    // guess, out of the table or at a power itself, the scaling corrects)
+    const int binaryExponent = static_cast<int>((std::bit_cast<uint64_t>(magnitude) >> 52) & 0x7FF) - 1023;
+    exponent = (binaryExponent * 78913) >> 18;
+    if (exponent + 1 >= -kTabledPower && exponent + 1 <= kTabledPower &&
+        magnitude >= kApproximatePowers[static_cast<size_t>(exponent + 1 + kTabledPower)])
+        ++exponent;
     // the scaled value hi + lo against the bounds: hi alone may round onto one
     const auto below = [](const DoubleDouble& x, double bound) { return x.hi < bound || (x.hi == bound && x.lo < 0); };
     DoubleDouble x;
@@ -88,11 +110,14 @@ bool SignificantDigits(double value, int count, uint64_t& digits, int& exponent)
     }
     if (below(x, low) || !below(x, high)) return false;
     // the whole part in integers (beyond 2^53 a double skips integers)
-    const double whole = std::floor(x.hi);
+    // (hi is positive and below 1e17: truncation is its floor; above 2^53
+    // the fraction is lo alone, of either sign and up to some units)
+    const double whole = static_cast<double>(static_cast<int64_t>(x.hi));
     double fraction = (x.hi - whole) + x.lo;
-    const double carry = std::floor(fraction);
-    fraction -= carry;
-    const int64_t wholeDigits = static_cast<int64_t>(whole) + static_cast<int64_t>(carry);
+    int64_t carry = static_cast<int64_t>(fraction);
+    if (static_cast<double>(carry) > fraction) --carry;
+    fraction -= static_cast<double>(carry);
+    const int64_t wholeDigits = static_cast<int64_t>(whole) + carry;
     if (std::fabs(fraction - 0.5) < 1e-9 || wholeDigits < 0) return false;
     digits = static_cast<uint64_t>(wholeDigits) + (fraction > 0.5 ? 1 : 0);
     if (digits >= kIntPowers[count]) {  // 9.99..96 rounds up to 10.00..0: one more digit before the point

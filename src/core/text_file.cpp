@@ -3,6 +3,9 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 #include <algorithm>
 #include <atomic>
@@ -21,27 +24,32 @@ namespace tormel {
 namespace fs = std::filesystem;
 
 std::optional<std::string> ReadBinaryFile(const std::string& path) {
-    FILE* f = std::fopen(path.c_str(), "rb");
-    if (!f) return std::nullopt;
+    const int fd = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0) return std::nullopt;
     struct stat st {};
     std::optional<std::string> bytes;
-    if (fstat(fileno(f), &st) == 0 && !S_ISDIR(st.st_mode)) {
-        // the size is a hint: a file that grows or shrinks meanwhile is read to its end
-        std::string data(static_cast<size_t>(std::max<off_t>(st.st_size, 0)), '\0');
-        size_t used = std::fread(data.data(), 1, data.size(), f);
-        char more[4096];
-        for (size_t n; used == data.size() && (n = std::fread(more, 1, sizeof more, f)) > 0;) {
-            data.append(more, n);
-            used = data.size();
-        }
-        if (!std::ferror(f)) {
-            data.resize(used);
-            bytes = std::move(data);
+    if (fstat(fd, &st) == 0 && !S_ISDIR(st.st_mode)) {
+        // the size is a hint: a file that grows or shrinks meanwhile is read
+        // to its end (one byte more, so that the end is found without growing)
+        std::string data(static_cast<size_t>(std::max<off_t>(st.st_size, 0)) + 1, '\0');
+        size_t used = 0;
+        for (;;) {
+            if (used == data.size()) data.resize(used + 4096);
+            const ssize_t n = ::read(fd, data.data() + used, data.size() - used);
+            if (n > 0) {
+                used += static_cast<size_t>(n);
+            } else if (n == 0) {
+                data.resize(used);
+                bytes = std::move(data);
+                break;
+            } else if (errno != EINTR) {
+                break;
+            }
         }
     } else {
         errno = EISDIR;
     }
-    std::fclose(f);
+    ::close(fd);
     return bytes;
 }
 
@@ -73,13 +81,34 @@ std::u16string JoinLineEnds(std::u16string_view in) {
     return text;
 }
 
+// The little-endian units after an optional byte-order mark, CR LF joined to
+// LF as JoinLineEnds does, in place.
 std::u16string DecodeUtf16Le(std::string_view b) {
     const size_t start = StartsWith(b, "\xFF\xFE") ? 2 : 0;
-    std::u16string units;
-    units.reserve((b.size() - start) / 2);
-    for (size_t i = start; i + 1 < b.size(); i += 2)
-        units += static_cast<char16_t>(static_cast<unsigned char>(b[i]) | (static_cast<unsigned char>(b[i + 1]) << 8));
-    return JoinLineEnds(units);
+    const size_t count = (b.size() - start) / 2;
+    std::u16string units(count, u'\0');
+    char16_t* const begin = units.data();
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(begin, b.data() + start, 2 * count);
+    } else {
+        for (size_t i = 0; i < count; ++i)
+            begin[i] = static_cast<char16_t>(static_cast<unsigned char>(b[start + 2 * i]) |
+                                             (static_cast<unsigned char>(b[start + 2 * i + 1]) << 8));
+    }
+    // each CR LF loses its CR: the text between them moves up by one unit
+    // more each time (nothing moves before the first)
+    const std::u16string_view text(begin, count);
+    size_t cr = FindUnit(text, u'\r'), kept = cr;
+    while (cr != std::u16string_view::npos) {
+        const size_t next = FindUnit(text, u'\r', cr + 1);
+        const size_t end = next == std::u16string_view::npos ? count : next;
+        const size_t from = cr + 1 < count && text[cr + 1] == u'\n' ? cr + 1 : cr;  // the CR dropped or kept
+        std::memmove(begin + kept, begin + from, (end - from) * sizeof(char16_t));
+        kept += end - from;
+        cr = next;
+    }
+    if (kept != std::u16string_view::npos) units.resize(kept);
+    return units;
 }
 
 }  // namespace
@@ -100,13 +129,12 @@ std::optional<std::u16string> ReadUtf16OrUtf8File(const std::string& path, FileE
 }
 
 bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileError* error) {
-    fs::path target(path);
-    fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    // unique within the process (threads may write at once) and across processes
+    // a hidden name beside the target, unique within the process (threads
+    // may write at once) and across processes
     static std::atomic<uint32_t> written{0};
-    const std::string tmpName = "." + target.filename().string() + ".tmp" + std::to_string(getpid()) + "-" +
-                                std::to_string(written.fetch_add(1));
-    fs::path tmp = folder / tmpName;
+    const size_t nameAt = path.rfind('/') + 1;  // 0 without a folder
+    const std::string tmp = path.substr(0, nameAt) + "." + path.substr(nameAt) + ".tmp" + std::to_string(getpid()) +
+                            "-" + std::to_string(written.fetch_add(1));
     auto fail = [&](const std::string& what) {
         if (error) *error = {path, what + ": " + std::strerror(errno ? errno : EIO)};
         std::error_code ec;
@@ -130,7 +158,7 @@ bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileEr
     }
     ok = (::close(fd) == 0) && ok;
     if (!ok) return fail("cannot write the file");
-    if (std::rename(tmp.c_str(), target.c_str()) != 0) return fail("cannot replace the file");
+    if (std::rename(tmp.c_str(), path.c_str()) != 0) return fail("cannot replace the file");
     return true;
 }
 
@@ -167,23 +195,6 @@ bool WriteUtf16File(const std::string& path, std::u16string_view text, FileError
 
 namespace {
 
-// The length of the run of ASCII without a line feed that starts `text`,
-// found eight bytes at a time (a shorter tail is left to the caller).
-size_t PlainAsciiRun(std::string_view text) {
-    constexpr uint64_t kHighBits = 0x8080808080808080ull;
-    constexpr uint64_t kOnes = 0x0101010101010101ull;
-    constexpr uint64_t kLineFeeds = 0x0A0A0A0A0A0A0A0Aull;
-    size_t run = 0;
-    while (run + 8 <= text.size()) {
-        uint64_t word;
-        std::memcpy(&word, text.data() + run, 8);
-        const uint64_t lineFeed = word ^ kLineFeeds;  // a zero byte where a line feed was
-        if ((word & kHighBits) != 0 || ((lineFeed - kOnes) & ~lineFeed & kHighBits) != 0) break;
-        run += 8;
-    }
-    return run;
-}
-
 // Four bytes as four little-endian 16-bit units with zero high bytes (on a
 // little-endian machine, as the file wants them).
 uint64_t SpreadBytes(uint32_t bytes) {
@@ -193,12 +204,52 @@ uint64_t SpreadBytes(uint32_t bytes) {
     return x;
 }
 
+// Widens the run of ASCII without a line feed that starts `text` into
+// UTF-16LE at `out`, sixteen or eight bytes at a time, and returns its
+// length; a tail shorter than eight bytes is left to the caller. `out` must
+// have room for 2 x text.size() bytes.
+size_t WidenPlainAscii(std::string_view text, char* out) {
+    size_t run = 0;
+#if defined(__SSE2__)
+    const __m128i lineFeeds = _mm_set1_epi8('\n');
+    const __m128i zero = _mm_setzero_si128();
+    for (; run + 16 <= text.size(); run += 16) {
+        const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + run));
+        // the high bit of a byte above ASCII or of a line feed's match
+        const int stops = _mm_movemask_epi8(_mm_or_si128(bytes, _mm_cmpeq_epi8(bytes, lineFeeds)));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 2 * run), _mm_unpacklo_epi8(bytes, zero));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(out + 2 * run + 16), _mm_unpackhi_epi8(bytes, zero));
+        if (stops != 0) return run + static_cast<size_t>(std::countr_zero(static_cast<unsigned>(stops)));
+    }
+#endif
+    constexpr uint64_t kHighBits = 0x8080808080808080ull;
+    constexpr uint64_t kOnes = 0x0101010101010101ull;
+    constexpr uint64_t kLineFeeds = 0x0A0A0A0A0A0A0A0Aull;
+    for (; run + 8 <= text.size(); run += 8) {
+        uint64_t word;
+        std::memcpy(&word, text.data() + run, 8);
+        const uint64_t lineFeed = word ^ kLineFeeds;  // a zero byte where a line feed was
+        if ((word & kHighBits) != 0 || ((lineFeed - kOnes) & ~lineFeed & kHighBits) != 0) break;
+        if constexpr (std::endian::native == std::endian::little) {
+            const uint64_t units[2] = {SpreadBytes(static_cast<uint32_t>(word)),
+                                       SpreadBytes(static_cast<uint32_t>(word >> 32))};
+            std::memcpy(out + 2 * run, units, 16);
+        } else {
+            for (size_t b = run; b < run + 8; ++b) {
+                out[2 * b] = text[b];
+                out[2 * b + 1] = '\0';
+            }
+        }
+    }
+    return run;
+}
+
 }  // namespace
 
 bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileError* error) {
     // Room for the worst case (a line feed: one byte in, four out), filled
     // through a pointer: runs of ASCII without a line feed, nearly all of
-    // what is written, are widened in one loop; a line feed gets its carriage
+    // what is written, are widened by blocks; a line feed gets its carriage
     // return; anything else goes through the decoder, as ForEachUtf16Unit
     // splits it (no line feed among it).
     std::unique_ptr<char[]> buffer(new char[2 + 4 * utf8Text.size()]);
@@ -206,21 +257,7 @@ bool WriteUtf16File(const std::string& path, std::string_view utf8Text, FileErro
     *out++ = static_cast<char>(0xFF);
     *out++ = static_cast<char>(0xFE);
     for (size_t i = 0; i < utf8Text.size();) {
-        const size_t run = PlainAsciiRun(utf8Text.substr(i));
-        for (size_t k = 0; k < run; k += 8) {
-            if constexpr (std::endian::native == std::endian::little) {
-                uint64_t word;
-                std::memcpy(&word, utf8Text.data() + i + k, 8);
-                const uint64_t units[2] = {SpreadBytes(static_cast<uint32_t>(word)),
-                                           SpreadBytes(static_cast<uint32_t>(word >> 32))};
-                std::memcpy(out + 2 * k, units, 16);
-            } else {
-                for (size_t b = k; b < k + 8; ++b) {
-                    out[2 * b] = utf8Text[i + b];
-                    out[2 * b + 1] = '\0';
-                }
-            }
-        }
+        const size_t run = WidenPlainAscii(utf8Text.substr(i), out);
         out += 2 * run;
         i += run;
         if (i == utf8Text.size()) break;

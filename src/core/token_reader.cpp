@@ -27,16 +27,22 @@ void TokenReader::SkipSpace() {
     while (pos_ < text_.size() && IsSpace(text_[pos_])) Advance(1);
 }
 
-bool TokenReader::ReadLine(std::u16string& line, size_t maxChars) {
-    line.clear();
+bool TokenReader::ReadLine(std::u16string_view& line, size_t maxChars) {
+    line = {};
     if (pos_ >= text_.size()) return false;
-    while (pos_ < text_.size() && line.size() < maxChars) {
-        char16_t c = text_[pos_];
-        Advance(1);
-        line += c;
-        if (c == u'\n') break;
-    }
+    const std::u16string_view rest = std::u16string_view(text_).substr(pos_, maxChars);
+    const size_t lineFeed = FindUnit(rest, u'\n');
+    line = rest.substr(0, lineFeed == std::u16string_view::npos ? rest.size() : lineFeed + 1);
+    pos_ += line.size();
+    if (lineFeed != std::u16string_view::npos) ++line_;
     return true;
+}
+
+bool TokenReader::ReadLine(std::u16string& line, size_t maxChars) {
+    std::u16string_view view;
+    const bool read = ReadLine(view, maxChars);
+    line.assign(view);
+    return read;
 }
 
 bool TokenReader::ReadLineUtf8(std::string& line, size_t maxChars) {

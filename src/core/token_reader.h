@@ -16,6 +16,8 @@ public:
     // next LF, but at most maxChars characters; the rest of a longer line stays
     // for the next read. False at end of text (nothing read).
     bool ReadLine(std::u16string& line, size_t maxChars);
+    // The same line as a view into the text, valid while the reader lives.
+    bool ReadLine(std::u16string_view& line, size_t maxChars);
     bool ReadLineUtf8(std::string& line, size_t maxChars);
 
     // Skips everything up to and including the next double quote, then collects

@@ -1,5 +1,11 @@
 #include "core/utf16.h"
 
+#include <bit>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
 namespace tormel {
 
 namespace {
@@ -84,8 +90,27 @@ std::u16string Utf8ToUtf16(std::string_view utf8) {
 
 std::string Utf16ToUtf8(std::u16string_view utf16) {
     std::string out;
-    out.reserve(utf16.size());
-    for (size_t i = 0; i < utf16.size(); ++i) {
+    Utf16ToUtf8(utf16, out);
+    return out;
+}
+
+void Utf16ToUtf8(std::u16string_view utf16, std::string& out) {
+    // ASCII, nearly every text the files hold, narrowed in place, eight
+    // units at a time where the processor allows
+    out.resize(utf16.size());
+    size_t i = 0;
+#if defined(__SSE2__)
+    const __m128i nonAscii = _mm_set1_epi16(static_cast<short>(0xFF80));
+    for (; i + 8 <= utf16.size(); i += 8) {
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(utf16.data() + i));
+        if (_mm_movemask_epi8(_mm_cmpeq_epi16(_mm_and_si128(units, nonAscii), _mm_setzero_si128())) != 0xFFFF) break;
+        _mm_storel_epi64(reinterpret_cast<__m128i*>(out.data() + i), _mm_packus_epi16(units, units));
+    }
+#endif
+    for (; i < utf16.size() && utf16[i] < 0x80; ++i) out[i] = static_cast<char>(utf16[i]);
+    if (i == utf16.size()) return;
+    out.resize(i);
+    for (; i < utf16.size(); ++i) {
         char32_t c = utf16[i];
         if (c >= 0xD800 && c <= 0xDBFF) {
             if (i + 1 < utf16.size() && utf16[i + 1] >= 0xDC00 && utf16[i + 1] <= 0xDFFF) {
@@ -99,7 +124,19 @@ std::string Utf16ToUtf8(std::u16string_view utf16) {
         }
         AppendUtf8(out, c);
     }
-    return out;
+}
+
+size_t FindUnit(std::u16string_view text, char16_t unit, size_t from) {
+    size_t i = from;
+#if defined(__SSE2__)
+    const __m128i wanted = _mm_set1_epi16(static_cast<short>(unit));
+    for (; i + 8 <= text.size(); i += 8) {
+        const __m128i units = _mm_loadu_si128(reinterpret_cast<const __m128i*>(text.data() + i));
+        const int found = _mm_movemask_epi8(_mm_cmpeq_epi16(units, wanted));
+        if (found != 0) return i + static_cast<size_t>(std::countr_zero(static_cast<unsigned>(found))) / 2;
+    }
+#endif
+    return text.find(unit, i);
 }
 
 size_t Utf16Length(std::string_view utf8) {

@@ -36,6 +36,12 @@ void ForEachUtf16Unit(std::string_view utf8, Put&& put) {
     while (i < utf8.size()) PutUtf16Units(DecodeUtf8(utf8, i), put);
 }
 std::string Utf16ToUtf8(std::u16string_view utf16);
+// The same into `out`, whose room is reused.
+void Utf16ToUtf8(std::u16string_view utf16, std::string& out);
+
+// The position of the first `unit` in `text` from `from` on, or npos;
+// eight units are compared at a time where the processor allows.
+size_t FindUnit(std::u16string_view text, char16_t unit, size_t from = 0);
 
 // Number of UTF-16 code units the UTF-8 text needs (the unit in which the
 // file formats count characters).

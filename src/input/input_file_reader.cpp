@@ -1,5 +1,6 @@
 #include "input/input_file_reader.h"
 
+#include <cmath>
 #include <filesystem>
 #include <vector>
 
@@ -54,13 +55,20 @@ std::u16string_view WithoutLineFeed(std::u16string_view s) {
     return s;
 }
 
+std::string_view WithoutLineFeed8(std::string_view s) {
+    while (!s.empty() && (s.back() == '\n' || s.back() == '\r')) s.remove_suffix(1);
+    return s;
+}
+
 bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(); }
 
 // Component index by name, compared without regard to letter case, lowest
 // index first; -1 when there is none.
 int32_t FindComponentIgnoreCase(const Database& db, std::string_view name) {
-    for (int32_t i = 0; i < db.ComponentCount(); ++i)
-        if (EqualsIgnoreCase(db.components[static_cast<size_t>(i)].name, name)) return i;
+    for (int32_t i = 0; i < db.ComponentCount(); ++i) {
+        const std::string& candidate = db.components[static_cast<size_t>(i)].name;
+        if (candidate.size() == name.size() && EqualsIgnoreCase(candidate, name)) return i;
+    }
     return -1;
 }
 
@@ -122,7 +130,7 @@ std::optional<double> RealWithUnit(std::string_view value, std::string_view unit
     return CompleteReal(TrimBlanksAndLineFeeds(value));
 }
 
-KeywordResult ApplyKeyword(std::string_view key, std::string_view value, const std::u16string& value16,
+KeywordResult ApplyKeyword(std::string_view key, std::string_view value, std::u16string_view value16,
                            InputProblem& input) {
     if (EqualsIgnoreCase(key, "description")) {
         input.description = Utf16ToUtf8(CutUtf16(value16, kDescriptionLimit));
@@ -171,11 +179,10 @@ KeywordResult ApplyKeyword(std::string_view key, std::string_view value, const s
 // number cannot be read.
 bool ApplyComponentLine(ComponentInput& component, std::string_view value) {
     size_t used = 0;
-    LeadingReal(value, &used);
-    std::optional<double> number = CompleteReal(value.substr(0, used));
+    const double number = LeadingReal(value, &used);  // all it read, as CompleteReal would take it
     std::string_view rest = value.substr(used);
-    if (!number || (!rest.empty() && rest.front() != ' ')) return false;
-    component.inputValue = *number;
+    if (used == 0 || !std::isfinite(number) || (!rest.empty() && rest.front() != ' ')) return false;
+    component.inputValue = number;
     if (auto type = InputTypeFromFileText(TrimBlanksAndLineFeeds(rest))) component.inputType = *type;
     return true;
 }
@@ -207,7 +214,8 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
     std::vector<int> givenAt(static_cast<size_t>(db.ComponentCount()), 0);
     std::vector<std::string> givenLine(givenAt.size());
 
-    std::u16string line;
+    std::u16string_view line;
+    std::string line8;  // the line converted once; the colon and the blanks are the same characters in it
     while (true) {
         int lineNumber = reader.Line();
         if (!reader.ReadLine(line, kInputLineLimit)) break;
@@ -216,12 +224,16 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         size_t colon = line.find(u':');
         if (colon == 0) return Error("ErrorOpen3", lineNumber);
         std::u16string_view whole(line);
-        std::string key = Utf16ToUtf8(colon == std::u16string::npos ? whole : whole.substr(0, colon));
-        std::u16string value16(colon == std::u16string::npos ? std::u16string_view()
-                                                             : TrimBlanksAndLineFeeds16(whole.substr(colon + 1)));
-        std::string value = Utf16ToUtf8(value16);
+        const std::u16string_view value16 =
+            colon == std::u16string::npos ? std::u16string_view() : TrimBlanksAndLineFeeds16(whole.substr(colon + 1));
+        Utf16ToUtf8(whole, line8);
+        const std::string_view whole8(line8);
+        const size_t colon8 = whole8.find(':');
+        const std::string_view key = whole8.substr(0, colon8);
+        const std::string_view value =
+            colon8 == std::string_view::npos ? std::string_view() : TrimBlanksAndLineFeeds(whole8.substr(colon8 + 1));
         auto refused = [&](const char* errorKey) {
-            return ErrorWithLine(errorKey, lineNumber, Utf16ToUtf8(WithoutLineFeed(whole)));
+            return ErrorWithLine(errorKey, lineNumber, std::string(WithoutLineFeed8(whole8)));
         };
 
         KeywordResult keyword = ApplyKeyword(key, value, value16, input);
@@ -239,7 +251,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         }
 
         int32_t component = FindComponentIgnoreCase(db, key);
-        if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, Utf16ToUtf8(whole));
+        if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, line8);
         const auto slot = static_cast<size_t>(component);
         if (givenAt[slot] > 0) {
             InputFileError duplicate = refused("ErrorDuplicate");
@@ -249,7 +261,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         }
         if (!ApplyComponentLine(input.components[slot], value)) return refused("ErrorNumber");
         givenAt[slot] = lineNumber;
-        givenLine[slot] = Utf16ToUtf8(WithoutLineFeed(whole));
+        givenLine[slot] = WithoutLineFeed8(whole8);
     }
     return std::nullopt;
 }

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <clocale>
+#include <cstdint>
 #include <cmath>
 #include <cstdio>
 #include <limits>
@@ -100,6 +102,33 @@ TEST(CoreCNumber, ParsingRefusesTrailingTextAndEmptyInput) {
     size_t used = 0;
     EXPECT_DOUBLE_EQ(StrToDoubleC("1.5x", &used), 1.5);
     EXPECT_EQ(used, 3u);
+}
+
+// The same value and length as strtod for the forms it reads itself and
+// those it leaves to the C library, and for random numbers in every notation.
+TEST(CoreCNumber, ReadsNumbersAsStrtod) {
+    std::vector<std::string> texts = {"0.001771", "5.382697825162881E-07", "-.5", ".5x", "1e", "1e+", "-0", "00x1",
+                                      "0x1p3", " 2.5", "+2.5", "inf", "-nan", "1e400", "-1e-400", "4.9e-324",
+                                      "2.2250738585072011e-308", "123456789012345678901234567890", "9007199254740993",
+                                      "1.", ".", "-", "", "1,5", "-x", std::string(80, '7') + "e-70"};
+    std::mt19937_64 rng(5);
+    std::uniform_real_distribution<double> exponent(-320, 308);
+    char text[64];
+    for (int i = 0; i < 3000; ++i) {
+        std::snprintf(text, sizeof text, i % 3 == 0 ? "%.17g" : i % 3 == 1 ? "%.6e" : "%.20f",
+                      std::pow(10.0, exponent(rng)));
+        texts.push_back(text);
+    }
+    for (const std::string& t : texts) {
+        char* end = nullptr;
+        const double expected = std::strtod(t.c_str(), &end);
+        size_t used = 99;
+        const double v = StrToDoubleC(t, &used);
+        EXPECT_EQ(used, static_cast<size_t>(end - t.c_str())) << t;
+        EXPECT_TRUE(std::bit_cast<uint64_t>(v) == std::bit_cast<uint64_t>(expected) ||
+                    (std::isnan(v) && std::isnan(expected)))
+            << t;
+    }
 }
 
 TEST(CoreCNumber, PlatformIntegerConversionTakesLeadingDigits) {
