@@ -38,12 +38,6 @@ struct HandSet {
         BuildOtherInfo(store, 0, ResultContext{language, options, DecimalSeparator{}}, database);
         return set.otherInfo;
     }
-    std::string Text(int32_t block, int32_t column, int32_t row) const {
-        return set.otherInfo[block].ShownAt(column, row);
-    }
-    const InfoCell* Cell(int32_t block, int32_t column, int32_t row) const {
-        return set.otherInfo[block].FindCell(column, row);
-    }
 };
 
 SpeciesResult Organic(int32_t code, double concentration) {
@@ -269,18 +263,6 @@ TEST(OtherInfo, HandBuiltBlocksMatchTheirGoldenDumps) {
         std::string dump;
         for (const int32_t b : c.blocks) dump += "== block " + std::to_string(b) + "\n" + Dump(blocks[b]);
         ExpectMatchesGolden(dump, std::string("other_info/") + c.name + ".txt");
-    }
-}
-
-TEST(OtherInfo, GridGrowsPastItsFirstCapacityKeepingEveryCell) {
-    HandSet h;
-    for (int32_t k = 0; k < 75; ++k) h.records.solidChecks.push_back({"S" + std::to_string(k), -1.0 - k, 0, 0, "", k});
-    const InfoBlock& block = h.Build()[InfoSolids];
-    ASSERT_EQ(block.rowCount, 75);
-    for (const int32_t r : {0, 49, 50, 59, 60, 74}) {
-        EXPECT_EQ(h.Text(InfoSolids, 0, r), "S" + std::to_string(r));
-        EXPECT_DOUBLE_EQ(h.Cell(InfoSolids, 1, r)->number, -1.0 - r);
-        EXPECT_EQ(block.rowKeys[r], 10 * r);
     }
 }
 
