@@ -122,7 +122,7 @@ bool ProtonBalanceHolds(const CalcContext& ctx) {
     if (st.protonWorstRatio > st.inputCriterion) return false;
     if (AnyFreeGiven(chem)) return true;
     double positive, negative;
-    SpeciesChargeSums(chem, positive, negative);
+    SpeciesChargeSums(chem, st.tables.charged, positive, negative);
     if (OrganicModelActive(ctx)) AddOrganicCharges(ctx, positive, negative);
     if (st.inputChargeExcess == 0) return RelativelyEqual(positive, negative, st.inputCriterion);
     return RelativelyEqual(st.inputChargeExcess, positive - negative, st.inputCriterion);
