@@ -1,6 +1,8 @@
 #include <cmath>
+#include <vector>
 
 #include "calc/run_calculation.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
@@ -12,13 +14,36 @@ double InputChargeExcess(const ChemicalSystem& chem, const InputProblem& input) 
     return std::fabs(sum) < 1e-10 ? 0 : sum;
 }
 
-void SpeciesChargeSums(const ChemicalSystem& chem, double& cationCharge, double& anionCharge) {
-    cationCharge = anionCharge = 0;
-    for (const Species& sp : chem.species) {
-        if (!IsDissolvedKind(sp.kind) && sp.kind != SpeciesKind::AdsorbedSpecies) continue;
-        if (sp.charge > 0) cationCharge += sp.charge * sp.concentration;
-        if (sp.charge < 0) anionCharge -= sp.charge * sp.concentration;
+namespace {
+
+std::vector<int32_t> ChargedSpecies(const ChemicalSystem& chem) {
+    std::vector<int32_t> charged;
+    for (size_t s = 0; s < chem.species.size(); ++s) {
+        const Species& sp = chem.species[s];
+        if ((IsDissolvedKind(sp.kind) || sp.kind == SpeciesKind::AdsorbedSpecies) && sp.charge != 0)
+            charged.push_back(static_cast<int32_t>(s));
     }
+    return charged;
+}
+
+}  // namespace
+
+void BuildChargeTable(const ChemicalSystem& chem, SpeciesTables& tables) { tables.charged = ChargedSpecies(chem); }
+
+void SpeciesChargeSums(const ChemicalSystem& chem, const std::vector<int32_t>& charged, double& cationCharge,
+                       double& anionCharge) {
+    cationCharge = anionCharge = 0;
+    for (int32_t s : charged) {
+        const Species& sp = chem.species[s];
+        if (sp.charge > 0)
+            cationCharge += sp.charge * sp.concentration;
+        else
+            anionCharge -= sp.charge * sp.concentration;
+    }
+}
+
+void SpeciesChargeSums(const ChemicalSystem& chem, double& cationCharge, double& anionCharge) {
+    SpeciesChargeSums(chem, ChargedSpecies(chem), cationCharge, anionCharge);
 }
 
 }  // namespace tormel

@@ -17,22 +17,48 @@ namespace {
 // log10(e^x)
 double LogOfExp(double x) { return x * std::numbers::log10e; }
 
+// The runs of metal species that share a correction: a block's species
+// change charge and combination size only a few times along it.
+void BuildConstantRuns(const ChemicalSystem& chem, OrganicFraction& fr) {
+    fr.constantRuns.clear();
+    for (const OrganicMetalBlock& block : fr.metals) {
+        const int32_t offset = block.firstSpecies - fr.firstMetalSpecies;
+        const Species* species = &chem.species[block.firstSpecies];
+        for (int32_t k = 0; k < block.speciesCount;) {
+            OrganicConstantRun run;
+            run.speciesCharge = species[k].charge;
+            run.size = fr.combinations[k].size;
+            int32_t end = k + 1;
+            while (end < block.speciesCount && species[end].charge == run.speciesCharge &&
+                   fr.combinations[end].size == run.size)
+                ++end;
+            run.first = offset + k;
+            run.end = offset + end;
+            fr.constantRuns.push_back(run);
+            k = end;
+        }
+    }
+}
+
 // 10^logK of each protonated site and metal species of a fraction, taken
-// once per solve (the assembly's constants do not change within it).
+// once per solve (the assembly's constants do not change within it), with
+// the runs of metal species.
 void IntrinsicConstants(const ChemicalSystem& chem, OrganicFraction& fr) {
     for (OrganicSite& site : fr.sites) site.protonIntrinsic = std::pow(10.0, chem.species[site.protonatedSpecies].logK);
     fr.metalIntrinsic.resize(fr.metalSpeciesCount);
     fr.metalConstant.assign(fr.metalSpeciesCount, 0.0);
     for (int32_t i = 0; i < fr.metalSpeciesCount; ++i)
         fr.metalIntrinsic[i] = std::pow(10.0, chem.species[fr.firstMetalSpecies + i].logK);
+    BuildConstantRuns(chem, fr);
     fr.intrinsicTaken = true;
 }
 
-// The working constants of a fraction's protonated sites and metal species,
-// and 10^workingLogK of the metal species. A metal species' correction
-// depends only on its charge and the size of its combination, which change
-// a few times along a block: the power of ten is taken once for each such
-// run of species, and 10^workingLogK is 10^logK times it.
+// The working constants of a fraction's protonated sites, and 10^workingLogK
+// of its metal species: 10^logK times the power of ten of their run's
+// correction, taken again only when the correction changes (under Models 6
+// and 7 every run of a block, and every block of metals of one charge, has
+// the same). The metal species' workingLogK itself is only written at the end
+// of a solve (StoreOrganicWorkingLogK).
 void WorkingLogKOfFraction(ChemicalSystem& chem, const SolverState& st, OrganicFraction& fr, double charge,
                            bool model5) {
     const double w = fr.electrostatic;
@@ -44,41 +70,27 @@ void WorkingLogKOfFraction(ChemicalSystem& chem, const SolverState& st, OrganicF
         sp.workingLogK = sp.logK - protonElectrostatic + st.logGamma1;
         site.protonConstant = site.protonIntrinsic * protonFactor;
     }
-    // the exponent of the last run and its power: under Models 6 and 7 every
-    // run of a block, and every block of metals of one charge, has the same
+    const double* intrinsic = fr.metalIntrinsic.data();
+    double* constant = fr.metalConstant.data();
     double lastExponent = 0, factor = 1;
-    for (const OrganicMetalBlock& block : fr.metals) {
-        const int32_t offset = block.firstSpecies - fr.firstMetalSpecies;
-        Species* species = &chem.species[block.firstSpecies];
-        const OrganicCombination* combinations = fr.combinations.data();
-        const double* intrinsic = &fr.metalIntrinsic[offset];
-        double* constant = &fr.metalConstant[offset];
-        for (int32_t k = 0; k < block.speciesCount;) {
-            // a run of species of one charge at combinations of one size
-            const int32_t speciesCharge = species[k].charge;
-            const int32_t size = combinations[k].size;
-            int32_t end = k + 1;
-            while (end < block.speciesCount && species[end].charge == speciesCharge && combinations[end].size == size)
-                ++end;
-            double electrostatic = 0, activity = 0;
-            if (model5) {
-                electrostatic = LogOfExp(-2 * w * speciesCharge * charge);
-            } else {
-                // the charge the metal brings to the particle
-                const double z = speciesCharge + size;
-                electrostatic = LogOfExp(-2 * w * z * charge);
-                activity = z * z * st.logGamma1;
-            }
-            const double exponent = electrostatic + activity;
-            if (exponent != lastExponent) {
-                lastExponent = exponent;
-                factor = std::pow(10.0, exponent);
-            }
-            for (; k < end; ++k) {
-                species[k].workingLogK = species[k].logK + electrostatic + activity;
-                constant[k] = intrinsic[k] * factor;
-            }
+    for (OrganicConstantRun& run : fr.constantRuns) {
+        double electrostatic = 0, activity = 0;
+        if (model5) {
+            electrostatic = LogOfExp(-2 * w * run.speciesCharge * charge);
+        } else {
+            // the charge the metal brings to the particle
+            const double z = run.speciesCharge + run.size;
+            electrostatic = LogOfExp(-2 * w * z * charge);
+            activity = z * z * st.logGamma1;
         }
+        run.electrostatic = electrostatic;
+        run.activity = activity;
+        const double exponent = electrostatic + activity;
+        if (exponent != lastExponent) {
+            lastExponent = exponent;
+            factor = std::pow(10.0, exponent);
+        }
+        for (int32_t k = run.first; k < run.end; ++k) constant[k] = intrinsic[k] * factor;
     }
 }
 
@@ -93,6 +105,16 @@ void OrganicWorkingLogK(CalcContext& ctx) {
         if (!fr.present) continue;
         fr.electrostatic = fr.parameters.electrostaticP * logI;
         WorkingLogKOfFraction(ctx.chem, st, fr, org.carry[f].charge, org.model == Model5);
+    }
+}
+
+void StoreOrganicWorkingLogK(CalcContext& ctx) {
+    for (const OrganicFraction& fr : ctx.state.organic.fractions) {
+        if (!fr.present) continue;
+        Species* species = ctx.chem.species.data() + fr.firstMetalSpecies;
+        for (const OrganicConstantRun& run : fr.constantRuns)
+            for (int32_t k = run.first; k < run.end; ++k)
+                species[k].workingLogK = species[k].logK + run.electrostatic + run.activity;
     }
 }
 

@@ -94,8 +94,12 @@ void InitialiseOrganic(CalcContext& ctx);
 void OrganicMetalSpecies(CalcContext& ctx);
 void OrganicDiffuseLayer(CalcContext& ctx, bool solveEnrichment);
 // Conditional constants of the organic species for the current Z, I and
-// logGamma1.
+// logGamma1: the workingLogK of the protonated sites, and the constants
+// (10^workingLogK) the species step forms the metal species from.
 void OrganicWorkingLogK(CalcContext& ctx);
+// The workingLogK of the metal species for the last constants, for the
+// results; the solver writes them once, at the end of a solve.
+void StoreOrganicWorkingLogK(CalcContext& ctx);
 // The step limit and the damping of the charges as at the start of a solve
 // (the fallback starts them afresh: they only ever tighten, and after a long
 // oscillation of the iteration they hold the charges almost still).

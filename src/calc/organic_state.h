@@ -85,6 +85,17 @@ struct OrganicMetalBlock {
     double sum = 0;  // per iteration: the block's species, summed
 };
 
+// A run of consecutive metal species of one fraction that share their
+// electrostatic and activity correction: one charge, at combinations of one
+// size, within one block.
+struct OrganicConstantRun {
+    int32_t first = 0, end = 0;  // species offsets from the fraction's first metal species
+    int32_t speciesCharge = 0;
+    int32_t size = 1;  // of the combinations
+    // per iteration: the two terms of the correction of log K
+    double electrostatic = 0, activity = 0;
+};
+
 struct OrganicFraction {
     bool present = false;
     double concentration = 0;  // C, g C/L
@@ -100,6 +111,7 @@ struct OrganicFraction {
     // solve, and 10^workingLogK, set with each working constant
     std::vector<double> metalIntrinsic;
     std::vector<double> metalConstant;
+    std::vector<OrganicConstantRun> constantRuns;  // built with the 10^logK
     bool intrinsicTaken = false;  // the 10^logK of the sites and metal species are taken for this solve
     // per iteration
     double charge = 0;        // sum z c over the fraction's species / C

@@ -3,6 +3,7 @@
 // fraction; every pair and triple is rescaled as a whole and split over its
 // members by their protonation. Also the organic start of a solve.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numbers>
 
@@ -62,6 +63,10 @@ void OrganicUpdate(CalcContext& ctx, bool& converged) {
     SolverState& st = ctx.state;
     OrganicState& org = st.organic;
     st.newtonUsed = false;
+    // a fraction's sites are updated together, at its first site component
+    std::array<int32_t, kOrganicFractions> firstSite;
+    for (int32_t f = 0; f < kOrganicFractions; ++f)
+        firstSite[f] = org.fractions[f].present ? org.fractions[f].sites.front().component : -1;
     const int32_t count = static_cast<int32_t>(chem.systemComponents.size());
     for (int32_t j = 1; j < count; ++j) {
         const SystemComponent& sc = chem.systemComponents[j];
@@ -70,8 +75,8 @@ void OrganicUpdate(CalcContext& ctx, bool& converged) {
             RatioUpdate(ctx, j);
             continue;
         }
-        for (OrganicFraction& fr : org.fractions)
-            if (fr.present && fr.sites.front().component == j) UpdateFraction(ctx, fr);
+        for (int32_t f = 0; f < kOrganicFractions; ++f)
+            if (firstSite[f] == j) UpdateFraction(ctx, org.fractions[f]);
     }
     if (st.protonBalanceMode) ProtonUpdate(ctx, converged);
     FreeFromGivenMember(ctx);

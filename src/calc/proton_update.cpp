@@ -23,7 +23,13 @@ bool AnyFreeGiven(const ChemicalSystem& chem) {
 }
 
 // The secant step on T(H); restarts from a proportional step when the two
-// remembered points do not give a usable slope.
+// remembered points do not give a usable slope. T rises with H (every donor
+// grows with H, every acceptor shrinks), so a slope that is not positive
+// says that the other unknowns, which move between the two points too, moved
+// T more than H did. That happens once the steps of H have shrunk to the size
+// of those moves near convergence; such a slope sends H the wrong way, and
+// far when it is close to zero, and the balances that H disturbs then take
+// hundreds of iterations to settle again.
 double SecantStep(ProtonUpdateState& p, double h, double t, double target) {
     if (p.stage == 0) {
         p.stage = 1;
@@ -43,7 +49,7 @@ double SecantStep(ProtonUpdateState& p, double h, double t, double target) {
     p.hCurrent = h;
     p.tCurrent = t;
     const double slope = (p.tCurrent - p.tPrevious) / (p.hCurrent - p.hPrevious);
-    if (!std::isfinite(slope) || slope == 0) {
+    if (!std::isfinite(slope) || slope <= 0) {
         p.stage = 0;
         return SecantStep(p, h, t, target);
     }
@@ -116,7 +122,7 @@ bool ProtonBalanceHolds(const CalcContext& ctx) {
     if (st.protonWorstRatio > st.inputCriterion) return false;
     if (AnyFreeGiven(chem)) return true;
     double positive, negative;
-    SpeciesChargeSums(chem, positive, negative);
+    SpeciesChargeSums(chem, st.tables.charged, positive, negative);
     if (OrganicModelActive(ctx)) AddOrganicCharges(ctx, positive, negative);
     if (st.inputChargeExcess == 0) return RelativelyEqual(positive, negative, st.inputCriterion);
     return RelativelyEqual(st.inputChargeExcess, positive - negative, st.inputCriterion);

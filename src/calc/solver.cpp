@@ -258,6 +258,7 @@ SolveResult SolveEquilibrium(CalcContext& ctx, bool showProgress) {
             break;
         }
     }
+    if (organic) StoreOrganicWorkingLogK(ctx);
     result.fallbackUsed = st.fallback.active;
     result.cancelled = st.abortRequested;
     result.iterations = st.iterationCount;

@@ -12,6 +12,7 @@ void BuildSpeciesTables(const ChemicalSystem& chem, SpeciesTables& tables) {
     BuildMassActionTable(chem, tables);
     BuildBalanceTables(chem, tables);
     BuildActivityTables(chem, tables);
+    BuildChargeTable(chem, tables);
     tables.logFree.assign(chem.systemComponents.size(), 0.0);
     tables.speciesCount = static_cast<int32_t>(chem.species.size());
 }

@@ -48,6 +48,8 @@ struct SpeciesTables {
     std::vector<int32_t> dissolved;
     // species whose conditional constant the activity step sets
     std::vector<int32_t> activitySpecies;
+    // dissolved and adsorbed species with a charge: the charge balance
+    std::vector<int32_t> charged;
     // per system component: scratch for log10 of its free concentration
     std::vector<double> logFree;
 };
@@ -61,6 +63,7 @@ SpeciesTables& TablesFor(const ChemicalSystem& chem, SpeciesTables& tables);
 void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTables& tables);
 void BuildBalanceTables(const ChemicalSystem& chem, SpeciesTables& tables);
 void BuildActivityTables(const ChemicalSystem& chem, SpeciesTables& tables);
+void BuildChargeTable(const ChemicalSystem& chem, SpeciesTables& tables);
 
 template <class Keep>
 void SpeciesTermList::Add(const ChemicalSystem& chem, int32_t s, Keep keep) {

@@ -72,6 +72,9 @@ TEST(OrganicConvergence, RandomNaturalWaters) {
             most = std::max(most, out.solve.iterations);
             total += out.solve.iterations;
         }
+        // the slowest water of each model takes about 1100 to 1250 iterations; a
+        // proton update misled by the other unknowns' moves took up to 3000
+        EXPECT_LE(most, 1500) << "model " << model;
         std::printf("model code %d: %d waters, %d not converged, iterations mean %ld, most %d\n", model,
                     kWatersPerModel, failures, total / kWatersPerModel, most);
     }
