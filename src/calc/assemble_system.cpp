@@ -101,7 +101,7 @@ void AddElectron(AssemblyWork& w) {
     const int32_t j = w.NewSystemComponent();
     SystemComponent& sc = chem.systemComponents[j];
     sc.type = ComponentType::Electron;
-    sc.name = "e";
+    sc.name.assign(1, 'e');
     sc.charge = -1;
     sc.balanceKind = InputType::FreeAct;
     sc.givenValue = w.ctx.input.components[e].inputValue;
@@ -300,7 +300,7 @@ void SortSystemComponents(AssemblyWork& w) {
         for (int32_t j = i + 1; j < count; ++j) {
             if (scs[i].componentIndex <= scs[j].componentIndex) continue;
             std::swap(scs[i], scs[j]);
-            for (auto& row : w.dense) std::swap(row[i], row[j]);
+            for (size_t s = 0; s < w.dense.size(); ++s) std::swap(w.dense[s][i], w.dense[s][j]);
             chem.placement[scs[i].componentIndex].systemIndex = i;
             chem.placement[scs[j].componentIndex].systemIndex = j;
         }
@@ -361,8 +361,6 @@ AssemblyResult AssembleSystem(CalcContext& ctx) {
         if (std::string refusal = CheckSolidTotals(w); !refusal.empty()) return {false, std::move(refusal)};
     }
     BuildComposition(w);
-    chem.systemComponents.shrink_to_fit();
-    chem.species.shrink_to_fit();
     chem.temperatureCorrectionApplied = DecideTemperatureCorrection(chem, input.temperatureCorrection);
     return {true, {}};
 }

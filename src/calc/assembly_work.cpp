@@ -16,12 +16,29 @@ int32_t FirstColumnCount(const ChemicalSystem& chem) {
 
 }  // namespace
 
+void DenseRows::Widen(size_t width) {
+    std::vector<int32_t> wider(rows_ * width, 0);
+    for (size_t r = 0; r < rows_; ++r)
+        std::copy_n(cells_.begin() + static_cast<std::ptrdiff_t>(r * width_), width_,
+                    wider.begin() + static_cast<std::ptrdiff_t>(r * width));
+    cells_ = std::move(wider);
+    width_ = width;
+}
+
+void DenseRows::Reserve(size_t rows, size_t width) {
+    if (rows_ == 0) width_ = width;
+    cells_.reserve(rows * width_);
+}
+
 AssemblyWork::AssemblyWork(CalcContext& context)
     : ctx(context),
       chem(context.chem),
       placed(context.chem.db().components.size(), 0),
       speciesOf(context.chem.db().components.size(), 0),
-      columns_(FirstColumnCount(context.chem)) {}
+      columns_(FirstColumnCount(context.chem)) {
+    // room for the species of a typical water, without growing
+    dense.Reserve(64, static_cast<size_t>(columns_));
+}
 
 int32_t& AssemblyWork::Coef(int32_t species, int32_t systemComponent) {
     return dense[species][systemComponent];
@@ -29,7 +46,7 @@ int32_t& AssemblyWork::Coef(int32_t species, int32_t systemComponent) {
 
 int32_t AssemblyWork::NewSpecies() {
     chem.species.emplace_back();
-    dense.emplace_back(columns_, 0);
+    dense.AddRow();
     return static_cast<int32_t>(chem.species.size()) - 1;
 }
 
@@ -39,7 +56,7 @@ int32_t AssemblyWork::NewSystemComponent() {
     if (index >= columns_) {
         // more unknowns than the first guess: widen every row
         columns_ = 2 * columns_;
-        for (auto& row : dense) row.resize(columns_, 0);
+        dense.Widen(static_cast<size_t>(columns_));
     }
     return index;
 }
@@ -59,9 +76,9 @@ void AssemblyWork::AddEntry(std::vector<ReactionEntry>& table, std::vector<int32
     if (fill[row] >= width) return;  // a display row holds at most the database's widest reaction
     ReactionEntry& entry = table[Position(fill[row], row, width)];
     entry.coefficient = coefficient;
-    entry.name = std::string(name);
+    entry.name.assign(name);
     entry.charge = charge;
-    entry.phase = std::string(phase.substr(0, 5));
+    entry.phase.assign(phase.substr(0, 5));
     ++fill[row];
 }
 
@@ -77,8 +94,8 @@ void AssemblyWork::AddProduct(int32_t row, int32_t coefficient, std::string_view
 
 void AssemblyWork::AddRow(int32_t target, int32_t source, int32_t factor) {
     if (factor == 0) return;
-    const auto& from = dense[source];
-    auto& to = dense[target];
+    const DenseRows::Row from = dense[source];
+    const DenseRows::Row to = dense[target];
     for (size_t j = 0; j < chem.systemComponents.size(); ++j) to[j] += factor * from[j];
 }
 

@@ -2,6 +2,7 @@
 // Working storage of the problem assembly: which components are already
 // represented, the dense coefficient matrix of species by system component,
 // and helpers that append records and reaction entries to the assembled layer.
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -11,6 +12,44 @@
 
 namespace tormel {
 
+// The coefficients of the assembled species by system component: one row
+// per species, every row in one block of memory, widened as a whole when
+// more unknowns come than the rows have room for.
+class DenseRows {
+public:
+    // One row; assigning one row to another copies the coefficients. Valid
+    // until the next row is added or the rows widen.
+    class Row {
+    public:
+        Row(int32_t* data, size_t width) : data_(data), width_(width) {}
+        Row(const Row&) = default;
+        Row& operator=(const Row& other) {
+            std::copy_n(other.data_, width_, data_);
+            return *this;
+        }
+        int32_t& operator[](size_t column) const { return data_[column]; }
+
+    private:
+        int32_t* data_;
+        size_t width_;
+    };
+
+    Row operator[](size_t row) { return {cells_.data() + row * width_, width_}; }
+    size_t size() const { return rows_; }
+    size_t Width() const { return width_; }
+    // Appends a row of zeros.
+    void AddRow() { cells_.resize(++rows_ * width_, 0); }
+    void pop_back() { cells_.resize(--rows_ * width_); }
+    // Gives every row `width` columns, the new ones zero.
+    void Widen(size_t width);
+    void Reserve(size_t rows, size_t width);
+
+private:
+    std::vector<int32_t> cells_;
+    size_t rows_ = 0;
+    size_t width_ = 0;
+};
+
 struct AssemblyWork {
     explicit AssemblyWork(CalcContext& context);
 
@@ -19,7 +58,7 @@ struct AssemblyWork {
     std::vector<uint8_t> placed;     // per component
     std::vector<int32_t> speciesOf;  // per component: species that stands for it
     // dense[s][j]: coefficient of system component j in species s
-    std::vector<std::vector<int32_t>> dense;
+    DenseRows dense;
     std::vector<int32_t> reactantFill, productFill;  // entries used per reaction row
 
     int32_t& Coef(int32_t species, int32_t systemComponent);
@@ -34,7 +73,11 @@ struct AssemblyWork {
     // number of non-zero coefficients, both from the species' dense row.
     void ComposeFromRow(int32_t species);
     // "free " + name
-    static std::string FreeName(std::string_view name) { return "free " + std::string(name); }
+    static std::string FreeName(std::string_view name) {
+        std::string text;
+        text.reserve(5 + name.size());
+        return text.append("free ").append(name);
+    }
     // "(aq)" for a neutral dissolved term
     static std::string_view AqueousPhase(int32_t charge) { return charge == 0 ? "(aq)" : ""; }
 

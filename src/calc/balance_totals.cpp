@@ -51,6 +51,12 @@ void BuildBalanceTables(const ChemicalSystem& chem, SpeciesTables& tables) {
     tables.balanceClass.clear();
     tables.protons.Clear();
     tables.protonClass.clear();
+    const size_t count = chem.species.size();
+    const size_t width = static_cast<size_t>(chem.maxSpeciesComponents);
+    tables.balances.Reserve(count, width);
+    tables.balanceClass.reserve(count);
+    tables.protons.Reserve(count, width);
+    tables.protonClass.reserve(count);
     const auto onBalance = [&](const CompositionTerm& term) {
         return term.coefficient != 0 && chem.systemComponents[term.systemComponent].balanceKind == InputType::TotalConc;
     };

@@ -9,32 +9,43 @@ namespace tormel {
 
 
 bool SolvePivotedInPlace(std::span<double> a, std::span<double> b, int32_t size, double negligiblePivot) {
-    const auto at = [&](int32_t row, int32_t col) -> double& { return a[static_cast<size_t>(row) * size + col]; };
-    for (int32_t c = 0; c < size; ++c) {
-        int32_t pivot = c;
+    const size_t n = static_cast<size_t>(std::max(size, 0));
+    double* const m = a.data();
+    double* const y = b.data();
+    for (size_t c = 0; c < n; ++c) {
+        // the first row from c down with the largest magnitude in column c,
+        // and the largest magnitude of the whole column (NaN left out)
+        size_t pivot = c;
+        double pivotMagnitude = std::fabs(m[c * n + c]);
         double columnMax = 0;
-        for (int32_t r = c; r < size; ++r) {
-            columnMax = std::max(columnMax, std::fabs(at(r, c)));
-            if (std::fabs(at(r, c)) > std::fabs(at(pivot, c))) pivot = r;
+        for (size_t r = 0; r < n; ++r) {
+            const double magnitude = std::fabs(m[r * n + c]);
+            columnMax = std::max(columnMax, magnitude);
+            if (r > c && magnitude > pivotMagnitude) {
+                pivot = r;
+                pivotMagnitude = magnitude;
+            }
         }
-        for (int32_t r = 0; r < c; ++r) columnMax = std::max(columnMax, std::fabs(at(r, c)));
-        if (!(std::fabs(at(pivot, c)) > negligiblePivot * columnMax)) return false;
+        if (!(pivotMagnitude > negligiblePivot * columnMax)) return false;
+        double* const row = m + c * n;
         if (pivot != c) {
-            for (int32_t k = 0; k < size; ++k) std::swap(at(c, k), at(pivot, k));
-            std::swap(b[c], b[pivot]);
+            std::swap_ranges(row, row + n, m + pivot * n);
+            std::swap(y[c], y[pivot]);
         }
-        for (int32_t r = c + 1; r < size; ++r) {
-            const double f = at(r, c) / at(c, c);
+        for (size_t r = c + 1; r < n; ++r) {
+            double* const target = m + r * n;
+            const double f = target[c] / row[c];
             if (f == 0) continue;
-            for (int32_t k = c; k < size; ++k) at(r, k) -= f * at(c, k);
-            b[r] -= f * b[c];
+            for (size_t k = c; k < n; ++k) target[k] -= f * row[k];
+            y[r] -= f * y[c];
         }
     }
-    for (int32_t r = size - 1; r >= 0; --r) {
-        double sum = b[r];
-        for (int32_t k = r + 1; k < size; ++k) sum -= at(r, k) * b[k];
-        b[r] = sum / at(r, r);
-        if (!std::isfinite(b[r])) return false;
+    for (size_t r = n; r-- > 0;) {
+        const double* const row = m + r * n;
+        double sum = y[r];
+        for (size_t k = r + 1; k < n; ++k) sum -= row[k] * y[k];
+        y[r] = sum / row[r];
+        if (!std::isfinite(y[r])) return false;
     }
     return true;
 }

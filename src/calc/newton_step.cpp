@@ -7,6 +7,7 @@
 #include "calc/dense_solve.h"
 #include "calc/solver.h"
 #include "calc/solver_options.h"
+#include "calc/species_tables.h"
 
 namespace tormel {
 
@@ -59,58 +60,79 @@ bool JacobianTerm(const ChemicalSystem& chem, int32_t s, int32_t nuU, int32_t v,
     return std::isfinite(value);
 }
 
-// c_s of every dissolved species from the current unknowns, formed once per
-// step: the component block's entry of s for unknowns u and v is then
-// nu_u nu_v c_s / c_v. A species that holds a component in more than one
-// entry, or whose c_s is not a finite non-zero number, gets 0 and its
-// entries are formed term by term.
-void SpeciesTerms(const ChemicalSystem& chem, int32_t end, NewtonSystem& ns) {
+// The component block's entries in the order they are summed: by species,
+// then by the term of the row's unknown, then by the term of the column's.
+// Only dissolved species holding a mass-balance unknown enter.
+void BuildNewtonTables(const ChemicalSystem& chem, const NewtonSystem& ns, int32_t end, SpeciesTables& tables) {
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    if (ns.speciesTerm.size() < static_cast<size_t>(end)) ns.speciesTerm.resize(static_cast<size_t>(end));
-    ns.logFree.resize(chem.systemComponents.size());
-    for (size_t j = 0; j < ns.logFree.size(); ++j) ns.logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+    tables.newtonSpecies.Clear();
+    tables.newtonSpecies.Reserve(static_cast<size_t>(end), static_cast<size_t>(chem.maxSpeciesComponents));
+    tables.newtonDistinct.clear();
+    tables.newtonComponents.clear();
+    tables.jacobianEntries.clear();
+    std::vector<char> used(chem.systemComponents.size(), 0);
     for (int32_t s = 0; s < end; ++s) {
         const Species& sp = chem.species[s];
-        double exponent = sp.workingLogK;
+        const size_t before = tables.jacobianEntries.size();
         bool distinct = true;
-        for (int32_t e = 0; e < sp.componentTerms; ++e) {
-            const CompositionTerm& term = chem.composition[Position(s, e, speciesCount)];
-            for (int32_t f = 0; f < e; ++f)
-                if (chem.composition[Position(s, f, speciesCount)].systemComponent == term.systemComponent)
-                    distinct = false;
-            if (term.coefficient == 0) continue;
-            exponent += term.coefficient * ns.logFree[static_cast<size_t>(term.systemComponent)];
-        }
-        const double c = std::exp(exponent * kLn10);
-        ns.speciesTerm[static_cast<size_t>(s)] = distinct && std::isfinite(c) && c != 0 ? c : 0;
-    }
-}
-
-bool BuildJacobian(const ChemicalSystem& chem, NewtonSystem& ns) {
-    const int32_t size = ns.Size();
-    std::fill(ns.jacobian.begin(), ns.jacobian.end(), 0.0);
-    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    const int32_t end = chem.solidSpeciesRange.empty() ? speciesCount : chem.solidSpeciesRange.first;
-    SpeciesTerms(chem, end, ns);
-    for (int32_t s = 0; s < end; ++s) {
-        const Species& sp = chem.species[s];
-        const double cs = ns.speciesTerm[static_cast<size_t>(s)];
         for (int32_t a = 0; a < sp.componentTerms; ++a) {
             const CompositionTerm& ta = chem.composition[Position(s, a, speciesCount)];
+            for (int32_t f = 0; f < a; ++f)
+                if (chem.composition[Position(s, f, speciesCount)].systemComponent == ta.systemComponent) distinct = false;
             const int32_t u = ns.componentUnknown[ta.systemComponent];
             if (u < 0 || ta.coefficient == 0) continue;
             for (int32_t b = 0; b < sp.componentTerms; ++b) {
                 const CompositionTerm& tb = chem.composition[Position(s, b, speciesCount)];
                 const int32_t v = ns.componentUnknown[tb.systemComponent];
                 if (v < 0 || tb.coefficient == 0) continue;
-                double value = static_cast<double>(ta.coefficient * tb.coefficient) * cs /
-                               chem.systemComponents[tb.systemComponent].freeConcentration;
-                if ((cs == 0 || !std::isfinite(value)) &&
-                    !JacobianTerm(chem, s, ta.coefficient, tb.systemComponent, tb.coefficient, value))
-                    return false;
-                ns.jacobian[u * size + v] += value;
+                tables.jacobianEntries.push_back({s, u, v, tb.systemComponent, ta.coefficient, tb.coefficient});
             }
         }
+        if (tables.jacobianEntries.size() == before) continue;
+        tables.newtonSpecies.Add(chem, s, [](const CompositionTerm& term) { return term.coefficient != 0; });
+        tables.newtonDistinct.push_back(distinct ? 1 : 0);
+    }
+    for (const CompositionTerm& term : tables.newtonSpecies.terms) used[term.systemComponent] = 1;
+    for (size_t j = 0; j < used.size(); ++j)
+        if (used[j]) tables.newtonComponents.push_back(static_cast<int32_t>(j));
+    tables.newtonBuilt = true;
+}
+
+// c_s of every species of the component block from the current unknowns,
+// formed once per step: its entry for unknowns u and v is then
+// nu_u nu_v c_s / c_v. A species that holds a component in more than one
+// entry, or whose c_s is not a finite non-zero number, gets 0 and its
+// entries are formed term by term.
+void SpeciesTerms(const ChemicalSystem& chem, int32_t end, SpeciesTables& tables, NewtonSystem& ns) {
+    if (ns.speciesTerm.size() < static_cast<size_t>(end)) ns.speciesTerm.resize(static_cast<size_t>(end));
+    for (int32_t j : tables.newtonComponents) LogFree(tables, j, chem.systemComponents[j].freeConcentration);
+    const SpeciesTermList& list = tables.newtonSpecies;
+    const CompositionTerm* terms = list.terms.data();
+    for (int32_t k = 0; k < list.Size(); ++k) {
+        const int32_t s = list.species[k];
+        double exponent = chem.species[s].workingLogK;
+        for (int32_t t = list.start[k]; t < list.start[k + 1]; ++t)
+            exponent += terms[t].coefficient * tables.logFree[terms[t].systemComponent];
+        const double c = PowerOfTen(tables, s, exponent);
+        ns.speciesTerm[static_cast<size_t>(s)] = tables.newtonDistinct[k] && std::isfinite(c) && c != 0 ? c : 0;
+    }
+}
+
+bool BuildJacobian(const ChemicalSystem& chem, SpeciesTables& tables, NewtonSystem& ns) {
+    const int32_t size = ns.Size();
+    std::fill(ns.jacobian.begin(), ns.jacobian.end(), 0.0);
+    const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    const int32_t end = chem.solidSpeciesRange.empty() ? speciesCount : chem.solidSpeciesRange.first;
+    if (!tables.newtonBuilt) BuildNewtonTables(chem, ns, end, tables);
+    SpeciesTerms(chem, end, tables, ns);
+    for (const JacobianEntry& entry : tables.jacobianEntries) {
+        const double cs = ns.speciesTerm[static_cast<size_t>(entry.species)];
+        double value = static_cast<double>(entry.nuU * entry.nuV) * cs /
+                       chem.systemComponents[entry.component].freeConcentration;
+        if ((cs == 0 || !std::isfinite(value)) &&
+            !JacobianTerm(chem, entry.species, entry.nuU, entry.component, entry.nuV, value))
+            return false;
+        ns.jacobian[entry.u * size + entry.v] += value;
     }
     for (int32_t k = 0; k < ns.m; ++k) {
         const int32_t s = ns.solidSpecies[k];
@@ -164,7 +186,7 @@ bool NewtonStep(CalcContext& ctx, bool& converged) {
     // reported species no longer balance.)
     for (int32_t k = 0; k < ns.m; ++k)
         if (std::fabs(ns.r[ns.n + k]) > std::log(st.workingCriterion)) converged = false;
-    if (!BuildJacobian(chem, ns)) return false;
+    if (!BuildJacobian(chem, TablesFor(chem, st.tables), ns)) return false;
     std::copy(ns.r.begin(), ns.r.begin() + size, ns.delta.begin());
     if (!SolvePivotedInPlace(ns.jacobian, std::span<double>(ns.delta).first(static_cast<size_t>(size)), size, 0))
         return false;

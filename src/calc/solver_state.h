@@ -34,7 +34,6 @@ struct NewtonSystem {
     // per species: c_s formed from the current unknowns, for the Jacobian;
     // sized by the step itself and reused by every later step of the solve
     std::vector<double> speciesTerm;
-    std::vector<double> logFree;  // per system component: log10 of its free concentration, for the same
 
     int32_t Size() const { return n + m; }
 };

@@ -1,7 +1,5 @@
 // Concentrations of the species from the free concentrations of the unknowns:
 // c_s = 10^(workingLogK + sum nu log c).
-#include <cmath>
-#include <numbers>
 #include <vector>
 
 #include "calc/solver.h"
@@ -22,6 +20,7 @@ void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTables& tables) {
     SpeciesTermList& massAction = tables.massAction;
     massAction.Clear();
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
+    massAction.Reserve(chem.species.size(), static_cast<size_t>(chem.maxSpeciesComponents));
     for (int32_t s = 0; s < speciesCount; ++s)
         if (ComputedHere(chem.species[s].kind))
             massAction.Add(chem, s, [](const CompositionTerm& term) { return term.coefficient != 0; });
@@ -35,15 +34,16 @@ void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTables& tables) {
 void SpeciesConcentrations(ChemicalSystem& chem, SpeciesTables& tables) {
     // log10 of each unknown the terms hold once, not once per species term
     std::vector<double>& logFree = tables.logFree;
-    for (int32_t j : tables.massActionComponents) logFree[j] = std::log10(chem.systemComponents[j].freeConcentration);
+    for (int32_t j : tables.massActionComponents) LogFree(tables, j, chem.systemComponents[j].freeConcentration);
     const SpeciesTermList& list = tables.massAction;
     const CompositionTerm* terms = list.terms.data();
     for (int32_t k = 0; k < list.Size(); ++k) {
-        Species& sp = chem.species[list.species[k]];
+        const int32_t s = list.species[k];
+        Species& sp = chem.species[s];
         double exponent = sp.workingLogK;
         for (int32_t t = list.start[k]; t < list.start[k + 1]; ++t)
             exponent += terms[t].coefficient * logFree[terms[t].systemComponent];
-        sp.concentration = std::exp(exponent * std::numbers::ln10);
+        sp.concentration = PowerOfTen(tables, s, exponent);
     }
 }
 

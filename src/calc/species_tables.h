@@ -4,7 +4,9 @@
 // list, with their terms in one contiguous array. An iteration then neither
 // scans the species a step skips nor looks its terms up in the composition
 // table, which holds them one species-count apart.
+#include <cmath>
 #include <cstdint>
+#include <numbers>
 #include <vector>
 
 #include "core/chemical_system.h"
@@ -20,9 +22,21 @@ struct SpeciesTermList {
 
     int32_t Size() const { return static_cast<int32_t>(species.size()); }
     void Clear();
+    // Room for `count` species of up to `width` terms each.
+    void Reserve(size_t count, size_t width);
     // Appends species s with the terms for which keep(term) holds.
     template <class Keep>
     void Add(const ChemicalSystem& chem, int32_t s, Keep keep);
+};
+
+// One entry of the component block of the Newton step's Jacobian: species
+// `species` adds nuU nuV c_s / c_v to row u, column v, v being the unknown of
+// system component `component`.
+struct JacobianEntry {
+    int32_t species = 0;
+    int32_t u = 0, v = 0;
+    int32_t component = 0;
+    int32_t nuU = 0, nuV = 0;
 };
 
 // The class of species whose amounts the balance sums collect.
@@ -50,9 +64,42 @@ struct SpeciesTables {
     std::vector<int32_t> activitySpecies;
     // dissolved and adsorbed species with a charge: the charge balance
     std::vector<int32_t> charged;
-    // per system component: scratch for log10 of its free concentration
-    std::vector<double> logFree;
+    // per system component: log10 of its free concentration, and the free
+    // concentration it was taken of (NaN before the first)
+    std::vector<double> logFree, logFreeOf;
+    // per species: the last exponent (log10 c) formed by the mass-action law
+    // and 10 to that power (NaN before the first); a step that forms the same
+    // exponent again takes the power from here
+    std::vector<double> lastExponent, lastPower;
+    // the Newton step's component block, built by the first step of a solve:
+    // the species that enter it (their non-zero terms), whether each holds its
+    // components in distinct terms, the components the terms hold, and the
+    // entries in the order they are summed
+    bool newtonBuilt = false;
+    SpeciesTermList newtonSpecies;
+    std::vector<char> newtonDistinct;
+    std::vector<int32_t> newtonComponents;
+    std::vector<JacobianEntry> jacobianEntries;
 };
+
+// log10 of the free concentration of system component j, taken again only
+// when that concentration has changed since it was last taken.
+inline double LogFree(SpeciesTables& tables, int32_t j, double free) {
+    if (tables.logFreeOf[j] != free) {
+        tables.logFree[j] = std::log10(free);
+        tables.logFreeOf[j] = free;
+    }
+    return tables.logFree[j];
+}
+
+// 10^exponent for species s, formed again only when the exponent has changed.
+inline double PowerOfTen(SpeciesTables& tables, int32_t s, double exponent) {
+    if (tables.lastExponent[s] != exponent) {
+        tables.lastPower[s] = std::exp(exponent * std::numbers::ln10);
+        tables.lastExponent[s] = exponent;
+    }
+    return tables.lastPower[s];
+}
 
 // Builds the tables for the assembled system.
 void BuildSpeciesTables(const ChemicalSystem& chem, SpeciesTables& tables);

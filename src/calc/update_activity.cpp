@@ -34,6 +34,8 @@ bool ActivitySetsConstant(SpeciesKind kind) {
 void BuildActivityTables(const ChemicalSystem& chem, SpeciesTables& tables) {
     tables.dissolved.clear();
     tables.activitySpecies.clear();
+    tables.dissolved.reserve(chem.species.size());
+    tables.activitySpecies.reserve(chem.species.size());
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     for (int32_t s = 0; s < speciesCount; ++s) {
         const SpeciesKind kind = chem.species[s].kind;
