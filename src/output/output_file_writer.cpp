@@ -77,6 +77,7 @@ size_t Room(S) { return std::max(kNumberTextRoom, kNoSaturationWord.size()); }
 size_t Room(const Q& quoted) { return quoted.Text().size() + 2; }
 
 char* Put(char* p, std::string_view text) {
+    if (text.empty()) return p;  // an empty view may hold no address at all
     std::memcpy(p, text.data(), text.size());
     return p + text.size();
 }
