@@ -78,6 +78,14 @@ Record& AddWithDefinition(double logK, double conditionalLogK, std::vector<Recor
     return record;
 }
 
+// At most one record per ligand of each gas: the room the gas results take.
+size_t GasRecordRoom(const ChemicalSystem& chem, const EquilibriumIndex& index) {
+    const TypeRange range = chem.db().equilibriumRange[EquilibriumType::Gas];
+    size_t room = 0;
+    for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) room += index.Terms(e).size();
+    return room;
+}
+
 }  // namespace
 
 SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference) {
@@ -88,10 +96,11 @@ SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference) {
 void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
     const std::vector<int32_t> solids = EquilibriaInInput(chem, EquilibriumType::Solid);
-    records.reactions.reserve(records.reactions.size() + solids.size());
-    records.solidChecks.reserve(records.solidChecks.size() + solids.size());
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
+    // the gas results follow: their room too, so that the definitions move once
+    records.reactions.reserve(records.reactions.size() + solids.size() + GasRecordRoom(chem, index));
+    records.solidChecks.reserve(records.solidChecks.size() + solids.size());
     for (const int32_t e : solids) {
         const Equilibrium& eq = chem.db().equilibria[e];
         // the solid's components: its first componentCount terms
@@ -117,10 +126,8 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
     if (range.empty()) return;
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
-    // at most one record per ligand of each gas: room for all of them, so
-    // that filing one never moves the set's reactions
-    size_t room = 0;
-    for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) room += index.Terms(e).size();
+    // room for all of them, so that filing one never moves the set's reactions
+    const size_t room = GasRecordRoom(chem, index);
     records.reactions.reserve(records.reactions.size() + room);
     records.gases.reserve(records.gases.size() + room);
     for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) {

@@ -48,6 +48,10 @@ TEST(CoreTextFile, WritesBomAndCrLfAndRoundTripsNonAscii) {
     ASSERT_TRUE(bytes);
     EXPECT_EQ(*bytes, Utf16Bytes(text, true));
     EXPECT_EQ(Utf16ToUtf8(*ReadUtf16File(dir.File("out.txt"))), text);
+    // a new file takes a different way from a replaced one: both leave only the file
+    ASSERT_TRUE(WriteUtf16File(dir.File("out.txt"), std::string_view("new\n")));
+    EXPECT_EQ(ReadUtf16File(dir.File("out.txt")), u"new\n");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir.Path()), {}), 1);
 }
 
 TEST(CoreTextFile, FailedWriteKeepsTheOldFileAndLeavesNoTemporary) {
