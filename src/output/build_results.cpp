@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "core/chemical_types.h"
+#include "core/equilibrium_index.h"
 #include "output/build_other_info.h"
 #include "output/charge_suffix.h"
 #include "output/saturation_results.h"
@@ -133,9 +134,10 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
 
 // One definition per reaction row; the species that own the rows, in
 // species order, give them their constant, reference and note.
-void AddReactionDefinitions(const ChemicalSystem& chem, SetRecords& records) {
+// `laterRoom` more are reserved for the definitions appended after these.
+void AddReactionDefinitions(const ChemicalSystem& chem, size_t laterRoom, SetRecords& records) {
     const int32_t width = chem.db().maxComponentsPerEquilibrium;
-    records.reactions.reserve(static_cast<size_t>(std::max(chem.reactionRowCount, 0)));
+    records.reactions.reserve(static_cast<size_t>(std::max(chem.reactionRowCount, 0)) + laterRoom);
     for (int32_t r = 0; r < chem.reactionRowCount; ++r) {
         ReactionDefinition& definition = records.reactions.emplace_back();
         for (int32_t j = 0; j < width && j < kMaxReactionEntries; ++j) {
@@ -245,7 +247,10 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
         }
     }
 
-    AddReactionDefinitions(chem, records);
+    // the solids tested for saturation while precipitation is off
+    const std::vector<int32_t> solidChecks =
+        calc.input.precipitation ? std::vector<int32_t>{} : EquilibriaInInput(chem, EquilibriumType::Solid);
+    AddReactionDefinitions(chem, CheckDefinitionRoom(chem, solidChecks.size()), records);
     AddSpeciesLists(chem, records);
 
     header.iterationCount = st.iterationCount;
@@ -259,7 +264,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
         header.firstPrecipitatedSolid = solids.empty() ? 0 : solids.first;
         header.lastPrecipitatedSolid = solids.empty() ? -1 : solids.last;
     } else {
-        AddSolidChecks(calc, SharedText(LanguageText(context.language, "EqDef", "AddInfoSolid")), records);
+        AddSolidChecks(calc, solidChecks, SharedText(LanguageText(context.language, "EqDef", "AddInfoSolid")), records);
     }
     AddGasResults(calc, records);
 

@@ -53,11 +53,6 @@ void InfoBlockWriter::Heading(std::string title, std::string longText, int32_t c
     block_.title = std::move(title);
     block_.longText = std::move(longText);
     block_.columnCount = columns;
-    // a block that is there has some dozen rows: room for them at once
-    // rather than the grid moving at each doubling
-    constexpr size_t kUsualRows = 24;
-    block_.cells.reserve(kUsualRows * kInfoColumns);
-    block_.rowKeys.reserve(kUsualRows);
 }
 
 void InfoBlockWriter::Integer(int32_t column, int32_t value) { Put(column, CellFormat::Integer, value); }

@@ -93,13 +93,17 @@ SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference) {
     return chem.db().literature[reference];
 }
 
-void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRecords& records) {
+size_t CheckDefinitionRoom(const ChemicalSystem& chem, size_t solidCount) {
+    std::optional<EquilibriumIndex> temporary;
+    return solidCount + GasRecordRoom(chem, FittingIndex(chem.db(), temporary));
+}
+
+void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, const SharedText& solidNote,
+                    SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
-    const std::vector<int32_t> solids = EquilibriaInInput(chem, EquilibriumType::Solid);
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
-    // the gas results follow: their room too, so that the definitions move once
-    records.reactions.reserve(records.reactions.size() + solids.size() + GasRecordRoom(chem, index));
+    records.reactions.reserve(records.reactions.size() + solids.size());
     records.solidChecks.reserve(records.solidChecks.size() + solids.size());
     for (const int32_t e : solids) {
         const Equilibrium& eq = chem.db().equilibria[e];

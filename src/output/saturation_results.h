@@ -3,6 +3,7 @@
 // report: the saturation of each solid that could form while precipitation
 // is off, and the partial pressure of each gas in equilibrium with the
 // solution. Both append their reaction definitions.
+#include <span>
 #include <string>
 
 #include "calc/calc_context.h"
@@ -13,10 +14,15 @@ namespace tormel {
 // The text of a literature reference, empty for none.
 SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference);
 
-// For every solid equilibrium whose components are all in the input, in
-// index order: a SolidSaturation record and its reaction definition (note
-// `solidNote`).
-void AddSolidChecks(const CalcContext& calc, const SharedText& solidNote, SetRecords& records);
+// The reaction definitions that AddSolidChecks (for `solidCount` solids) and
+// AddGasResults append at most: room to reserve before the first.
+size_t CheckDefinitionRoom(const ChemicalSystem& chem, size_t solidCount);
+
+// For every solid equilibrium of `solids` (those whose components are all in
+// the input, in index order): a SolidSaturation record and its reaction
+// definition (note `solidNote`).
+void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, const SharedText& solidNote,
+                    SetRecords& records);
 
 // For every gas equilibrium whose gas has no input value, and every ligand
 // of the input in it: a GasResult record and its reaction definition.
