@@ -40,7 +40,9 @@ void CheckHydrogen(const InputProblem& input, const Database& db, const Language
 std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const Database& db, const Language& lang,
                                        std::string& warnings) {
     std::vector<bool> fixedByGas(db.components.size(), false);
-    for (int32_t e = 0; e < db.EquilibriumCount(); ++e) {
+    // the gases lie within their type's range of the equilibria
+    const TypeRange gases = db.equilibriumRange[EquilibriumType::Gas];
+    for (int32_t e = gases.first; !gases.empty() && e <= gases.last && e < db.EquilibriumCount(); ++e) {
         const Equilibrium& eq = db.equilibria[static_cast<size_t>(e)];
         if (eq.type != EquilibriumType::Gas) continue;
         const Component* gas = ComponentAt(db, eq.linkedComponent);

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "core/database.h"
+#include "core/database_reader_support.h"
 
 namespace tormel::test {
 
@@ -69,8 +70,10 @@ inline Database InputTestSystem() {
         q.componentCount = static_cast<int32_t>(eq.terms.size());
         chem.equilibria.push_back(q);
     }
-    for (int32_t e = 0; e < eqCount; ++e)
+    for (int32_t e = 0; e < eqCount; ++e) {
         for (auto [component, coefficient] : equilibria[e].terms) chem.Coefficient(component, e) = coefficient;
+        if (e > 0) ExtendTypeRange(chem.equilibriumRange[equilibria[e].type], e);  // as the reader files them
+    }
 
     chem.hydrogenIndex = I::H;
     chem.hydroxideIndex = I::OH;
