@@ -27,21 +27,36 @@ void DropLastCharacter(std::string& text) {
     }
 }
 
-std::string InputTypeKey(InputType inputType) {
-    switch (inputType) {
-        case InputType::NotSpecified:
-        case InputType::TotalConc:
-            return "InpTypeTotalConc";
-        case InputType::FreeConc:
-            return "InpTypeFreeConc";
-        case InputType::FreeAct:
-            return "InpTypeFreeAct";
-        case InputType::GasPres:
-            return "InpTypeGasPres";
-        default:
-            return std::string();
+// The texts of the kinds of input, looked up once per block rather than per
+// component.
+class InputTypeTexts {
+public:
+    explicit InputTypeTexts(const OtherInfoSource& source)
+        : total_(source.Text("InpTypeTotalConc")),
+          free_(source.Text("InpTypeFreeConc")),
+          activity_(source.Text("InpTypeFreeAct")),
+          pressure_(source.Text("InpTypeGasPres")) {}
+
+    const std::string& Of(InputType inputType) const {
+        static const std::string none;
+        switch (inputType) {
+            case InputType::NotSpecified:
+            case InputType::TotalConc:
+                return total_;
+            case InputType::FreeConc:
+                return free_;
+            case InputType::FreeAct:
+                return activity_;
+            case InputType::GasPres:
+                return pressure_;
+            default:
+                return none;
+        }
     }
-}
+
+private:
+    std::string total_, free_, activity_, pressure_;
+};
 
 // The name of a database component, empty when it is not at hand.
 std::string DatabaseName(const OtherInfoSource& source, int32_t index) {
@@ -149,6 +164,7 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
     }
 
     w.NextRow();
+    const InputTypeTexts typeTexts(source);
     for (size_t i = 0; i < infos.size(); ++i) {
         const ComponentInfo& info = infos[i];
         if (info.kind != ComponentType::Cation && info.kind != ComponentType::Ligand &&
@@ -160,7 +176,7 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
         w.Text(0, std::move(name));
         w.Scientific(1, ConvertAmount(info.inputValue, info.molarMass, units, order));
         w.Text(2, UnitLabel(false, info.inputType == InputType::GasPres, false, units, order));
-        if (info.inputType != InputType::RedoxMemberGiven) w.Text(3, source.Text(InputTypeKey(info.inputType)));
+        if (info.inputType != InputType::RedoxMemberGiven) w.Text(3, typeTexts.Of(info.inputType));
         w.NextRow();
     }
 
@@ -168,7 +184,7 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
         w.Text(0, source.Text("DOC"));
         w.Scientific(1, in.docConcentration);
         w.Text(2, source.Text("DOCUnit"));
-        w.Text(3, source.Text("InpTypeTotalConc"));
+        w.Text(3, typeTexts.Of(InputType::TotalConc));
         w.NextRow();
         w.Text(0, source.Text("DOCFr"));
         w.Scientific(1, in.fulvicFraction);
