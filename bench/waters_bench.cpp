@@ -7,6 +7,10 @@
 //                            local disk, with N jobs at a time (per_water:
 //                            wall clock; cpu_per_water: all threads' time;
 //                            user_per_water: the part outside the kernel)
+//   Waters/FileFloor/jobs:N  the kernel's part of that: the first water's
+//                            .o64 written as new files the way the batch
+//                            writes each, and nothing else; Batch minus
+//                            FileFloor is the program's own time per water
 //   Waters/BatchPeakMemory   peak resident memory of a whole batch with one
 //                            and with eight jobs at a time (each in a child
 //                            process started from the same parent)
@@ -18,6 +22,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "bench_workspace.h"
@@ -26,6 +31,7 @@
 #include "input/input_file_writer.h"
 #include "input/water_fields.h"
 #include "input/water_table.h"
+#include "output/output_file.h"
 #include "shell/batch_run.h"
 
 namespace {
@@ -173,6 +179,48 @@ void Batch(benchmark::State& state) {
     if (failed) state.SkipWithError("a batch job failed");
 }
 
+// The bytes of the first water's .o64, as the batch writes them.
+std::string FirstOutputBytes(WatersSetUp& setUp) {
+    Workspace& ws = *setUp.folder.ws;
+    ws.input = setUp.problems.front();
+    ws.solver = SolverState{};
+    CalculateInput(ws, false);
+    const std::string path = setUp.folder.root + "first.o64";
+    if (!WriteOutputFile(path, ws.results, 0)) return {};
+    return ReadBinaryFile(path).value_or(std::string());
+}
+
+void FileFloor(benchmark::State& state) {
+    WatersSetUp& setUp = SetUp();
+    if (!setUp.Usable(state)) return;
+    const std::string bytes = FirstOutputBytes(setUp);
+    if (bytes.empty()) {
+        state.SkipWithError("the first water's output could not be written");
+        return;
+    }
+    const int32_t jobs = static_cast<int32_t>(state.range(0));
+    const size_t waters = setUp.waters.size();
+    bool failed = false;
+    int run = 0;
+    for (auto _ : state) {
+        // a new folder for each run, as the batch runs get
+        const std::string folder = setUp.folder.root + "Floor" + std::to_string(++run) + "/";
+        std::error_code ec;
+        std::filesystem::create_directories(folder, ec);
+        std::vector<std::thread> workers;
+        std::vector<char> ok(static_cast<size_t>(jobs), 1);
+        for (int32_t j = 0; j < jobs; ++j)
+            workers.emplace_back([&, j] {
+                for (size_t i = static_cast<size_t>(j); i < waters; i += static_cast<size_t>(jobs))
+                    if (!WriteFileAtomically(folder + "water" + std::to_string(i + 1) + ".o64", bytes)) ok[j] = 0;
+            });
+        for (std::thread& worker : workers) worker.join();
+        failed = failed || std::find(ok.begin(), ok.end(), 0) != ok.end();
+    }
+    CountPerWater(state, waters);
+    if (failed) state.SkipWithError("a file could not be written");
+}
+
 // Peak resident memory (MiB) of a child process that runs the whole batch.
 double ChildPeakMemory(WatersSetUp& setUp, int32_t jobs) {
     const pid_t child = fork();
@@ -200,6 +248,8 @@ void BatchPeakMemory(benchmark::State& state) {
 
 BENCHMARK(Calculation)->Name("Waters/Calculation")->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK(Batch)->Name("Waters/Batch")->ArgName("jobs")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)
+    ->UseRealTime()->MinTime(3.0);
+BENCHMARK(FileFloor)->Name("Waters/FileFloor")->ArgName("jobs")->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond)
     ->UseRealTime()->MinTime(3.0);
 BENCHMARK(BatchPeakMemory)->Name("Waters/BatchPeakMemory")->Iterations(1)->Unit(benchmark::kMillisecond)
     ->UseRealTime();
