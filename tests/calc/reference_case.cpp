@@ -9,8 +9,8 @@
 
 #include "calc/calc_context.h"
 #include "calc/run_calculation.h"
-#include "calc/temperature.h"
 #include "component_inputs.h"
+#include "precipitation_invariants.h"
 #include "solution_checks.h"  // Davies activities written out, not the solver's own
 
 namespace tormel::test {
@@ -38,11 +38,6 @@ const std::map<std::string, std::string>& OxidationStateNames() {
         {"MnO4-2", "Mn(VI)"}, {"MnO4-", "Mn(VII)"}, {"UO2+", "U(V)"}, {"UO2+2", "U(VI)"},
     };
     return names;
-}
-
-bool Dissolved(SpeciesKind kind) {
-    return kind == SpeciesKind::FreeComponent || kind == SpeciesKind::FreeHydroxide || kind == SpeciesKind::GasLigand ||
-           kind == SpeciesKind::RedoxPartner || kind == SpeciesKind::ComplexSpecies;
 }
 
 class CaseRun {
@@ -140,20 +135,6 @@ private:
         return true;
     }
 
-    // The species that stands for a component in the solved system; -1 none.
-    int32_t Representing(int32_t k) const {
-        const ComponentPlacement& comp = chem_.placement[k];
-        if (!comp.inInput) return -1;
-        if (k == chem_.db().hydrogenIndex) return 0;
-        if (comp.systemIndex <= 0) return -comp.systemIndex;
-        for (size_t s = 0; s < chem_.species.size(); ++s) {
-            const Species& sp = chem_.species[s];
-            if ((sp.kind == SpeciesKind::FreeComponent || sp.kind == SpeciesKind::AdsorbedSpecies) && sp.source == -k)
-                return static_cast<int32_t>(s);
-        }
-        return -1;
-    }
-
     int32_t FindSpecies(const std::string& key, bool adsorbed) const {
         const auto [base, charge] = SplitCharge(key);
         for (size_t s = 0; s < chem_.species.size(); ++s) {
@@ -169,7 +150,7 @@ private:
         for (const std::string& name : candidates) {
             const int32_t k = chem_.db().FindComponent(name);
             if (k < 0) continue;
-            const int32_t s = Representing(k);
+            const int32_t s = RepresentingSpecies(chem_, k);
             if (s >= 0 && chem_.species[s].charge == charge) return s;
         }
         return -1;
@@ -193,36 +174,18 @@ private:
         double sum = 0;
         for (size_t s = 0; s < chem_.species.size(); ++s) {
             const Species& sp = chem_.species[s];
-            if (adsorbed ? sp.kind != SpeciesKind::AdsorbedSpecies : !Dissolved(sp.kind)) continue;
+            if (adsorbed ? sp.kind != SpeciesKind::AdsorbedSpecies : !IsDissolvedKind(sp.kind)) continue;
             sum += DatabaseCoefficient(static_cast<int32_t>(s), k) * sp.concentration;
         }
         return sum;
-    }
-
-    double LogActivity(int32_t k, bool& ok) const {
-        if (k == chem_.db().electronIndex) return std::log10(input_.components[k].inputValue);
-        const int32_t s = Representing(k);
-        if (s < 0) {
-            ok = false;
-            return 0;
-        }
-        const Species& sp = chem_.species[s];
-        return std::log10(sp.concentration) + DaviesLog(state_.ionicStrength, sp.charge);
     }
 
     // log10(IAP K) of a solid or gas formation equilibrium at the case's temperature.
     bool SaturationIndex(const std::string& name, double& si) const {
         for (int32_t e = 0; e < chem_.db().EquilibriumCount(); ++e) {
             const Equilibrium& eq = chem_.db().equilibria[e];
-            if ((eq.type != EquilibriumType::Solid && eq.type != EquilibriumType::Gas) || eq.name != name) continue;
-            bool ok = true;
-            si = eq.logK;
-            if (input_.temperatureCorrection == 2 && eq.hasEnthalpy) si += TemperatureTerm(input_.temperature, eq.enthalpy);
-            for (int32_t k = 0; k < chem_.db().ComponentCount(); ++k) {
-                const int32_t nu = chem_.db().Coefficient(k, e);
-                if (nu != 0) si += nu * LogActivity(k, ok);
-            }
-            return ok;
+            if ((eq.type == EquilibriumType::Solid || eq.type == EquilibriumType::Gas) && eq.name == name)
+                return DatabaseSaturationIndex(chem_, state_, input_, e, si);
         }
         return false;
     }
