@@ -1,7 +1,6 @@
 #include "precipitation_invariants.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "calc/solution_checks.h"
 #include "calc/temperature.h"

@@ -4,7 +4,6 @@
 // comparison of two result sets as far as an output file keeps them.
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "golden_file.h"
 #include "output/result_store.h"
