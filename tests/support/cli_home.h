@@ -4,23 +4,17 @@
 #include <string>
 
 #include "shell/app_folders.h"
+#include "support/scoped_env.h"
 #include "support/temp_folder.h"
 
 namespace tormel::test {
 
-// The folders of a program working in `home` (ending with "/") on the data
-// in `programFolder`.
+// The folders of a program working in `home` on the data in `programFolder`.
 inline AppFolders FoldersIn(const std::string& home, const std::string& programFolder) {
-    AppFolders f;
-    f.workingFolder = home;
-    f.dataFolder = home + "Data/";
-    f.inputFolder = home + "Input/";
-    f.outputFolder = home + "Output/";
-    f.settingsFile = home + "TORMEL64.INI";
-    f.languageFile = home + "LANG.INI";
-    f.documentsFolder = home + "Documents/";
-    f.programFolder = programFolder;
-    return f;
+    const ScopedEnv own("TORMEL64_HOME", home);
+    AppFolders folders = ResolveFolders();
+    folders.programFolder = programFolder;
+    return folders;
 }
 
 struct CliHome {
