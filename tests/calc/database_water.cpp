@@ -105,22 +105,9 @@ DatabaseWater MakeDatabaseWater(std::mt19937& rng, const ChemicalSystem& databas
 
 bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& database, double criterion,
                         ChemicalSystem& chem, InputProblem& input) {
-    chem = database;
-    input = InputProblem{};
-    ClearInputs(input, chem);
-    ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
-    if (water.protonBalance) {
-        hydrogen.inputType = InputType::TotalConc;
-        hydrogen.inputValue = water.hTotal;
-    } else {
-        hydrogen.inputType = InputType::FreeAct;
-        hydrogen.inputValue = std::pow(10.0, -water.ph);
-    }
-    for (const auto& [name, value] : water.totals) {
-        const int32_t k = chem.db().FindComponent(name);
-        if (k < 0) return false;
-        input.components[k] = {value, InputType::TotalConc};
-    }
+    if (!SetWaterInputs(database, water.protonBalance ? std::optional<double>() : water.ph, water.hTotal, water.totals,
+                        chem, input))
+        return false;
     input.ionicStrengthModel = water.activityModel;
     input.convergenceCriterion = criterion;
     input.temperature = water.temperature;
