@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-
 #include "calc/organic_model.h"
 #include "calc/real_database.h"
 

@@ -129,7 +129,6 @@ private:
         return true;
     }
 
-
     int32_t FindSpecies(const std::string& key, bool adsorbed) const {
         const auto [base, charge] = SplitCharge(key);
         for (size_t s = 0; s < chem_.species.size(); ++s) {

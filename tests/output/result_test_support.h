@@ -19,7 +19,6 @@ std::string EnglishLanguageFile();
 // The path of the reference case `id` (a file of tests/data/reference).
 std::string ReferenceCaseFile(std::string_view id);
 
-
 // Calculates the reference case in `file` into the workspace's result set 0
 // with the given activity model (1 Davies, 2 MSA). False when the case cannot
 // be set up or does not converge.
