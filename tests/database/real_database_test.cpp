@@ -105,6 +105,10 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
             EXPECT_GE(q.type, p.type) << q.name;
             if (q.type == EquilibriumType::Organic && p.type == EquilibriumType::Organic) { EXPECT_GE(q.organicModel, p.organicModel) << q.name; }
         }
+        // a record listing a component twice, or with a coefficient 0, would not match its count
+        int nonZero = 0;
+        for (int c = 0; c < chem.ComponentCount(); ++c) nonZero += chem.Coefficient(c, e) != 0;
+        EXPECT_EQ(nonZero, q.componentCount) << q.name;
         EXPECT_GE(q.componentCount, 1) << q.name;
         if (q.type == EquilibriumType::Redox || q.type == EquilibriumType::Gas) {
             EXPECT_GT(q.linkedComponent, 0) << q.name;
