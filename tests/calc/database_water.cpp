@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "component_inputs.h"
+#include "core/c_number.h"
 
 namespace tormel::test {
 
@@ -38,23 +38,12 @@ std::vector<int32_t> Candidates(const ChemicalSystem& chem) {
 }  // namespace
 
 std::string DatabaseWater::Describe() const {
-    char text[160];
-    std::snprintf(text, sizeof text, "%s %.4g, %s, %.1f C%s%s%s", protonBalance ? "proton balance, H total" : "pH",
-                  protonBalance ? hTotal : ph, activityModel == kMsaModel ? "MSA" : "Davies", temperature,
-                  precipitation ? ", precipitation" : "", adsorption ? ", Hfo" : "", redox ? ", redox pe " : "");
-    std::string out = text;
-    if (redox) {
-        std::snprintf(text, sizeof text, "%.3g", pe);
-        out += text;
-    }
-    if (organicModel != 0) {
-        std::snprintf(text, sizeof text, ", Model %d DOC %.3g fulvic %.2f", organicModel + 3, doc, fulvic);
-        out += text;
-    }
-    for (const auto& [name, value] : totals) {
-        std::snprintf(text, sizeof text, ", %s %.3g", name.c_str(), value);
-        out += text;
-    }
+    std::string out = FormatC("%s %.4g, %s, %.1f C%s%s%s", protonBalance ? "proton balance, H total" : "pH",
+                              protonBalance ? hTotal : ph, activityModel == kMsaModel ? "MSA" : "Davies", temperature,
+                              precipitation ? ", precipitation" : "", adsorption ? ", Hfo" : "", redox ? ", redox pe " : "");
+    if (redox) out += FormatC("%.3g", pe);
+    if (organicModel != 0) out += FormatC(", Model %d DOC %.3g fulvic %.2f", organicModel + 3, doc, fulvic);
+    for (const auto& [name, value] : totals) out += FormatC(", %s %.3g", name.c_str(), value);
     return out;
 }
 

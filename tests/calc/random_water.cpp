@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "component_inputs.h"
+#include "core/c_number.h"
 
 namespace tormel::test {
 
@@ -42,14 +42,8 @@ std::vector<const Candidate*> Pick(std::mt19937& rng, const Candidate (&pool)[N]
 }  // namespace
 
 std::string RandomWater::Describe() const {
-    std::string text = protonBalance ? "proton balance, H total " : "pH ";
-    char number[32];
-    std::snprintf(number, sizeof number, "%.4g", protonBalance ? hTotal : ph);
-    text += number;
-    for (const auto& [name, value] : totals) {
-        std::snprintf(number, sizeof number, " %.3g", value);
-        text += ", " + name + number;
-    }
+    std::string text = protonBalance ? FormatC("proton balance, H total %.4g", hTotal) : FormatC("pH %.4g", ph);
+    for (const auto& [name, value] : totals) text += FormatC(", %s %.3g", name.c_str(), value);
     return text;
 }
 
