@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "component_inputs.h"
+#include "core/c_number.h"
 
 namespace tormel::test {
 
@@ -38,23 +38,12 @@ std::vector<int32_t> Candidates(const ChemicalSystem& chem) {
 }  // namespace
 
 std::string DatabaseWater::Describe() const {
-    char text[160];
-    std::snprintf(text, sizeof text, "%s %.4g, %s, %.1f C%s%s%s", protonBalance ? "proton balance, H total" : "pH",
-                  protonBalance ? hTotal : ph, activityModel == kMsaModel ? "MSA" : "Davies", temperature,
-                  precipitation ? ", precipitation" : "", adsorption ? ", Hfo" : "", redox ? ", redox pe " : "");
-    std::string out = text;
-    if (redox) {
-        std::snprintf(text, sizeof text, "%.3g", pe);
-        out += text;
-    }
-    if (organicModel != 0) {
-        std::snprintf(text, sizeof text, ", Model %d DOC %.3g fulvic %.2f", organicModel + 3, doc, fulvic);
-        out += text;
-    }
-    for (const auto& [name, value] : totals) {
-        std::snprintf(text, sizeof text, ", %s %.3g", name.c_str(), value);
-        out += text;
-    }
+    std::string out = FormatC("%s %.4g, %s, %.1f C%s%s%s", protonBalance ? "proton balance, H total" : "pH",
+                              protonBalance ? hTotal : ph, activityModel == kMsaModel ? "MSA" : "Davies", temperature,
+                              precipitation ? ", precipitation" : "", adsorption ? ", Hfo" : "", redox ? ", redox pe " : "");
+    if (redox) out += FormatC("%.3g", pe);
+    if (organicModel != 0) out += FormatC(", Model %d DOC %.3g fulvic %.2f", organicModel + 3, doc, fulvic);
+    for (const auto& [name, value] : totals) out += FormatC(", %s %.3g", name.c_str(), value);
     return out;
 }
 
@@ -105,22 +94,9 @@ DatabaseWater MakeDatabaseWater(std::mt19937& rng, const ChemicalSystem& databas
 
 bool ApplyDatabaseWater(const DatabaseWater& water, const ChemicalSystem& database, double criterion,
                         ChemicalSystem& chem, InputProblem& input) {
-    chem = database;
-    input = InputProblem{};
-    ClearInputs(input, chem);
-    ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
-    if (water.protonBalance) {
-        hydrogen.inputType = InputType::TotalConc;
-        hydrogen.inputValue = water.hTotal;
-    } else {
-        hydrogen.inputType = InputType::FreeAct;
-        hydrogen.inputValue = std::pow(10.0, -water.ph);
-    }
-    for (const auto& [name, value] : water.totals) {
-        const int32_t k = chem.db().FindComponent(name);
-        if (k < 0) return false;
-        input.components[k] = {value, InputType::TotalConc};
-    }
+    if (!SetWaterInputs(database, water.protonBalance ? std::optional<double>() : water.ph, water.hTotal, water.totals,
+                        chem, input))
+        return false;
     input.ionicStrengthModel = water.activityModel;
     input.convergenceCriterion = criterion;
     input.temperature = water.temperature;

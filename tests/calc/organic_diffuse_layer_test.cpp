@@ -14,11 +14,6 @@ namespace tormel::test {
 
 namespace {
 
-bool Dissolved(SpeciesKind kind) {
-    return kind == SpeciesKind::FreeComponent || kind == SpeciesKind::FreeHydroxide || kind == SpeciesKind::GasLigand ||
-           kind == SpeciesKind::RedoxPartner || kind == SpeciesKind::ComplexSpecies;
-}
-
 // Amount of system component j summed from the species: the bulk share of
 // the dissolved species, their diffuse-layer shares (each weighed by the
 // coefficient, or not) and the organic species.
@@ -33,7 +28,7 @@ double AmountFromSpecies(const OrganicWater& w, int32_t j, bool weighLayerByCoef
             if (t.systemComponent != j) continue;
             if (IsOrganicKind(sp.kind)) {
                 sum += t.coefficient * sp.concentration;
-            } else if (Dissolved(sp.kind)) {
+            } else if (IsDissolvedKind(sp.kind)) {
                 const double layer = fr[0].volume * sp.organicTerms[0] + fr[1].volume * sp.organicTerms[1];
                 sum += t.coefficient * sp.concentration * w.state.bulkFraction +
                        (weighLayerByCoefficient ? t.coefficient : 1) * layer;
@@ -89,7 +84,7 @@ TEST(OrganicDiffuseLayer, CounterIonsBalanceTheCharge) {
             EXPECT_GT(r, 1);
             double counterIons = 0;
             for (const Species& sp : w.chem.species) {
-                if (!Dissolved(sp.kind)) continue;
+                if (!IsDissolvedKind(sp.kind)) continue;
                 if (sp.charge > 0 && sp.kind != SpeciesKind::FreeHydroxide) counterIons += sp.concentration * std::pow(r, sp.charge);
                 if (sp.charge < 0) { EXPECT_EQ(sp.organicTerms[f], 0) << sp.name; }
                 if (sp.charge == 0) { EXPECT_DOUBLE_EQ(sp.organicTerms[f], sp.concentration) << sp.name; }
@@ -134,7 +129,7 @@ TEST(OrganicDiffuseLayer, BalancesCloseWithCoefficientWeighedLayers) {
     for (const Species& sp : w.chem.species) {
         if (IsOrganicKind(sp.kind))
             found += sp.charge * sp.concentration;
-        else if (Dissolved(sp.kind))
+        else if (IsDissolvedKind(sp.kind))
             found += sp.charge * (sp.concentration * w.state.bulkFraction + fr[0].volume * sp.organicTerms[0] +
                                   fr[1].volume * sp.organicTerms[1]);
     }

@@ -22,7 +22,6 @@
 // log units, and Pb must come within 2 log units.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <string>

@@ -47,52 +47,41 @@ constexpr double kFulvic = 0.6;
 // (3,5,7): each of the four triples of that group holds p_t n_A C / 36 per
 // site, so two type-B sites become type-A sites, and type A holds
 // p_t n_A C / 18 more than n_A C, type B as much less; the whole is kept.
-TEST(OrganicSites, TotalsAddUpToSiteDensities) {
-    for (int32_t model = Model5; model <= Model7; ++model) {
-        OrganicWater w = CopperWater(model, kDoc, kFulvic);
-        ASSERT_TRUE(w.ok);
-        for (int32_t f = 0; f < 2; ++f) {
-            const OrganicFraction& fr = w.state.organic.fractions[f];
-            ASSERT_TRUE(fr.present);
-            const double c = kDoc * (f == 0 ? kFulvic : 1 - kFulvic) / 1000;
-            EXPECT_DOUBLE_EQ(fr.concentration, c);
-            double typeA = 0, typeB = 0;
-            for (const OrganicSite& site : fr.sites)
-                (site.site <= 4 ? typeA : typeB) += w.chem.systemComponents[site.component].givenValue;
-            const OrganicParameters& p = fr.parameters;
-            const double shift = model == Model6 ? p.tripleShare * p.nA * c / 18 : 0.0;
-            EXPECT_NEAR(typeA, p.nA * c + shift, 1e-12 * p.nA * c) << "model " << model << " fraction " << f;
-            EXPECT_NEAR(typeB, p.nB * c - shift, 1e-12 * p.nA * c) << "model " << model << " fraction " << f;
-            EXPECT_NEAR(typeA + typeB, (p.nA + p.nB) * c, 1e-12 * p.nA * c);
-        }
-    }
-}
-
-TEST(OrganicSites, ComponentsAndSpeciesOfEachModel) {
-    // site components per fraction: 8 singles, pairs x 2 (x 3 levels), triples x 3 (x 3 levels)
+// Site components per fraction: 8 singles, pairs x 2 (x 3 levels), triples
+// x 3 (x 3 levels); each combination gets one species per metal equilibrium.
+TEST(OrganicSites, ComponentsSpeciesAndTotalsOfEachModel) {
     const std::map<int32_t, size_t> components = {{Model5, 8 + 12 * 2}, {Model6, 8 + 8 * 3 * 2 + 16 * 3 * 3},
                                                   {Model7, 8 + 6 * 3 * 2 + 8 * 3 * 3}};
-    // combinations per fraction: each gets one species per metal equilibrium
     const std::map<int32_t, int32_t> combinations = {{Model5, 8 + 12}, {Model6, 8 + 8 * 3 + 16 * 3},
                                                      {Model7, 8 + 6 * 3 + 8 * 3}};
     for (int32_t model = Model5; model <= Model7; ++model) {
         OrganicWater w = CopperWater(model, kDoc, kFulvic);
         ASSERT_TRUE(w.ok);
         for (int32_t f = 0; f < 2; ++f) {
+            SCOPED_TRACE(testing::Message() << "model " << model << " fraction " << f);
             const OrganicFraction& fr = w.state.organic.fractions[f];
+            ASSERT_TRUE(fr.present);
+            const double c = kDoc * (f == 0 ? kFulvic : 1 - kFulvic) / 1000;
+            EXPECT_DOUBLE_EQ(fr.concentration, c);
             EXPECT_EQ(fr.sites.size(), components.at(model));
             EXPECT_EQ(static_cast<int32_t>(fr.combinations.size()), combinations.at(model));
             // Ca, Cu and CuOH (Ca has no hydrolysed equilibrium)
-            ASSERT_EQ(fr.metals.size(), 3u) << "model " << model;
+            ASSERT_EQ(fr.metals.size(), 3u);
             for (const OrganicMetalBlock& block : fr.metals) EXPECT_EQ(block.speciesCount, combinations.at(model));
+            double typeA = 0, typeB = 0;
             for (const OrganicSite& site : fr.sites) {
-                const Species& free = w.chem.species[site.freeSpecies];
-                const Species& protonated = w.chem.species[site.protonatedSpecies];
-                EXPECT_EQ(free.charge, -1);
-                EXPECT_EQ(protonated.charge, 0);
-                EXPECT_EQ(w.chem.systemComponents[site.component].type, ComponentType::Organic);
-                EXPECT_EQ(w.chem.systemComponents[site.component].balanceKind, InputType::TotalConc);
+                const SystemComponent& sc = w.chem.systemComponents[site.component];
+                (site.site <= 4 ? typeA : typeB) += sc.givenValue;
+                EXPECT_EQ(w.chem.species[site.freeSpecies].charge, -1);
+                EXPECT_EQ(w.chem.species[site.protonatedSpecies].charge, 0);
+                EXPECT_EQ(sc.type, ComponentType::Organic);
+                EXPECT_EQ(sc.balanceKind, InputType::TotalConc);
             }
+            const OrganicParameters& p = fr.parameters;
+            const double shift = model == Model6 ? p.tripleShare * p.nA * c / 18 : 0.0;
+            EXPECT_NEAR(typeA, p.nA * c + shift, 1e-12 * p.nA * c);
+            EXPECT_NEAR(typeB, p.nB * c - shift, 1e-12 * p.nA * c);
+            EXPECT_NEAR(typeA + typeB, (p.nA + p.nB) * c, 1e-12 * p.nA * c);
         }
     }
 }

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
-
 #include "calc/organic_model.h"
 #include "calc/real_database.h"
 

@@ -10,6 +10,7 @@
 #include <string>
 
 #include "calc/organic_test_support.h"
+#include "core/c_number.h"
 
 namespace tormel::test {
 
@@ -85,9 +86,7 @@ TEST(OrganicTitration, ChargeAgainstGenericNicaDonnan) {
                 for (int ph = 3; ph <= 10; ++ph) {
                     const double ours = ModelCharge(model, fraction, ph, salt);
                     const double theirs = NicaChargePerCarbon(ref, ph, salt);
-                    char cell[64];
-                    std::snprintf(cell, sizeof cell, " pH%d %.2f/%.2f", ph, ours * 1000, theirs * 1000);
-                    line += cell;
+                    line += FormatC(" pH%d %.2f/%.2f", ph, ours * 1000, theirs * 1000);
                     const std::string where = std::string(ModelName(model)) + (fraction == 0 ? " FA" : " HA") +
                                               " salt " + std::to_string(salt) + " pH " + std::to_string(ph);
                     if (ph >= 4) {

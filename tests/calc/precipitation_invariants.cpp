@@ -1,16 +1,12 @@
 #include "precipitation_invariants.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 #include "calc/solution_checks.h"
 #include "calc/temperature.h"
 
 namespace tormel::test {
 
-namespace {
-
-// The species whose activity is the activity of database component k.
 int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k) {
     if (k == chem.db().hydrogenIndex) return 0;
     const ComponentPlacement& comp = chem.placement[k];
@@ -18,12 +14,11 @@ int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k) {
     if (comp.systemIndex <= 0) return -comp.systemIndex;
     for (size_t s = 0; s < chem.species.size(); ++s) {
         const Species& sp = chem.species[s];
-        if (sp.kind == SpeciesKind::FreeComponent && sp.source == -k) return static_cast<int32_t>(s);
+        if ((sp.kind == SpeciesKind::FreeComponent || sp.kind == SpeciesKind::AdsorbedSpecies) && sp.source == -k)
+            return static_cast<int32_t>(s);
     }
     return -1;
 }
-
-}  // namespace
 
 bool DatabaseSaturationIndex(const ChemicalSystem& chem, const SolverState& state, const InputProblem& input,
                              int32_t e, double& si) {

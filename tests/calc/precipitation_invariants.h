@@ -38,6 +38,10 @@ struct PrecipitationInvariants {
 PrecipitationInvariants CheckPrecipitation(const ChemicalSystem& chem, const SolverState& state,
                                            const InputProblem& input);
 
+// The species whose activity is that of database component k: its free (or,
+// for a site, its adsorbed) species; -1 when the system has none.
+int32_t RepresentingSpecies(const ChemicalSystem& chem, int32_t k);
+
 // log10(IAP K) of database solid `equilibrium` from the activities of the
 // solved system; false when a component has no species in the system.
 bool DatabaseSaturationIndex(const ChemicalSystem& chem, const SolverState& state, const InputProblem& input,

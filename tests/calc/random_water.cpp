@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 
 #include "component_inputs.h"
+#include "core/c_number.h"
 
 namespace tormel::test {
 
@@ -42,14 +42,8 @@ std::vector<const Candidate*> Pick(std::mt19937& rng, const Candidate (&pool)[N]
 }  // namespace
 
 std::string RandomWater::Describe() const {
-    std::string text = protonBalance ? "proton balance, H total " : "pH ";
-    char number[32];
-    std::snprintf(number, sizeof number, "%.4g", protonBalance ? hTotal : ph);
-    text += number;
-    for (const auto& [name, value] : totals) {
-        std::snprintf(number, sizeof number, " %.3g", value);
-        text += ", " + name + number;
-    }
+    std::string text = protonBalance ? FormatC("proton balance, H total %.4g", hTotal) : FormatC("pH %.4g", ph);
+    for (const auto& [name, value] : totals) text += FormatC(", %s %.3g", name.c_str(), value);
     return text;
 }
 
@@ -76,22 +70,9 @@ RandomWater MakeRandomWater(std::mt19937& rng) {
 
 bool ApplyRandomWater(const RandomWater& water, const ChemicalSystem& database, double criterion,
                       ChemicalSystem& chem, InputProblem& input) {
-    chem = database;
-    input = InputProblem{};
-    ClearInputs(input, chem);
-    ComponentInput& hydrogen = input.components[chem.db().hydrogenIndex];
-    if (water.protonBalance) {
-        hydrogen.inputType = InputType::TotalConc;
-        hydrogen.inputValue = water.hTotal;
-    } else {
-        hydrogen.inputType = InputType::FreeAct;
-        hydrogen.inputValue = std::pow(10.0, -water.ph);
-    }
-    for (const auto& [name, value] : water.totals) {
-        const int32_t k = chem.db().FindComponent(name);
-        if (k < 0) return false;
-        input.components[k] = {value, InputType::TotalConc};
-    }
+    if (!SetWaterInputs(database, water.protonBalance ? std::optional<double>() : water.ph, water.hTotal, water.totals,
+                        chem, input))
+        return false;
     input.ionicStrengthModel = 1;
     input.convergenceCriterion = criterion;
     input.precipitation = true;

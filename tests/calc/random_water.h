@@ -3,7 +3,6 @@
 // must hold for any water: a few cations and ligands with totals spread over
 // several decades, the pH either fixed or from a proton balance that makes
 // the given totals neutral. Reproducible from the seed.
-#include <cstdint>
 #include <random>
 #include <string>
 #include <utility>

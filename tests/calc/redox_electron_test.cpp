@@ -6,7 +6,6 @@
 // concentration instead would be off by log gamma1 = -0.085 per electron.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <string>
 #include <vector>
 

@@ -9,8 +9,8 @@
 
 #include "calc/calc_context.h"
 #include "calc/run_calculation.h"
-#include "calc/temperature.h"
 #include "component_inputs.h"
+#include "precipitation_invariants.h"
 #include "solution_checks.h"  // Davies activities written out, not the solver's own
 
 namespace tormel::test {
@@ -40,11 +40,6 @@ const std::map<std::string, std::string>& OxidationStateNames() {
     return names;
 }
 
-bool Dissolved(SpeciesKind kind) {
-    return kind == SpeciesKind::FreeComponent || kind == SpeciesKind::FreeHydroxide || kind == SpeciesKind::GasLigand ||
-           kind == SpeciesKind::RedoxPartner || kind == SpeciesKind::ComplexSpecies;
-}
-
 class CaseRun {
 public:
     CaseRun(const JsonValue& c, const ChemicalSystem& database, double criterion)
@@ -56,9 +51,48 @@ public:
     // Sets the inputs only; false when a name of the case is not in the database.
     bool Prepare() {
         out_.id = c_.TextOr("id", "?");
+        ClearInputs(input_, chem_);
         const JsonValue* options = c_.Find("options");
-        out_.hasSolids = options && options->BoolOr("precipitation", false);
-        return SetUp();
+        auto option = [&](const char* name) { return options && options->BoolOr(name, false); };
+        out_.hasSolids = input_.precipitation = option("precipitation");
+        input_.redox = option("redox");
+        input_.adsorption = option("adsorption");
+        input_.temperature = c_.NumberOr("temperature_C", 25);
+        input_.temperatureCorrection = option("temperature_correction") ? 2 : 0;
+        const bool fixedPh = c_.TextOr("ph_mode", "") == "fixed";
+        if (!Give(chem_.db().components[chem_.db().hydrogenIndex].name, fixedPh ? InputType::FreeAct : InputType::TotalConc,
+                  fixedPh ? std::pow(10.0, -c_.NumberOr("ph", 7)) : c_.NumberOr("h_total_mol_L", 0)))
+            return false;
+        if (chem_.db().electronIndex > 0) {
+            ComponentInput& e = input_.components[chem_.db().electronIndex];
+            e.inputType = InputType::FreeAct;
+            e.inputValue = c_.Find("pe") ? std::pow(10.0, -c_.NumberOr("pe", 0)) : 1.0;
+        }
+        auto giveAll = [&](const JsonValue* list, InputType type) {
+            if (list)
+                for (const auto& [name, value] : list->members)
+                    if (!Give(name, type, value.number)) return false;
+            return true;
+        };
+        if (!giveAll(c_.Find("totals_mol_L"), InputType::TotalConc)) return false;
+        if (const JsonValue* groups = c_.Find("redox_groups"))
+            for (const JsonValue& group : groups->items) {
+                const JsonValue* members = group.Find("members");
+                if (!members || members->items.empty()) return Fail("redox group without members");
+                if (!Give(members->items[0].text, InputType::TotalConc, group.NumberOr("total_mol_L", 0))) return false;
+            }
+        const JsonValue* adsorbent = c_.Find("adsorbent");
+        if (!giveAll(c_.Find("gases_atm"), InputType::GasPres) ||
+            !giveAll(adsorbent ? adsorbent->Find("sites_mol_L") : nullptr, InputType::TotalConc))
+            return false;
+        if (const JsonValue* tol = c_.Find("tolerance")) {
+            tolerance_ = tol->NumberOr("relative_concentration", tolerance_);
+            ionicTolerance_ = tol->NumberOr("ionic_strength_relative", ionicTolerance_);
+            phTolerance_ = tol->NumberOr("ph_absolute", phTolerance_);
+            siTolerance_ = tol->NumberOr("saturation_index_absolute", siTolerance_);
+            precipitatedTolerance_ = tol->NumberOr("precipitated_relative", tolerance_);
+        }
+        return true;
     }
     ChemicalSystem& Chem() { return chem_; }
     InputProblem& Input() { return input_; }
@@ -95,65 +129,6 @@ private:
         return true;
     }
 
-    bool SetUp() {
-        ClearInputs(input_, chem_);
-        const JsonValue* options = c_.Find("options");
-        input_.redox = options && options->BoolOr("redox", false);
-        input_.adsorption = options && options->BoolOr("adsorption", false);
-        input_.precipitation = out_.hasSolids;
-        input_.temperature = c_.NumberOr("temperature_C", 25);
-        input_.temperatureCorrection = options && options->BoolOr("temperature_correction", false) ? 2 : 0;
-        const std::string& hydrogen = chem_.db().components[chem_.db().hydrogenIndex].name;
-        if (c_.TextOr("ph_mode", "") == "fixed") {
-            if (!Give(hydrogen, InputType::FreeAct, std::pow(10.0, -c_.NumberOr("ph", 7)))) return false;
-        } else {
-            if (!Give(hydrogen, InputType::TotalConc, c_.NumberOr("h_total_mol_L", 0))) return false;
-        }
-        if (chem_.db().electronIndex > 0) {
-            ComponentInput& e = input_.components[chem_.db().electronIndex];
-            e.inputType = InputType::FreeAct;
-            e.inputValue = c_.Find("pe") ? std::pow(10.0, -c_.NumberOr("pe", 0)) : 1.0;
-        }
-        if (const JsonValue* totals = c_.Find("totals_mol_L"))
-            for (const auto& [name, value] : totals->members)
-                if (!Give(name, InputType::TotalConc, value.number)) return false;
-        if (const JsonValue* groups = c_.Find("redox_groups"))
-            for (const JsonValue& group : groups->items) {
-                const JsonValue* members = group.Find("members");
-                if (!members || members->items.empty()) return Fail("redox group without members");
-                if (!Give(members->items[0].text, InputType::TotalConc, group.NumberOr("total_mol_L", 0))) return false;
-            }
-        if (const JsonValue* gases = c_.Find("gases_atm"))
-            for (const auto& [name, value] : gases->members)
-                if (!Give(name, InputType::GasPres, value.number)) return false;
-        if (const JsonValue* adsorbent = c_.Find("adsorbent"))
-            if (const JsonValue* sites = adsorbent->Find("sites_mol_L"))
-                for (const auto& [name, value] : sites->members)
-                    if (!Give(name, InputType::TotalConc, value.number)) return false;
-        if (const JsonValue* tol = c_.Find("tolerance")) {
-            tolerance_ = tol->NumberOr("relative_concentration", tolerance_);
-            ionicTolerance_ = tol->NumberOr("ionic_strength_relative", ionicTolerance_);
-            phTolerance_ = tol->NumberOr("ph_absolute", phTolerance_);
-            siTolerance_ = tol->NumberOr("saturation_index_absolute", siTolerance_);
-            precipitatedTolerance_ = tol->NumberOr("precipitated_relative", tolerance_);
-        }
-        return true;
-    }
-
-    // The species that stands for a component in the solved system; -1 none.
-    int32_t Representing(int32_t k) const {
-        const ComponentPlacement& comp = chem_.placement[k];
-        if (!comp.inInput) return -1;
-        if (k == chem_.db().hydrogenIndex) return 0;
-        if (comp.systemIndex <= 0) return -comp.systemIndex;
-        for (size_t s = 0; s < chem_.species.size(); ++s) {
-            const Species& sp = chem_.species[s];
-            if ((sp.kind == SpeciesKind::FreeComponent || sp.kind == SpeciesKind::AdsorbedSpecies) && sp.source == -k)
-                return static_cast<int32_t>(s);
-        }
-        return -1;
-    }
-
     int32_t FindSpecies(const std::string& key, bool adsorbed) const {
         const auto [base, charge] = SplitCharge(key);
         for (size_t s = 0; s < chem_.species.size(); ++s) {
@@ -169,7 +144,7 @@ private:
         for (const std::string& name : candidates) {
             const int32_t k = chem_.db().FindComponent(name);
             if (k < 0) continue;
-            const int32_t s = Representing(k);
+            const int32_t s = RepresentingSpecies(chem_, k);
             if (s >= 0 && chem_.species[s].charge == charge) return s;
         }
         return -1;
@@ -193,36 +168,18 @@ private:
         double sum = 0;
         for (size_t s = 0; s < chem_.species.size(); ++s) {
             const Species& sp = chem_.species[s];
-            if (adsorbed ? sp.kind != SpeciesKind::AdsorbedSpecies : !Dissolved(sp.kind)) continue;
+            if (adsorbed ? sp.kind != SpeciesKind::AdsorbedSpecies : !IsDissolvedKind(sp.kind)) continue;
             sum += DatabaseCoefficient(static_cast<int32_t>(s), k) * sp.concentration;
         }
         return sum;
-    }
-
-    double LogActivity(int32_t k, bool& ok) const {
-        if (k == chem_.db().electronIndex) return std::log10(input_.components[k].inputValue);
-        const int32_t s = Representing(k);
-        if (s < 0) {
-            ok = false;
-            return 0;
-        }
-        const Species& sp = chem_.species[s];
-        return std::log10(sp.concentration) + DaviesLog(state_.ionicStrength, sp.charge);
     }
 
     // log10(IAP K) of a solid or gas formation equilibrium at the case's temperature.
     bool SaturationIndex(const std::string& name, double& si) const {
         for (int32_t e = 0; e < chem_.db().EquilibriumCount(); ++e) {
             const Equilibrium& eq = chem_.db().equilibria[e];
-            if ((eq.type != EquilibriumType::Solid && eq.type != EquilibriumType::Gas) || eq.name != name) continue;
-            bool ok = true;
-            si = eq.logK;
-            if (input_.temperatureCorrection == 2 && eq.hasEnthalpy) si += TemperatureTerm(input_.temperature, eq.enthalpy);
-            for (int32_t k = 0; k < chem_.db().ComponentCount(); ++k) {
-                const int32_t nu = chem_.db().Coefficient(k, e);
-                if (nu != 0) si += nu * LogActivity(k, ok);
-            }
-            return ok;
+            if ((eq.type == EquilibriumType::Solid || eq.type == EquilibriumType::Gas) && eq.name == name)
+                return DatabaseSaturationIndex(chem_, state_, input_, e, si);
         }
         return false;
     }

@@ -2,7 +2,6 @@
 // A water on the real database calculated the way the user does it, so that
 // tests read the values of the result tables: the activities of the species
 // and the saturation indexes of the solids.
-#include <cstdint>
 #include <string>
 
 #include "output/result_test_support.h"

@@ -22,9 +22,7 @@ double LogAct(const CalcFixture& f, const std::string& name) {
 double IonicStrengthOf(const CalcFixture& f) {
     double sum = 0;
     for (const Species& sp : f.chem.species)
-        if (sp.kind == SpeciesKind::FreeComponent || sp.kind == SpeciesKind::FreeHydroxide || sp.kind == SpeciesKind::GasLigand || sp.kind == SpeciesKind::RedoxPartner ||
-            sp.kind == SpeciesKind::ComplexSpecies)
-            sum += sp.concentration * sp.charge * sp.charge;
+        if (IsDissolvedKind(sp.kind)) sum += sp.concentration * sp.charge * sp.charge;
     return sum / 2;
 }
 

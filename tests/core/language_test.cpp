@@ -2,17 +2,16 @@
 
 #include <cctype>
 #include <filesystem>
-#include <fstream>
 #include <map>
 #include <regex>
 #include <set>
-#include <sstream>
 
 #include "core/text_file.h"
 #include "core/utf16.h"
 #include "input/test_language.h"
 #include "core/ini_file.h"
 #include "core/language.h"
+#include "support/temp_folder.h"
 
 namespace tormel {
 namespace {
@@ -37,10 +36,7 @@ std::vector<std::pair<std::string, std::string>> LookupsInSources() {
     for (const auto& entry : fs::recursive_directory_iterator(std::string(TORMEL_SOURCE_DIR) + "/src")) {
         const std::string ext = entry.path().extension().string();
         if (!entry.is_regular_file() || (ext != ".cpp" && ext != ".h")) continue;
-        std::ifstream in(entry.path());
-        std::stringstream buffer;
-        buffer << in.rdbuf();
-        const std::string text = buffer.str();
+        const std::string text = test::ReadBytes(entry.path().string());
         for (std::sregex_iterator it(text.begin(), text.end(), call), end; it != end; ++it)
             lookups.emplace_back((*it)[1].str(), (*it)[2].str());
     }

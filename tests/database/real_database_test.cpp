@@ -73,9 +73,7 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
     ASSERT_GT(chem.EquilibriumCount(), 1000);
 
     // H+ first, water first, electron and hydroxide found through the water.
-    EXPECT_EQ(chem.components[0].name, "H");
-    EXPECT_EQ(chem.components[0].type, ComponentType::Cation);
-    EXPECT_EQ(chem.components[0].charge, 1);
+    EXPECT_EQ(chem.components[0].name, "H");  // its type and charge: the golden copy
     EXPECT_EQ(chem.hydrogenIndex, 0);
     EXPECT_EQ(chem.waterEquilibriumIndex, 0);
     EXPECT_EQ(chem.equilibria[0].type, EquilibriumType::Water);
@@ -86,7 +84,6 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
     EXPECT_EQ(chem.components[0].waterPartnerOfH, chem.hydroxideIndex);
     EXPECT_EQ(chem.components[chem.electronIndex].name, "e");
     EXPECT_EQ(chem.components[chem.electronIndex].type, ComponentType::Electron);
-    EXPECT_LE(chem.maxComponentsPerEquilibrium, 4);
 
     // Types in range and grouped, so that every type range is one block.
     std::set<std::string> names;
@@ -108,11 +105,11 @@ TEST(RealDatabase, LoadsWithoutMessagesAndKeepsTheLoaderInvariants) {
             EXPECT_GE(q.type, p.type) << q.name;
             if (q.type == EquilibriumType::Organic && p.type == EquilibriumType::Organic) { EXPECT_GE(q.organicModel, p.organicModel) << q.name; }
         }
+        // a record listing a component twice, or with a coefficient 0, would not match its count
         int nonZero = 0;
         for (int c = 0; c < chem.ComponentCount(); ++c) nonZero += chem.Coefficient(c, e) != 0;
         EXPECT_EQ(nonZero, q.componentCount) << q.name;
         EXPECT_GE(q.componentCount, 1) << q.name;
-        EXPECT_LE(q.componentCount, 4) << q.name;
         if (q.type == EquilibriumType::Redox || q.type == EquilibriumType::Gas) {
             EXPECT_GT(q.linkedComponent, 0) << q.name;
             EXPECT_EQ(q.linkedCoefficient, 1) << q.name;

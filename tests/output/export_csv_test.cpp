@@ -3,8 +3,6 @@
 // site rows, and the "Other info" blocks with their grid headers and cells.
 #include <gtest/gtest.h>
 
-#include <vector>
-
 #include "core/c_number.h"
 #include "core/text_file.h"
 #include "core/utf16.h"

@@ -90,8 +90,7 @@ struct ConvertedExport {
                                     Quote(filter) + " --outdir " + Quote(out.string()) + " " + Quote(xml) + " > " +
                                     Quote(c.folder.File("soffice.log")) + " 2>&1";
         const int status = std::system(command.c_str());
-        std::ifstream logFile(c.folder.File("soffice.log"));
-        log.assign((std::istreambuf_iterator<char>(logFile)), std::istreambuf_iterator<char>());
+        log = ReadBytes(c.folder.File("soffice.log"));
         EXPECT_EQ(status, 0) << command << "\n" << log;
         return status == 0;
     }

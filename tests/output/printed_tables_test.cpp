@@ -5,24 +5,17 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <sstream>
 
 #include "core/text_file.h"
 #include "golden_file.h"
 #include "output/printed_tables.h"
 #include "support/cli_home.h"
+#include "text_lines.h"
 
 namespace tormel::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-std::vector<std::string> SplitLines(const std::string& text) {
-    std::vector<std::string> lines;
-    std::istringstream in(text);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
-    return lines;
-}
 
 size_t Columns(const std::string& line) {
     size_t n = 0;
@@ -49,7 +42,7 @@ TEST(PrintedTables, TheExampleWaterFitsATerminalWithNumberedReferences) {
 
     // every line fits; each component's keys point into its own reference list
     size_t keys = 0, references = 0;
-    for (const std::string& line : SplitLines(printed)) {
+    for (const std::string& line : Lines(printed)) {
         EXPECT_LE(Columns(line), kPrintedTableWidth) << line;
         keys += line.find("  [") != std::string::npos ? 1 : 0;
         references += line.rfind("[", 0) == 0 ? 1 : 0;
@@ -62,7 +55,7 @@ TEST(PrintedTables, TheExampleWaterFitsATerminalWithNumberedReferences) {
     const std::string wide = water.Stdout();
     EXPECT_EQ(wide.find("\n[1] "), std::string::npos);
     size_t longest = 0;
-    for (const std::string& line : SplitLines(wide)) longest = std::max(longest, Columns(line));
+    for (const std::string& line : Lines(wide)) longest = std::max(longest, Columns(line));
     EXPECT_GT(longest, kPrintedTableWidth);
 }
 

@@ -7,6 +7,7 @@
 #include "core/language.h"
 #include "input/input_file_writer.h"
 #include "output/output_file.h"
+#include "support/cli_home.h"
 
 namespace tormel::test {
 
@@ -16,13 +17,8 @@ std::string ReferenceCaseFile(std::string_view id) {
     return std::string(TORMEL_TEST_DATA) + "/reference/" + std::string(id) + ".json";
 }
 
-void PrepareWorkspace(Workspace& ws, const TempFolder& folder, RecordingUi& ui) {
-    ws.folders.workingFolder = folder.Path();
-    ws.folders.inputFolder = folder.File("Input/");
-    ws.folders.outputFolder = folder.File("Output/");
-    ws.folders.dataFolder = folder.File("Data/");
-    ws.folders.programFolder = folder.Path();
-    ws.folders.settingsFile = folder.File("TORMEL64.INI");
+PreparedWorkspace::PreparedWorkspace() {
+    ws.folders = FoldersIn(folder.Path(), folder.Path());
     ws.folders.languageFile = EnglishLanguageFile();
     CreateWorkingFolders(ws.folders);
     ws.settings = Settings(ws.folders.settingsFile);

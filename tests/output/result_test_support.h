@@ -4,7 +4,6 @@
 // comparison of two result sets as far as an output file keeps them.
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "golden_file.h"
 #include "output/result_store.h"
@@ -20,22 +19,20 @@ std::string EnglishLanguageFile();
 // The path of the reference case `id` (a file of tests/data/reference).
 std::string ReferenceCaseFile(std::string_view id);
 
-// A workspace on a copy of the real database, with English texts, folders
-// under `folder` (input and output folders created) and the recording UI.
-void PrepareWorkspace(Workspace& ws, const TempFolder& folder, RecordingUi& ui);
-
 // Calculates the reference case in `file` into the workspace's result set 0
 // with the given activity model (1 Davies, 2 MSA). False when the case cannot
 // be set up or does not converge.
 bool CalculateReferenceCase(Workspace& ws, const std::string& file, int32_t ionicStrengthModel = 1);
 
-// A workspace prepared by PrepareWorkspace on a temporary folder of its own.
+// A workspace on a copy of the real database, with English texts, folders
+// under a temporary folder of its own (input and output folders created) and
+// the recording UI.
 struct PreparedWorkspace {
     TempFolder folder;
     RecordingUi ui;
     Workspace ws;
 
-    PreparedWorkspace() { PrepareWorkspace(ws, folder, ui); }
+    PreparedWorkspace();
 };
 
 // A prepared workspace with the reference case in `file` calculated into

@@ -14,12 +14,9 @@ namespace {
 
 constexpr int kJobs = 1000;
 
-TEST(BatchParallel, TwoThreadsWriteWhatOneThreadWritesAndTheSameLog) {
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
-    PrepareWorkspace(ws, folder, ui);
+struct BatchParallel : ::testing::Test, PreparedWorkspace {};
 
+TEST_F(BatchParallel, TwoThreadsWriteWhatOneThreadWritesAndTheSameLog) {
     // 1000 jobs from the reference waters, each with its own scaling of the
     // totals; a few lines are broken on purpose so that the log has entries
     const std::vector<std::string> cases = ReferenceCaseFiles();

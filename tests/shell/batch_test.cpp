@@ -54,18 +54,11 @@ TEST(BatchLog, EntriesAreAppendedBehindEarlierOnes) {
     EXPECT_FALSE(AppendBatchLog(folder.File("no/such/folder/log.txt"), "x"));
 }
 
-class BatchRun : public ::testing::Test {
-protected:
-    void SetUp() override {
-        PrepareWorkspace(ws, folder, ui);
-        options.logPath = folder.File("batch_log.txt");
-    }
+struct BatchRun : ::testing::Test, PreparedWorkspace {
+    void SetUp() override { options.logPath = folder.File("batch_log.txt"); }
     void WriteBatch(const std::string& text) {
         ASSERT_TRUE(WriteUtf16File(ws.folders.inputFolder + "jobs.txt", std::string_view(text)));
     }
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
     BatchOptions options;
 };
 

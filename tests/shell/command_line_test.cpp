@@ -48,18 +48,13 @@ TEST(CommandLine, BareNamesAreCompletedWithTheirFolder) {
     EXPECT_TRUE(HasExtension("RESULT.CSV", ".csv"));
 }
 
-class CommandLineRun : public ::testing::Test {
-protected:
-    void SetUp() override { PrepareWorkspace(ws, folder, ui); }
+struct CommandLineRun : ::testing::Test, PreparedWorkspace {
     CommandLineOutcome Handle(std::vector<std::string> arguments) {
         return HandleCommandLine(ws, NormaliseCommandLine(std::move(arguments)), services);
     }
     std::string LastMessage() const {
         return ui.messages.empty() || ui.messages.back().lines.empty() ? "" : ui.messages.back().lines[0];
     }
-    TempFolder folder;
-    RecordingUi ui;
-    Workspace ws;
     CommandLineServices services;
 };
 

@@ -1,6 +1,7 @@
 // What the database viewer lists and draws, on the synthetic database.
 #include <gtest/gtest.h>
 
+#include "core/c_number.h"
 #include "input/test_language.h"
 #include "output/golden_file.h"
 #include "shell/database_view.h"
@@ -28,10 +29,8 @@ std::string Written(const ReactionDefinition& definition) {
         }
         return text;
     };
-    char logK[32];
-    std::snprintf(logK, sizeof logK, "%g", definition.logK);
-    return side(definition.reactants) + " = " + side(definition.products) + " | " + logK + " | " + definition.note.str() +
-           " | " + definition.literature.str();
+    return side(definition.reactants) + " = " + side(definition.products) + " | " + FormatC("%g", definition.logK) +
+           " | " + definition.note.str() + " | " + definition.literature.str();
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <ctime>
 #include <string>
 
+#include "core/c_number.h"
 #include "shell/recent_files.h"
 #include "support/temp_folder.h"
 
@@ -12,21 +12,6 @@ namespace {
 
 using test::TempFolder;
 using test::WriteBytes;
-
-// A clock that advances one second per call.
-class SteppingClock {
-public:
-    RecentFileClock Clock() {
-        return [this] {
-            char text[32];
-            std::snprintf(text, sizeof text, "20240101%06d", ++seconds_);
-            return std::string(text);
-        };
-    }
-
-private:
-    int seconds_ = 0;
-};
 
 int UsedPlaces(const RecentFileList& list) {
     int used = 0;
@@ -45,8 +30,8 @@ struct ShellRecentFiles : ::testing::Test {
     TempFolder tmp;
     Settings settings{tmp.File("TORMEL64.INI")};
     RecentFiles files;
-    SteppingClock stepping;
-    RecentFileClock clock = stepping.Clock();
+    int seconds = 0;  // the clock advances one second per call
+    RecentFileClock clock = [this] { return FormatC("20240101%06d", ++seconds); };
 };
 
 TEST(ShellRecentFileTimestamp, IsLocalTimeWithASpacePaddedDay) {

@@ -11,12 +11,14 @@
 namespace tormel {
 namespace {
 
-using test::TempFolder;
+// A settings file in a folder of its own, and the same file read raw.
+struct ShellSettings : ::testing::Test {
+    test::TempFolder tmp;
+    Settings settings{tmp.File("TORMEL64.INI")};
+    IniFile raw{settings.Path()};
+};
 
-TEST(ShellSettings, BooleansAndIntegersAreTextReadAsTheLeadingInteger) {
-    TempFolder tmp;
-    Settings settings(tmp.File("TORMEL64.INI"));
-    IniFile raw(settings.Path());
+TEST_F(ShellSettings, BooleansAndIntegersAreTextReadAsTheLeadingInteger) {
 
     ASSERT_TRUE(settings.WriteSettingBool("Options", "Check_Updates", false));
     EXPECT_EQ(raw.ReadString("Options", "Check_Updates", ""), "0");
@@ -40,10 +42,7 @@ TEST(ShellSettings, BooleansAndIntegersAreTextReadAsTheLeadingInteger) {
     EXPECT_EQ(settings.ReadSettingInt("Options", "MainWindow_Top", 42), 42);
 }
 
-TEST(ShellSettings, DoublesUseTheExponentFormat) {
-    TempFolder tmp;
-    Settings settings(tmp.File("TORMEL64.INI"));
-    IniFile raw(settings.Path());
+TEST_F(ShellSettings, DoublesUseTheExponentFormat) {
 
     // A missing key returns the default as it would have been stored.
     EXPECT_EQ(settings.ReadSettingDouble("Output", "OutpCutOff"), 0.0001);
@@ -55,18 +54,14 @@ TEST(ShellSettings, DoublesUseTheExponentFormat) {
     // (the point under a decimal-comma locale: CoreCNumber.FormatsWithAPointWhateverTheProcessLocale)
 }
 
-TEST(ShellSettings, StringsAreReadUpTo8192Characters) {
-    TempFolder tmp;
-    Settings settings(tmp.File("TORMEL64.INI"));
+TEST_F(ShellSettings, StringsAreReadUpTo8192Characters) {
     const std::string longText(9000, 'x');
     ASSERT_TRUE(settings.WriteSettingString("Output", "Printer", longText));
     EXPECT_EQ(settings.ReadSettingString("Output", "Printer", ""), std::string(8192, 'x'));
     EXPECT_EQ(settings.ReadSettingString("Output", "Missing", "HP LaserJet"), "HP LaserJet");
 }
 
-TEST(ShellSettings, ResettingTheOptionsMakesEveryOptionsKeyReadItsDefault) {
-    TempFolder tmp;
-    Settings settings(tmp.File("TORMEL64.INI"));
+TEST_F(ShellSettings, ResettingTheOptionsMakesEveryOptionsKeyReadItsDefault) {
     int optionKeys = 0;
     for (const SettingKey& row : SettingsKeyTable()) {
         if (row.section != "Options") continue;
@@ -99,16 +94,14 @@ TEST(ShellSettings, ResettingTheOptionsMakesEveryOptionsKeyReadItsDefault) {
     EXPECT_EQ(settings.ReadSettingInt("Units", "NumDec"), 6);
 }
 
-TEST(ShellSettings, WithoutAFileEveryReadGivesItsDefaultAndWritesFail) {
-    Settings settings;
-    EXPECT_TRUE(settings.ReadSettingBool("Options", "Remember-Units"));
-    EXPECT_EQ(settings.ReadSettingInt("Output", "PrintMargin3"), 1000);
-    EXPECT_FALSE(settings.WriteSettingInt("Output", "PrintMargin3", 5));
+TEST_F(ShellSettings, WithoutAFileEveryReadGivesItsDefaultAndWritesFail) {
+    Settings none;
+    EXPECT_TRUE(none.ReadSettingBool("Options", "Remember-Units"));
+    EXPECT_EQ(none.ReadSettingInt("Output", "PrintMargin3"), 1000);
+    EXPECT_FALSE(none.WriteSettingInt("Output", "PrintMargin3", 5));
 }
 
-TEST(ShellUnitSettings, ValuesOutsideTheirRangeGiveTheDefault) {
-    TempFolder tmp;
-    Settings settings(tmp.File("TORMEL64.INI"));
+TEST_F(ShellSettings, UnitValuesOutsideTheirRangeGiveTheDefault) {
     settings.WriteSettingInt("Units", "NumDec", 12);
     settings.WriteSettingInt("Units", "Units", 2);
     settings.WriteSettingInt("Units", "Order", -1);

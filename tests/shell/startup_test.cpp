@@ -8,21 +8,10 @@
 #include "input/input_title.h"
 #include "output/result_test_support.h"
 #include "shell/startup.h"
+#include "support/cli_home.h"
 
 namespace tormel::test {
 namespace {
-
-AppFolders FoldersUnder(const TempFolder& folder, const std::string& programFolder) {
-    AppFolders f;
-    f.workingFolder = folder.File("home/");
-    f.dataFolder = f.workingFolder + "Data/";
-    f.inputFolder = f.workingFolder + "Input/";
-    f.outputFolder = f.workingFolder + "Output/";
-    f.settingsFile = f.workingFolder + "TORMEL64.INI";
-    f.languageFile = f.workingFolder + "LANG.INI";
-    f.programFolder = programFolder;
-    return f;
-}
 
 struct Recorder {
     std::vector<std::string> steps;
@@ -50,7 +39,7 @@ struct Recorder {
 struct Startup : ::testing::Test {
     TempFolder folder;
     RecordingUi ui;
-    Workspace ws{FoldersUnder(folder, TORMEL_PROGRAM_DIR), ui.services};
+    Workspace ws{FoldersIn(folder.File("home/"), TORMEL_PROGRAM_DIR), ui.services};
     Recorder recorder;
 };
 
@@ -89,7 +78,7 @@ TEST_F(Startup, ArgumentsSkipTheUpdateCheckAndARunEndsTheProcess) {
 }
 
 TEST_F(Startup, WithoutLanguageFilesOrDatabaseTheSessionEnds) {
-    Workspace noLanguages(FoldersUnder(folder, folder.File("empty/")), ui.services);
+    Workspace noLanguages(FoldersIn(folder.File("home/"), folder.File("empty/")), ui.services);
     const StartupOutcome noLanguage = InitializeApplication(noLanguages, CommandLine{}, recorder.hooks, {});
     EXPECT_TRUE(noLanguage.endProcess);
     EXPECT_EQ(noLanguage.exitCode, 0);
@@ -101,7 +90,7 @@ TEST_F(Startup, WithoutLanguageFilesOrDatabaseTheSessionEnds) {
     std::filesystem::create_directories(program + "Languages");
     std::filesystem::copy_file(std::string(TORMEL_SOURCE_DIR) + "/data/Languages/0default.lang",
                                program + "Languages/0default.lang");
-    Workspace noDatabase(FoldersUnder(folder, program), ui.services);
+    Workspace noDatabase(FoldersIn(folder.File("home/"), program), ui.services);
     const StartupOutcome refresh = InitializeApplication(noDatabase, CommandLine{}, recorder.hooks, {});
     EXPECT_TRUE(refresh.endProcess);
     EXPECT_EQ(noDatabase.chem.db().ComponentCount(), 0);

@@ -136,10 +136,7 @@ TEST(TormelCli, BatchLogEntriesNameTheJobAndProblemsEndWithOne) {
     EXPECT_EQ(cli.Run("/batch:jobs.txt --jobs 2000"), 1);
     EXPECT_NE(cli.Log().find(logPath), std::string::npos) << cli.Log();
     const std::string log = ReadUtf16Text(logPath).substr(before);
-    for (const char* job : {"hot.i64 b.o64", "missing.i64 c.o64", "negative.i64 d.o64", "not a job"}) {
-        SCOPED_TRACE(job);
-        EXPECT_NE(log.find(std::string("\n(") + job + ")\n"), std::string::npos) << log;
-    }
+    EXPECT_NE(log.find("\n(not a job)\n"), std::string::npos) << log;
     EXPECT_EQ(log.find("(water.i64"), std::string::npos);
     EXPECT_NE(log.find("The input has errors:\n(hot.i64 b.o64)\n"), std::string::npos);
     EXPECT_NE(log.find("(missing.i64 c.o64)\nThe input file does not exist:\n" + cli.home + "Input/missing.i64"),

@@ -20,13 +20,11 @@ void ImbalancedWater(Workspace& ws, bool forceNeutral) {
     ws.input.neutraliseAnion = chem.db().FindComponent("Cl");
 }
 
+struct ShellWorkspace : ::testing::Test, test::PreparedWorkspace {};
+
 // A batch worker reads the loaded database itself, not a copy, and starts
 // with nothing assembled and no input.
-TEST(ShellWorkspace, WorkerSharesTheDatabaseAndNothingElse) {
-    test::TempFolder folder;
-    test::RecordingUi ui;
-    Workspace ws;
-    test::PrepareWorkspace(ws, folder, ui);
+TEST_F(ShellWorkspace, WorkerSharesTheDatabaseAndNothingElse) {
     ImbalancedWater(ws, false);
     ASSERT_TRUE(CalculateInput(ws, false).solve.converged);
     const Workspace worker = CloneForWorker(ws, ui.services);
@@ -39,11 +37,7 @@ TEST(ShellWorkspace, WorkerSharesTheDatabaseAndNothingElse) {
 
 // A solid no mass balance can limit refuses the calculation; the shell shows
 // the assembly's warning once, as a plain warning box.
-TEST(ShellWorkspace, AssemblyRefusalIsShownAsAWarning) {
-    test::TempFolder folder;
-    test::RecordingUi ui;
-    Workspace ws;
-    test::PrepareWorkspace(ws, folder, ui);
+TEST_F(ShellWorkspace, AssemblyRefusalIsShownAsAWarning) {
     ImbalancedWater(ws, false);
     ws.input.precipitation = true;
     ComponentInput& calcium = ws.input.components[ws.chem.db().FindComponent("Ca")];

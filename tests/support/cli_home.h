@@ -3,9 +3,19 @@
 // folder created), its output and messages caught in a log file.
 #include <string>
 
+#include "shell/app_folders.h"
+#include "support/scoped_env.h"
 #include "support/temp_folder.h"
 
 namespace tormel::test {
+
+// The folders of a program working in `home` on the data in `programFolder`.
+inline AppFolders FoldersIn(const std::string& home, const std::string& programFolder) {
+    const ScopedEnv own("TORMEL64_HOME", home);
+    AppFolders folders = ResolveFolders();
+    folders.programFolder = programFolder;
+    return folders;
+}
 
 struct CliHome {
     TempFolder folder;

@@ -7,31 +7,15 @@
 #include "shell/headless_ui.h"
 #include "shell/language_files.h"
 #include "shell/settings.h"
+#include "support/cli_home.h"
 #include "ui/output/open_output_viewer.h"
 
 namespace tormel::test {
 
-namespace {
-
-AppFolders FoldersUnder(const TempFolder& folder) {
-    AppFolders f;
-    f.workingFolder = folder.File("home/");
-    f.dataFolder = f.workingFolder + "Data/";
-    f.inputFolder = f.workingFolder + "Input/";
-    f.outputFolder = f.workingFolder + "Output/";
-    f.settingsFile = f.workingFolder + "TORMEL64.INI";
-    f.languageFile = f.workingFolder + "LANG.INI";
-    f.documentsFolder = f.workingFolder + "Documents/";
-    f.programFolder = TORMEL_PROGRAM_DIR;
-    return f;
-}
-
-}  // namespace
-
 QString TestInstanceName() { return QStringLiteral("TORMELcVexa-test-%1").arg(QCoreApplication::applicationPid()); }
 
 DesktopFixture::DesktopFixture(const std::string& language) {
-    const AppFolders folders = FoldersUnder(folder);
+    const AppFolders folders = FoldersIn(folder.File("home/"), TORMEL_PROGRAM_DIR);
     std::filesystem::create_directories(folders.inputFolder);
     InstallLanguageFile(folders.programFolder + "Languages/" + language, folders);
     // LANG.INI must not be older than 0default.lang, or the language window opens

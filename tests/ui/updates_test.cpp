@@ -129,8 +129,7 @@ TEST_F(UpdatesTest, DocumentIsFetchedOnceAndAgainOnlyWhenItsSignatureIsNewer) {
     fixture.boxes.clear();
     OpenDocument(ws, &fixture.Window(), "document64.pdf");
     EXPECT_TRUE(fixture.boxes.empty()) << LastMessage();
-    std::ifstream copied(ws.folders.documentsFolder + "document64.pdf", std::ios::binary);
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(copied), {}), "%PDF-1.4 shipped");
+    EXPECT_EQ(test::ReadBytes(ws.folders.documentsFolder + "document64.pdf"), "%PDF-1.4 shipped");
 }
 
 }  // namespace
