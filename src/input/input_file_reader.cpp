@@ -62,16 +62,6 @@ std::string_view WithoutLineFeed8(std::string_view s) {
 
 bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(); }
 
-// Component index by name, compared without regard to letter case, lowest
-// index first; -1 when there is none.
-int32_t FindComponentIgnoreCase(const Database& db, std::string_view name) {
-    for (int32_t i = 0; i < db.ComponentCount(); ++i) {
-        const std::string& candidate = db.components[static_cast<size_t>(i)].name;
-        if (candidate.size() == name.size() && EqualsIgnoreCase(candidate, name)) return i;
-    }
-    return -1;
-}
-
 std::optional<InputFileError> CheckI64Header(TokenReader& reader) {
     std::u16string line;
     reader.ReadLine(line, kInputLineLimit);
@@ -195,11 +185,9 @@ bool NeutralisesAs(const Database& db, int32_t index, bool cation) {
            db.components[static_cast<size_t>(index)].type == (cation ? ComponentType::Cation : ComponentType::Ligand);
 }
 
-}  // namespace
-
-std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
-                                            InputProblem& input, const Database& db) {
-    TokenReader reader{std::u16string(text)};
+// ReadInputText on the text the reader holds.
+std::optional<InputFileError> ReadInput(TokenReader& reader, std::string_view extension, InputProblem& input,
+                                        const Database& db) {
     if (EqualsIgnoreCase(extension, ".i64")) {
         if (auto error = CheckI64Header(reader)) return error;
     } else if (EqualsIgnoreCase(extension, ".inp")) {
@@ -210,9 +198,15 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 
     SetProgramDefaults(input, db);
 
-    // where each component was given, to refuse a second line for it
-    std::vector<int> givenAt(static_cast<size_t>(db.ComponentCount()), 0);
-    std::vector<std::string> givenLine(givenAt.size());
+    // where each component was given, to refuse a second line for it; the
+    // lines are views into the reader's text
+    struct GivenLine {
+        int32_t component = 0;
+        int lineNumber = 0;
+        std::u16string_view line;
+    };
+    std::vector<GivenLine> given;
+    given.reserve(16);
 
     std::u16string_view line;
     std::string line8;  // the line converted once; the colon and the blanks are the same characters in it
@@ -252,18 +246,25 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 
         int32_t component = FindComponentIgnoreCase(db, key);
         if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, line8);
-        const auto slot = static_cast<size_t>(component);
-        if (givenAt[slot] > 0) {
+        for (const GivenLine& earlier : given) {
+            if (earlier.component != component) continue;
             InputFileError duplicate = refused("ErrorDuplicate");
-            duplicate.earlierLineNumber = givenAt[slot];
-            duplicate.earlierLine = givenLine[slot];
+            duplicate.earlierLineNumber = earlier.lineNumber;
+            duplicate.earlierLine = Utf16ToUtf8(WithoutLineFeed(earlier.line));
             return duplicate;
         }
-        if (!ApplyComponentLine(input.components[slot], value)) return refused("ErrorNumber");
-        givenAt[slot] = lineNumber;
-        givenLine[slot] = WithoutLineFeed8(whole8);
+        if (!ApplyComponentLine(input.components[static_cast<size_t>(component)], value)) return refused("ErrorNumber");
+        given.push_back({component, lineNumber, whole});
     }
     return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
+                                            InputProblem& input, const Database& db) {
+    TokenReader reader{std::u16string(text)};
+    return ReadInput(reader, extension, input, db);
 }
 
 std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, const Database& db) {
@@ -281,7 +282,8 @@ std::optional<InputFileError> LoadInputFile(const std::string& path, InputProble
         e.detail = fileError.message;
         return e;
     }
-    if (auto error = ReadInputText(*text, FileExtension(path), input, db)) {
+    TokenReader reader{std::move(*text)};
+    if (auto error = ReadInput(reader, FileExtension(path), input, db)) {
         error->path = path;
         return error;
     }

@@ -19,28 +19,23 @@ void SetProgramDefaults(InputProblem& input, const Database& db) {
     input.docConcentration = defaults.docConcentration;
     input.fulvicFraction = defaults.fulvicFraction;
 
-    input.components.assign(db.components.size(), ComponentInput{});
+    // every element written once, in one pass
+    input.components.resize(db.components.size());
     for (size_t k = 0; k < db.components.size(); ++k) {
         const Component& c = db.components[k];
-        ComponentInput& given = input.components[k];
+        ComponentInput given;  // 0, total concentration
+        given.inputType = InputType::TotalConc;
         if (c.type == ComponentType::Electron) {
             given.inputValue = 1.0;
             given.inputType = InputType::FreeAct;
         } else if (c.type == ComponentType::Gas) {
-            given.inputValue = 0;
             given.inputType = InputType::GasPres;
         } else if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0) {
-            if (c.type == ComponentType::Cation) {
-                given.inputValue = 1e-7;
-                given.inputType = InputType::FreeAct;
-            } else {
-                given.inputValue = 0;
-                given.inputType = InputType::NotSpecified;
-            }
-        } else {
-            given.inputValue = 0;
-            given.inputType = InputType::TotalConc;
+            const bool cation = c.type == ComponentType::Cation;
+            given.inputValue = cation ? 1e-7 : 0;
+            given.inputType = cation ? InputType::FreeAct : InputType::NotSpecified;
         }
+        input.components[k] = given;
     }
 }
 
