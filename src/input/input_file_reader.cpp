@@ -268,18 +268,15 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 }
 
 std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, const Database& db) {
-    std::error_code ec;
-    if (!std::filesystem::exists(path, ec)) {
-        InputFileError e = Error("ErrorFileMissing", 0);
-        e.path = path;
-        return e;
-    }
     FileError fileError;
     auto text = ReadUtf16File(path, &fileError);
     if (!text) {
-        InputFileError e = Error("ErrorFileUnreadable", 0);
+        // only a failed read asks whether the file is there at all
+        std::error_code ec;
+        const bool missing = !std::filesystem::exists(path, ec);
+        InputFileError e = Error(missing ? "ErrorFileMissing" : "ErrorFileUnreadable", 0);
         e.path = path;
-        e.detail = fileError.message;
+        if (!missing) e.detail = fileError.message;
         return e;
     }
     TokenReader reader{std::move(*text)};
