@@ -81,9 +81,10 @@ void AssemblyWork::AddEntry(std::vector<ReactionEntry>& table, std::vector<int32
     if (fill[row] >= width) return;  // a display row holds at most the database's widest reaction
     ReactionEntry& entry = table[Position(fill[row], row, width)];
     entry.coefficient = coefficient;
-    entry.name.assign(name);
+    // the entry is new, its texts empty: appending is the cheaper copy
+    entry.name.append(name);
     entry.charge = charge;
-    entry.phase.assign(phase.substr(0, 5));
+    if (!phase.empty()) entry.phase.append(phase.substr(0, 5));
     ++fill[row];
 }
 

@@ -52,20 +52,6 @@ EquilibriumIndex::EquilibriumIndex(const Database& db)
         if (key[e] >= 0) filed_[fill[Slot(key[e], TypeSlot(db.equilibria[e].type))]++] = e;
 }
 
-int32_t EquilibriumIndex::TypeSlot(EquilibriumType type) {
-    const int32_t code = static_cast<int32_t>(type);
-    return code > 0 && code < kTypeSlots ? code : 0;
-}
-
-std::span<const int32_t> EquilibriumIndex::FiledUnder(int32_t component, EquilibriumType type) const {
-    const size_t slot = Slot(component, TypeSlot(type));
-    return {filed_.data() + filedStart_[slot], filed_.data() + filedStart_[slot + 1]};
-}
-
-std::span<const int32_t> EquilibriumIndex::WithoutComponents(EquilibriumType type) const {
-    return withoutComponents_[TypeSlot(type)];
-}
-
 bool EquilibriumIndex::Fits(const Database& db) const {
     return componentCount_ == db.ComponentCount() && equilibriumCount_ == db.EquilibriumCount() &&
            db.stoichiometry.size() == static_cast<size_t>(componentCount_) * equilibriumCount_;

@@ -37,10 +37,15 @@ public:
         return {terms_.data() + termStart_[equilibrium], terms_.data() + termStart_[equilibrium + 1]};
     }
     // The equilibria of `type` filed under `component`, in ascending order.
-    std::span<const int32_t> FiledUnder(int32_t component, EquilibriumType type) const;
+    std::span<const int32_t> FiledUnder(int32_t component, EquilibriumType type) const {
+        const size_t slot = Slot(component, TypeSlot(type));
+        return {filed_.data() + filedStart_[slot], filed_.data() + filedStart_[slot + 1]};
+    }
     // Equilibria of `type` without any component (formed whatever the water
     // holds), in ascending order.
-    std::span<const int32_t> WithoutComponents(EquilibriumType type) const;
+    std::span<const int32_t> WithoutComponents(EquilibriumType type) const {
+        return withoutComponents_[TypeSlot(type)];
+    }
 
     // Whether the index was built from a database of this shape.
     bool Fits(const Database& db) const;
@@ -48,7 +53,10 @@ public:
 private:
     // one slot per type code; codes outside the type set share slot 0
     static constexpr int32_t kTypeSlots = 8;
-    static int32_t TypeSlot(EquilibriumType type);
+    static int32_t TypeSlot(EquilibriumType type) {
+        const int32_t code = static_cast<int32_t>(type);
+        return code > 0 && code < kTypeSlots ? code : 0;
+    }
     size_t Slot(int32_t component, int32_t typeSlot) const {
         return static_cast<size_t>(component) * kTypeSlots + static_cast<size_t>(typeSlot);
     }

@@ -2,6 +2,19 @@
 
 namespace tormel {
 
+namespace {
+
+ComponentInput DefaultInput(const Component& c) {
+    if (c.type == ComponentType::Electron) return {1.0, InputType::FreeAct};
+    if (c.type == ComponentType::Gas) return {0, InputType::GasPres};
+    if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0)
+        return c.type == ComponentType::Cation ? ComponentInput{1e-7, InputType::FreeAct}
+                                               : ComponentInput{0, InputType::NotSpecified};
+    return {0, InputType::TotalConc};
+}
+
+}  // namespace
+
 void SetProgramDefaults(InputProblem& input, const Database& db) {
     const InputProblem defaults;
     input.description = defaults.description;
@@ -19,23 +32,14 @@ void SetProgramDefaults(InputProblem& input, const Database& db) {
     input.docConcentration = defaults.docConcentration;
     input.fulvicFraction = defaults.fulvicFraction;
 
-    // every element written once, in one pass
-    input.components.resize(db.components.size());
+    // the usual default everywhere, then the few components with another
+    const ComponentInput usual = {0, InputType::TotalConc};
+    input.components.assign(db.components.size(), usual);
     for (size_t k = 0; k < db.components.size(); ++k) {
         const Component& c = db.components[k];
-        ComponentInput given;  // 0, total concentration
-        given.inputType = InputType::TotalConc;
-        if (c.type == ComponentType::Electron) {
-            given.inputValue = 1.0;
-            given.inputType = InputType::FreeAct;
-        } else if (c.type == ComponentType::Gas) {
-            given.inputType = InputType::GasPres;
-        } else if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0) {
-            const bool cation = c.type == ComponentType::Cation;
-            given.inputValue = cation ? 1e-7 : 0;
-            given.inputType = cation ? InputType::FreeAct : InputType::NotSpecified;
-        }
-        input.components[k] = given;
+        if (c.type == ComponentType::Electron || c.type == ComponentType::Gas || c.waterPartnerOfH != 0 ||
+            c.waterPartnerOfOH != 0)
+            input.components[k] = DefaultInput(c);
     }
 }
 
