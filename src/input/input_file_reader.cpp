@@ -63,25 +63,25 @@ std::string_view WithoutLineFeed8(std::string_view s) {
 bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(); }
 
 std::optional<InputFileError> CheckI64Header(TokenReader& reader) {
-    std::u16string line;
+    std::u16string_view line;
     reader.ReadLine(line, kInputLineLimit);
-    if (line.compare(0, kHeaderI64.size(), kHeaderI64) != 0) return Error("ErrorOpen1", 1);
+    if (line.substr(0, kHeaderI64.size()) != kHeaderI64) return Error("ErrorOpen1", 1);
     reader.ReadLine(line, kInputLineLimit);
     size_t colon = line.find(u':');
-    if (colon == std::u16string::npos || colon == 0) return Error("ErrorOpen2", 2);
-    std::string version = Utf16ToUtf8(TrimBlanks16(std::u16string_view(line).substr(colon + 1)));
+    if (colon == std::u16string_view::npos || colon == 0) return Error("ErrorOpen2", 2);
+    std::string version = Utf16ToUtf8(TrimBlanks16(line.substr(colon + 1)));
     if (StrToIntPlatform(version) != 1) return Error("ErrorOpen2", 2);
     return std::nullopt;
 }
 
 std::optional<InputFileError> CheckInpHeader(TokenReader& reader) {
-    std::u16string line;
+    std::u16string_view line;
     reader.ReadLine(line, kInputLineLimit);
     if (line != kHeaderInp) return Error("ErrorOpen1", 1);
     reader.ReadLine(line, kInputLineLimit);
     float version = 0;
     if (line.size() > 42) {
-        std::string rest = Utf16ToUtf8(std::u16string_view(line).substr(42));
+        std::string rest = Utf16ToUtf8(line.substr(42));
         size_t start = rest.find_first_not_of(" \t\n\r");
         if (start != std::string::npos) version = static_cast<float>(LeadingReal(std::string_view(rest).substr(start)));
     }
@@ -120,10 +120,11 @@ std::optional<double> RealWithUnit(std::string_view value, std::string_view unit
     return CompleteReal(TrimBlanksAndLineFeeds(value));
 }
 
+// `value16` is the untrimmed text after the colon, in the file's characters.
 KeywordResult ApplyKeyword(std::string_view key, std::string_view value, std::u16string_view value16,
                            InputProblem& input) {
     if (EqualsIgnoreCase(key, "description")) {
-        input.description = Utf16ToUtf8(CutUtf16(value16, kDescriptionLimit));
+        input.description = Utf16ToUtf8(CutUtf16(TrimBlanksAndLineFeeds16(value16), kDescriptionLimit));
     } else if (EqualsIgnoreCase(key, "ionic strength")) {
         if (EqualsIgnoreCase(value, "calculated")) {
             input.ionicStrengthFixed = false;
@@ -219,7 +220,7 @@ std::optional<InputFileError> ReadInput(TokenReader& reader, std::string_view ex
         if (colon == 0) return Error("ErrorOpen3", lineNumber);
         std::u16string_view whole(line);
         const std::u16string_view value16 =
-            colon == std::u16string::npos ? std::u16string_view() : TrimBlanksAndLineFeeds16(whole.substr(colon + 1));
+            colon == std::u16string::npos ? std::u16string_view() : whole.substr(colon + 1);
         Utf16ToUtf8(whole, line8);
         const std::string_view whole8(line8);
         const size_t colon8 = whole8.find(':');
