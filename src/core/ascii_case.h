@@ -5,14 +5,14 @@
 
 namespace tormel {
 
-constexpr char FoldAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+constexpr char FoldAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
 
 // Compares two UTF-8 texts with ASCII letters folded to lower case. Inline:
 // the readers compare many texts of another length, refused by the size alone.
 inline bool EqualsIgnoreCase(std::string_view a, std::string_view b) {
     if (a.size() != b.size()) return false;
     for (size_t i = 0; i < a.size(); ++i)
-        if (FoldAscii(a[i]) != FoldAscii(b[i])) return false;
+        if (FoldAsciiLetter(a[i]) != FoldAsciiLetter(b[i])) return false;
     return true;
 }
 

@@ -11,7 +11,7 @@ namespace {
 uint64_t FoldedHash(std::string_view name) {
     uint64_t h = 14695981039346656037ull;
     for (const char c : name) {
-        h ^= static_cast<unsigned char>(FoldAscii(c));
+        h ^= static_cast<unsigned char>(FoldAsciiLetter(c));
         h *= 1099511628211ull;
     }
     return h;
