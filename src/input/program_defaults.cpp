@@ -1,16 +1,22 @@
 #include "input/program_defaults.h"
 
+#include <optional>
+
 namespace tormel {
 
 namespace {
 
-ComponentInput DefaultInput(const Component& c) {
-    if (c.type == ComponentType::Electron) return {1.0, InputType::FreeAct};
-    if (c.type == ComponentType::Gas) return {0, InputType::GasPres};
+// Most components start at 0 as a total concentration.
+constexpr ComponentInput kUsualDefault = {0, InputType::TotalConc};
+
+// The default of a component that does not start as most do.
+std::optional<ComponentInput> OtherDefault(const Component& c) {
+    if (c.type == ComponentType::Electron) return ComponentInput{1.0, InputType::FreeAct};
+    if (c.type == ComponentType::Gas) return ComponentInput{0, InputType::GasPres};
     if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0)
         return c.type == ComponentType::Cation ? ComponentInput{1e-7, InputType::FreeAct}
                                                : ComponentInput{0, InputType::NotSpecified};
-    return {0, InputType::TotalConc};
+    return std::nullopt;
 }
 
 }  // namespace
@@ -32,15 +38,10 @@ void SetProgramDefaults(InputProblem& input, const Database& db) {
     input.docConcentration = defaults.docConcentration;
     input.fulvicFraction = defaults.fulvicFraction;
 
-    // the usual default everywhere, then the few components with another
-    const ComponentInput usual = {0, InputType::TotalConc};
-    input.components.assign(db.components.size(), usual);
-    for (size_t k = 0; k < db.components.size(); ++k) {
-        const Component& c = db.components[k];
-        if (c.type == ComponentType::Electron || c.type == ComponentType::Gas || c.waterPartnerOfH != 0 ||
-            c.waterPartnerOfOH != 0)
-            input.components[k] = DefaultInput(c);
-    }
+    // the usual default everywhere in one fill, then the few others
+    input.components.assign(db.components.size(), kUsualDefault);
+    for (size_t k = 0; k < db.components.size(); ++k)
+        if (const std::optional<ComponentInput> other = OtherDefault(db.components[k])) input.components[k] = *other;
 }
 
 }  // namespace tormel
