@@ -17,8 +17,8 @@ void SetInputFlags(CalcContext& ctx) {
     const std::vector<ComponentInput>& inputs = ctx.input.components;
     SolverState& st = ctx.state;
     std::vector<ComponentPlacement>& placement = chem.placement;
-    placement.assign(chem.db().components.size(), ComponentPlacement{});
-    for (size_t k = 0; k < placement.size(); ++k) placement[k].inInput = inputs[k].inputValue != 0;
+    placement.resize(chem.db().components.size());
+    for (size_t k = 0; k < placement.size(); ++k) placement[k] = {inputs[k].inputValue != 0, 0};
     if (chem.db().electronIndex > 0) placement[chem.db().electronIndex].inInput = ctx.input.redox;
     placement[chem.db().hydrogenIndex].inInput = true;
     placement[chem.db().hydroxideIndex].inInput = true;

@@ -36,8 +36,10 @@ AssemblyWork::AssemblyWork(CalcContext& context)
       placed(context.chem.db().components.size(), 0),
       speciesOf(context.chem.db().components.size(), 0),
       columns_(FirstColumnCount(context.chem)) {
-    // room for the species of a typical water, without growing
+    // room for the species and reactions of a typical water, without growing
     dense.Reserve(64, static_cast<size_t>(columns_));
+    reactantFill.reserve(64);
+    productFill.reserve(64);
 }
 
 int32_t& AssemblyWork::Coef(int32_t species, int32_t systemComponent) {
@@ -63,8 +65,11 @@ int32_t AssemblyWork::NewSystemComponent() {
 
 int32_t AssemblyWork::NewReactionRow() {
     const int32_t width = chem.db().maxComponentsPerEquilibrium;
-    chem.reactionReactants.resize(chem.reactionReactants.size() + width);
-    chem.reactionProducts.resize(chem.reactionProducts.size() + width);
+    // appended one by one: cheaper than a resize for the few entries of a row
+    for (int32_t k = 0; k < width; ++k) {
+        chem.reactionReactants.emplace_back();
+        chem.reactionProducts.emplace_back();
+    }
     reactantFill.push_back(0);
     productFill.push_back(0);
     return chem.reactionRowCount++;
@@ -76,9 +81,10 @@ void AssemblyWork::AddEntry(std::vector<ReactionEntry>& table, std::vector<int32
     if (fill[row] >= width) return;  // a display row holds at most the database's widest reaction
     ReactionEntry& entry = table[Position(fill[row], row, width)];
     entry.coefficient = coefficient;
-    entry.name.assign(name);
+    // the entry is new, its texts empty: appending is the cheaper copy
+    entry.name.append(name);
     entry.charge = charge;
-    entry.phase.assign(phase.substr(0, 5));
+    if (!phase.empty()) entry.phase.append(phase.substr(0, 5));
     ++fill[row];
 }
 

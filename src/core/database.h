@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "core/chemical_types.h"
+#include "core/component_name_index.h"
 #include "core/equilibrium_index.h"
 #include "core/shared_text.h"
 
@@ -100,6 +101,9 @@ struct Database {
     // Which components each equilibrium is made of (equilibrium_index.h),
     // built by the loader.
     std::shared_ptr<const EquilibriumIndex> equilibriumIndex;
+    // The components by name, letter case ignored (component_name_index.h),
+    // built by the loader.
+    std::shared_ptr<const ComponentNameIndex> componentNames;
 
     int32_t ComponentCount() const { return static_cast<int32_t>(components.size()); }
     int32_t EquilibriumCount() const { return static_cast<int32_t>(equilibria.size()); }

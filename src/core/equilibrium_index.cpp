@@ -11,13 +11,9 @@ EquilibriumIndex::EquilibriumIndex(const Database& db)
     : componentCount_(db.ComponentCount()), equilibriumCount_(db.EquilibriumCount()) {
     // the terms, equilibrium by equilibrium, from the component-major matrix
     std::vector<int32_t> termCount(equilibriumCount_, 0);
-    std::vector<int32_t> equilibriaOf(componentCount_, 0);
     for (int32_t c = 0; c < componentCount_; ++c)
         for (int32_t e = 0; e < equilibriumCount_; ++e)
-            if (db.Coefficient(c, e) != 0) {
-                ++termCount[e];
-                ++equilibriaOf[c];
-            }
+            if (db.Coefficient(c, e) != 0) ++termCount[e];
     termStart_.assign(equilibriumCount_ + 1, 0);
     for (int32_t e = 0; e < equilibriumCount_; ++e) termStart_[e + 1] = termStart_[e] + termCount[e];
     terms_.resize(termStart_.back());
@@ -26,31 +22,34 @@ EquilibriumIndex::EquilibriumIndex(const Database& db)
         for (int32_t e = 0; e < equilibriumCount_; ++e)
             if (const int32_t nu = db.Coefficient(c, e); nu != 0) terms_[fill[e]++] = {c, nu};
 
-    // each equilibrium under its least common component
+    // each equilibrium under its type and the component of its terms that
+    // takes part in the fewest equilibria of that type
+    std::vector<int32_t> ofType(static_cast<size_t>(componentCount_) * kTypeSlots, 0);
+    for (int32_t e = 0; e < equilibriumCount_; ++e)
+        for (const EquilibriumTerm& t : Terms(e)) ++ofType[Slot(t.component, TypeSlot(db.equilibria[e].type))];
     std::vector<int32_t> key(equilibriumCount_, -1);
-    std::vector<int32_t> filedCount(componentCount_, 0);
+    std::vector<int32_t> filedCount(ofType.size(), 0);
     for (int32_t e = 0; e < equilibriumCount_; ++e) {
-        for (const EquilibriumTerm& t : Terms(e))
-            if (key[e] < 0 || equilibriaOf[t.component] < equilibriaOf[key[e]]) key[e] = t.component;
+        const int32_t type = TypeSlot(db.equilibria[e].type);
+        int32_t fewest = 0;
+        for (const EquilibriumTerm& t : Terms(e)) {
+            const int32_t count = ofType[Slot(t.component, type)];
+            if (key[e] < 0 || count < fewest) {
+                key[e] = t.component;
+                fewest = count;
+            }
+        }
         if (key[e] < 0)
-            withoutComponents_.push_back(e);
+            withoutComponents_[type].push_back(e);
         else
-            ++filedCount[key[e]];
+            ++filedCount[Slot(key[e], type)];
     }
-    filedStart_.assign(componentCount_ + 1, 0);
-    for (int32_t c = 0; c < componentCount_; ++c) filedStart_[c + 1] = filedStart_[c] + filedCount[c];
+    filedStart_.assign(filedCount.size() + 1, 0);
+    for (size_t k = 0; k < filedCount.size(); ++k) filedStart_[k + 1] = filedStart_[k] + filedCount[k];
     filed_.resize(filedStart_.back());
     fill.assign(filedStart_.begin(), filedStart_.end() - 1);
     for (int32_t e = 0; e < equilibriumCount_; ++e)
-        if (key[e] >= 0) filed_[fill[key[e]]++] = e;
-}
-
-std::span<const EquilibriumTerm> EquilibriumIndex::Terms(int32_t equilibrium) const {
-    return {terms_.data() + termStart_[equilibrium], terms_.data() + termStart_[equilibrium + 1]};
-}
-
-std::span<const int32_t> EquilibriumIndex::FiledUnder(int32_t component) const {
-    return {filed_.data() + filedStart_[component], filed_.data() + filedStart_[component + 1]};
+        if (key[e] >= 0) filed_[fill[Slot(key[e], TypeSlot(db.equilibria[e].type))]++] = e;
 }
 
 bool EquilibriumIndex::Fits(const Database& db) const {
@@ -69,11 +68,12 @@ const EquilibriumIndex& FittingIndex(const Database& db, std::optional<Equilibri
     return temporary.emplace(db);
 }
 
-std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type) {
+void EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type, std::vector<int32_t>& found) {
     const Database& db = chem.db();
-    std::vector<int32_t> found;
+    found.clear();
     const TypeRange range = db.equilibriumRange[type];
-    if (range.empty()) return found;
+    if (range.empty()) return;
+    found.reserve(std::min<size_t>(static_cast<size_t>(range.last - range.first) + 1, 64));  // a typical water's
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(db, temporary);
     auto consider = [&](int32_t e) {
@@ -82,11 +82,16 @@ std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, EquilibriumTy
             if (!chem.placement[t.component].inInput) return;
         found.push_back(e);
     };
-    for (int32_t e : index.WithoutComponents()) consider(e);
+    for (int32_t e : index.WithoutComponents(type)) consider(e);
     for (int32_t c = 0; c < db.ComponentCount(); ++c)
         if (chem.placement[c].inInput)
-            for (int32_t e : index.FiledUnder(c)) consider(e);
+            for (int32_t e : index.FiledUnder(c, type)) consider(e);
     std::sort(found.begin(), found.end());
+}
+
+std::vector<int32_t> EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type) {
+    std::vector<int32_t> found;
+    EquilibriaInInput(chem, type, found);
     return found;
 }
 

@@ -71,6 +71,7 @@ void LinkDatabase(Database& chem) {
     LinkGases(chem);
     LinkRedoxGroups(chem);
     chem.equilibriumIndex = std::make_shared<const EquilibriumIndex>(chem);
+    chem.componentNames = std::make_shared<const ComponentNameIndex>(chem.components);
 }
 
 }  // namespace tormel

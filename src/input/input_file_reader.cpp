@@ -62,36 +62,26 @@ std::string_view WithoutLineFeed8(std::string_view s) {
 
 bool IsEmptyLine(std::u16string_view line) { return WithoutLineFeed(line).empty(); }
 
-// Component index by name, compared without regard to letter case, lowest
-// index first; -1 when there is none.
-int32_t FindComponentIgnoreCase(const Database& db, std::string_view name) {
-    for (int32_t i = 0; i < db.ComponentCount(); ++i) {
-        const std::string& candidate = db.components[static_cast<size_t>(i)].name;
-        if (candidate.size() == name.size() && EqualsIgnoreCase(candidate, name)) return i;
-    }
-    return -1;
-}
-
 std::optional<InputFileError> CheckI64Header(TokenReader& reader) {
-    std::u16string line;
+    std::u16string_view line;
     reader.ReadLine(line, kInputLineLimit);
-    if (line.compare(0, kHeaderI64.size(), kHeaderI64) != 0) return Error("ErrorOpen1", 1);
+    if (line.substr(0, kHeaderI64.size()) != kHeaderI64) return Error("ErrorOpen1", 1);
     reader.ReadLine(line, kInputLineLimit);
     size_t colon = line.find(u':');
-    if (colon == std::u16string::npos || colon == 0) return Error("ErrorOpen2", 2);
-    std::string version = Utf16ToUtf8(TrimBlanks16(std::u16string_view(line).substr(colon + 1)));
+    if (colon == std::u16string_view::npos || colon == 0) return Error("ErrorOpen2", 2);
+    std::string version = Utf16ToUtf8(TrimBlanks16(line.substr(colon + 1)));
     if (StrToIntPlatform(version) != 1) return Error("ErrorOpen2", 2);
     return std::nullopt;
 }
 
 std::optional<InputFileError> CheckInpHeader(TokenReader& reader) {
-    std::u16string line;
+    std::u16string_view line;
     reader.ReadLine(line, kInputLineLimit);
     if (line != kHeaderInp) return Error("ErrorOpen1", 1);
     reader.ReadLine(line, kInputLineLimit);
     float version = 0;
     if (line.size() > 42) {
-        std::string rest = Utf16ToUtf8(std::u16string_view(line).substr(42));
+        std::string rest = Utf16ToUtf8(line.substr(42));
         size_t start = rest.find_first_not_of(" \t\n\r");
         if (start != std::string::npos) version = static_cast<float>(LeadingReal(std::string_view(rest).substr(start)));
     }
@@ -130,10 +120,11 @@ std::optional<double> RealWithUnit(std::string_view value, std::string_view unit
     return CompleteReal(TrimBlanksAndLineFeeds(value));
 }
 
+// `value16` is the untrimmed text after the colon, in the file's characters.
 KeywordResult ApplyKeyword(std::string_view key, std::string_view value, std::u16string_view value16,
                            InputProblem& input) {
     if (EqualsIgnoreCase(key, "description")) {
-        input.description = Utf16ToUtf8(CutUtf16(value16, kDescriptionLimit));
+        input.description = Utf16ToUtf8(CutUtf16(TrimBlanksAndLineFeeds16(value16), kDescriptionLimit));
     } else if (EqualsIgnoreCase(key, "ionic strength")) {
         if (EqualsIgnoreCase(value, "calculated")) {
             input.ionicStrengthFixed = false;
@@ -195,11 +186,9 @@ bool NeutralisesAs(const Database& db, int32_t index, bool cation) {
            db.components[static_cast<size_t>(index)].type == (cation ? ComponentType::Cation : ComponentType::Ligand);
 }
 
-}  // namespace
-
-std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
-                                            InputProblem& input, const Database& db) {
-    TokenReader reader{std::u16string(text)};
+// ReadInputText on the text the reader holds.
+std::optional<InputFileError> ReadInput(TokenReader& reader, std::string_view extension, InputProblem& input,
+                                        const Database& db) {
     if (EqualsIgnoreCase(extension, ".i64")) {
         if (auto error = CheckI64Header(reader)) return error;
     } else if (EqualsIgnoreCase(extension, ".inp")) {
@@ -210,9 +199,15 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 
     SetProgramDefaults(input, db);
 
-    // where each component was given, to refuse a second line for it
-    std::vector<int> givenAt(static_cast<size_t>(db.ComponentCount()), 0);
-    std::vector<std::string> givenLine(givenAt.size());
+    // where each component was given, to refuse a second line for it; the
+    // lines are views into the reader's text
+    struct GivenLine {
+        int32_t component = 0;
+        int lineNumber = 0;
+        std::u16string_view line;
+    };
+    std::vector<GivenLine> given;
+    given.reserve(16);
 
     std::u16string_view line;
     std::string line8;  // the line converted once; the colon and the blanks are the same characters in it
@@ -225,7 +220,7 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
         if (colon == 0) return Error("ErrorOpen3", lineNumber);
         std::u16string_view whole(line);
         const std::u16string_view value16 =
-            colon == std::u16string::npos ? std::u16string_view() : TrimBlanksAndLineFeeds16(whole.substr(colon + 1));
+            colon == std::u16string::npos ? std::u16string_view() : whole.substr(colon + 1);
         Utf16ToUtf8(whole, line8);
         const std::string_view whole8(line8);
         const size_t colon8 = whole8.find(':');
@@ -252,36 +247,41 @@ std::optional<InputFileError> ReadInputText(std::u16string_view text, std::strin
 
         int32_t component = FindComponentIgnoreCase(db, key);
         if (component < 0) return ErrorWithLine("ErrorOpen3", lineNumber, line8);
-        const auto slot = static_cast<size_t>(component);
-        if (givenAt[slot] > 0) {
+        for (const GivenLine& earlier : given) {
+            if (earlier.component != component) continue;
             InputFileError duplicate = refused("ErrorDuplicate");
-            duplicate.earlierLineNumber = givenAt[slot];
-            duplicate.earlierLine = givenLine[slot];
+            duplicate.earlierLineNumber = earlier.lineNumber;
+            duplicate.earlierLine = Utf16ToUtf8(WithoutLineFeed(earlier.line));
             return duplicate;
         }
-        if (!ApplyComponentLine(input.components[slot], value)) return refused("ErrorNumber");
-        givenAt[slot] = lineNumber;
-        givenLine[slot] = WithoutLineFeed8(whole8);
+        if (!ApplyComponentLine(input.components[static_cast<size_t>(component)], value)) return refused("ErrorNumber");
+        given.push_back({component, lineNumber, whole});
     }
     return std::nullopt;
 }
 
+}  // namespace
+
+std::optional<InputFileError> ReadInputText(std::u16string_view text, std::string_view extension,
+                                            InputProblem& input, const Database& db) {
+    TokenReader reader{std::u16string(text)};
+    return ReadInput(reader, extension, input, db);
+}
+
 std::optional<InputFileError> LoadInputFile(const std::string& path, InputProblem& input, const Database& db) {
-    std::error_code ec;
-    if (!std::filesystem::exists(path, ec)) {
-        InputFileError e = Error("ErrorFileMissing", 0);
-        e.path = path;
-        return e;
-    }
     FileError fileError;
     auto text = ReadUtf16File(path, &fileError);
     if (!text) {
-        InputFileError e = Error("ErrorFileUnreadable", 0);
+        // only a failed read asks whether the file is there at all
+        std::error_code ec;
+        const bool missing = !std::filesystem::exists(path, ec);
+        InputFileError e = Error(missing ? "ErrorFileMissing" : "ErrorFileUnreadable", 0);
         e.path = path;
-        e.detail = fileError.message;
+        if (!missing) e.detail = fileError.message;
         return e;
     }
-    if (auto error = ReadInputText(*text, FileExtension(path), input, db)) {
+    TokenReader reader{std::move(*text)};
+    if (auto error = ReadInput(reader, FileExtension(path), input, db)) {
         error->path = path;
         return error;
     }

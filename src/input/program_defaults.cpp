@@ -1,6 +1,25 @@
 #include "input/program_defaults.h"
 
+#include <optional>
+
 namespace tormel {
+
+namespace {
+
+// Most components start at 0 as a total concentration.
+constexpr ComponentInput kUsualDefault = {0, InputType::TotalConc};
+
+// The default of a component that does not start as most do.
+std::optional<ComponentInput> OtherDefault(const Component& c) {
+    if (c.type == ComponentType::Electron) return ComponentInput{1.0, InputType::FreeAct};
+    if (c.type == ComponentType::Gas) return ComponentInput{0, InputType::GasPres};
+    if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0)
+        return c.type == ComponentType::Cation ? ComponentInput{1e-7, InputType::FreeAct}
+                                               : ComponentInput{0, InputType::NotSpecified};
+    return std::nullopt;
+}
+
+}  // namespace
 
 void SetProgramDefaults(InputProblem& input, const Database& db) {
     const InputProblem defaults;
@@ -19,29 +38,10 @@ void SetProgramDefaults(InputProblem& input, const Database& db) {
     input.docConcentration = defaults.docConcentration;
     input.fulvicFraction = defaults.fulvicFraction;
 
-    input.components.assign(db.components.size(), ComponentInput{});
-    for (size_t k = 0; k < db.components.size(); ++k) {
-        const Component& c = db.components[k];
-        ComponentInput& given = input.components[k];
-        if (c.type == ComponentType::Electron) {
-            given.inputValue = 1.0;
-            given.inputType = InputType::FreeAct;
-        } else if (c.type == ComponentType::Gas) {
-            given.inputValue = 0;
-            given.inputType = InputType::GasPres;
-        } else if (c.waterPartnerOfH != 0 || c.waterPartnerOfOH != 0) {
-            if (c.type == ComponentType::Cation) {
-                given.inputValue = 1e-7;
-                given.inputType = InputType::FreeAct;
-            } else {
-                given.inputValue = 0;
-                given.inputType = InputType::NotSpecified;
-            }
-        } else {
-            given.inputValue = 0;
-            given.inputType = InputType::TotalConc;
-        }
-    }
+    // the usual default everywhere in one fill, then the few others
+    input.components.assign(db.components.size(), kUsualDefault);
+    for (size_t k = 0; k < db.components.size(); ++k)
+        if (const std::optional<ComponentInput> other = OtherDefault(db.components[k])) input.components[k] = *other;
 }
 
 }  // namespace tormel

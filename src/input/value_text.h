@@ -6,11 +6,9 @@
 #include <string>
 #include <string_view>
 
-namespace tormel {
+#include "core/ascii_case.h"
 
-// Compares two UTF-8 texts with ASCII letters folded to lower case (other
-// characters must match exactly).
-bool EqualsIgnoreCase(std::string_view a, std::string_view b);
+namespace tormel {
 
 // True when `text` begins with `prefix`, ASCII letters folded.
 bool StartsWithIgnoreCase(std::string_view text, std::string_view prefix);
