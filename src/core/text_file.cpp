@@ -142,24 +142,46 @@ bool WriteAll(int fd, std::string_view bytes) {
     return true;
 }
 
+// A hidden name beside the target, unique within the process (threads may
+// write at once) and across processes.
+std::string TemporaryName(const std::string& path, size_t nameAt) {
+    static std::atomic<uint32_t> count{0};
+    return path.substr(0, nameAt) + "." + path.substr(nameAt) + ".tmp" + std::to_string(getpid()) + "-" +
+           std::to_string(count.fetch_add(1));
+}
+
 #if defined(__linux__) && defined(O_TMPFILE)
-// The fast way to a new file: its bytes go into a file without a name in the
-// target's folder, which then gets the target's name in one step. That is
-// one change to the folder instead of two (a create and a rename), which is
-// what parallel batch jobs writing into one folder wait for. Returns 1 when
-// the file is written, 0 when the caller must take the named way (the target
-// exists, or the system offers no unnamed files here), -1 on a write error.
-int WriteAsNewFile(const std::string& path, size_t nameAt, std::string_view bytes) {
+enum class Written { Done, NotTried, WriteFailed, ReplaceFailed };
+
+// The bytes go into a file without a name in the target's folder. A new
+// target then gets its name in one step: one change to the folder instead of
+// two (a create and a rename), which is what parallel batch jobs writing into
+// one folder wait for. An existing target is replaced through a temporary
+// name (`tmp`, set while it exists) and a rename, as the named way does.
+// NotTried when the system offers no unnamed file here or cannot name it
+// (no /proc, say): then the named way must do it all.
+Written WriteThroughUnnamedFile(const std::string& path, size_t nameAt, std::string_view bytes, std::string& tmp) {
     const std::string folder = nameAt == 0 ? std::string(".") : path.substr(0, nameAt);
     const int fd = ::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0666);
-    if (fd < 0) return 0;
-    bool ok = WriteAll(fd, bytes);
+    if (fd < 0) return Written::NotTried;
+    const bool written = WriteAll(fd, bytes);
     char self[32];
     std::snprintf(self, sizeof self, "/proc/self/fd/%d", fd);
-    const bool named = ok && ::linkat(AT_FDCWD, self, AT_FDCWD, path.c_str(), AT_SYMLINK_FOLLOW) == 0;
-    ok = (::close(fd) == 0) && ok;
-    if (!ok) return -1;
-    return named ? 1 : 0;
+    auto linkAs = [&self](const std::string& name) {
+        return ::linkat(AT_FDCWD, self, AT_FDCWD, name.c_str(), AT_SYMLINK_FOLLOW) == 0;
+    };
+    bool linked = written && linkAs(path);
+    const bool replacing = written && !linked && errno == EEXIST;
+    if (replacing) {
+        tmp = TemporaryName(path, nameAt);
+        linked = linkAs(tmp);
+        if (!linked) tmp.clear();
+    }
+    const bool closed = ::close(fd) == 0;
+    if (!written || (linked && !closed)) return Written::WriteFailed;
+    if (!linked) return Written::NotTried;
+    if (replacing && std::rename(tmp.c_str(), path.c_str()) != 0) return Written::ReplaceFailed;
+    return Written::Done;
 }
 #endif
 
@@ -167,27 +189,27 @@ int WriteAsNewFile(const std::string& path, size_t nameAt, std::string_view byte
 
 bool WriteFileAtomically(const std::string& path, std::string_view bytes, FileError* error) {
     const size_t nameAt = path.rfind('/') + 1;  // 0 without a folder
-    auto failed = [&](const std::string& what) {
+    std::string tmp;  // a temporary file's name while it exists
+    auto fail = [&](const std::string& what) {
         if (error) *error = {path, what + ": " + std::strerror(errno ? errno : EIO)};
+        if (!tmp.empty()) {
+            std::error_code ec;
+            fs::remove(tmp, ec);
+        }
         return false;
     };
     errno = 0;
 #if defined(__linux__) && defined(O_TMPFILE)
-    if (const int done = WriteAsNewFile(path, nameAt, bytes); done != 0)
-        return done > 0 || failed("cannot write the file");
+    switch (WriteThroughUnnamedFile(path, nameAt, bytes, tmp)) {
+        case Written::Done: return true;
+        case Written::WriteFailed: return fail("cannot write the file");
+        case Written::ReplaceFailed: return fail("cannot replace the file");
+        case Written::NotTried: break;
+    }
 #endif
-    // a hidden name beside the target, unique within the process (threads
-    // may write at once) and across processes; the rename replaces the
-    // target in one step, so a reader sees the old file or the new one
-    static std::atomic<uint32_t> tmpCount{0};
-    const std::string tmp = path.substr(0, nameAt) + "." + path.substr(nameAt) + ".tmp" + std::to_string(getpid()) +
-                            "-" + std::to_string(tmpCount.fetch_add(1));
-    auto fail = [&](const std::string& what) {
-        failed(what);
-        std::error_code ec;
-        fs::remove(tmp, ec);
-        return false;
-    };
+    // the named way: a temporary file, then a rename that replaces the
+    // target in one step, so that a reader sees the old file or the new one
+    tmp = TemporaryName(path, nameAt);
     errno = 0;
     const int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
     if (fd < 0) return fail("cannot create the file");
