@@ -141,14 +141,11 @@ void AddGases(AssemblyWork& w) {
             sp.charge = ligand.charge;
         }
         int32_t eq = -1;
-        const TypeRange eqRange = chem.db().equilibriumRange[EquilibriumType::Gas];
-        if (!eqRange.empty())
-            for (int32_t e = eqRange.first; e <= eqRange.last; ++e)
-                if (chem.db().equilibria[e].type == EquilibriumType::Gas &&
-                    chem.db().equilibria[e].linkedComponent == g) {
-                    eq = e;
-                    break;
-                }
+        for (const int32_t e : EquilibriaOfType(chem.db(), EquilibriumType::Gas))
+            if (chem.db().equilibria[e].linkedComponent == g) {
+                eq = e;
+                break;
+            }
         if (eq < 0) continue;
         const Equilibrium& e = chem.db().equilibria[eq];
         Species& sp = chem.species[s];

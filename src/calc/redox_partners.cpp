@@ -87,8 +87,7 @@ void AddReactionRows(AssemblyWork& w, int32_t t, int32_t e, int32_t a, int32_t b
 
 void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
     ChemicalSystem& chem = w.chem;
-    const TypeRange range = chem.db().equilibriumRange[EquilibriumType::Redox];
-    if (range.empty()) return;
+    if (chem.db().equilibriumRange[EquilibriumType::Redox].empty()) return;
     const int32_t electronColumn =
         chem.db().electronIndex > 0 ? chem.placement[chem.db().electronIndex].systemIndex : -1;
     const double temperature = w.ctx.input.temperature;
@@ -96,9 +95,8 @@ void AddRedoxPartners(AssemblyWork& w, bool groupStep) {
     // the number of components.
     for (int32_t pass = 0; pass <= chem.db().ComponentCount(); ++pass) {
         bool added = false;
-        for (int32_t e = range.first; e <= range.last; ++e) {
+        for (const int32_t e : EquilibriaOfType(chem.db(), EquilibriumType::Redox)) {
             const Equilibrium& eq = chem.db().equilibria[e];
-            if (eq.type != EquilibriumType::Redox) continue;
             const int32_t a = eq.linkedComponent;
             const int32_t b = ReactionComponent(chem, e);
             if (a <= 0 || b < 0 || a >= chem.db().ComponentCount()) continue;

@@ -6,7 +6,9 @@
 // doubles as "none" in links.
 #include <array>
 #include <cstdint>
+#include <algorithm>
 #include <memory>
+#include <ranges>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -122,5 +124,15 @@ struct Database {
     int32_t FindComponent(std::string_view name) const;
     int32_t FindEquilibrium(std::string_view name) const;
 };
+
+// The equilibria of `type` in ascending order: those within the type's range
+// that are of that type.
+inline auto EquilibriaOfType(const Database& db, EquilibriumType type) {
+    const TypeRange range = db.equilibriumRange[type];
+    const int32_t first = range.empty() ? 0 : std::max(range.first, 0);
+    const int32_t end = range.empty() ? 0 : std::clamp(range.last + 1, first, db.EquilibriumCount());
+    return std::views::iota(first, std::max(first, end)) |
+           std::views::filter([&db, type](int32_t e) { return db.equilibria[static_cast<size_t>(e)].type == type; });
+}
 
 }  // namespace tormel

@@ -8,11 +8,8 @@ namespace tormel {
 namespace {
 
 void LinkGases(Database& chem) {
-    const TypeRange range = chem.equilibriumRange[EquilibriumType::Gas];
-    if (range.empty()) return;
-    for (int32_t e = range.first; e <= range.last; ++e) {
+    for (const int32_t e : EquilibriaOfType(chem, EquilibriumType::Gas)) {
         const Equilibrium& q = chem.equilibria[static_cast<size_t>(e)];
-        if (q.type != EquilibriumType::Gas) continue;
         for (int32_t c = 0; c < chem.ComponentCount(); ++c) {
             if (chem.Coefficient(c, e) > 0 && chem.components[static_cast<size_t>(c)].type == ComponentType::Ligand) {
                 chem.components[static_cast<size_t>(c)].gasPartner = q.linkedComponent;
@@ -34,11 +31,8 @@ int32_t RedoxPartner(const Database& chem, int32_t e) {
 }
 
 void LinkRedoxGroups(Database& chem) {
-    const TypeRange range = chem.equilibriumRange[EquilibriumType::Redox];
-    if (range.empty()) return;
     std::vector<int32_t> redox;
-    for (int32_t e = range.first; e <= range.last; ++e)
-        if (chem.equilibria[static_cast<size_t>(e)].type == EquilibriumType::Redox) redox.push_back(e);
+    for (const int32_t e : EquilibriaOfType(chem, EquilibriumType::Redox)) redox.push_back(e);
     std::vector<bool> visited(redox.size(), false);
     for (size_t a = 0; a < redox.size(); ++a) {
         if (visited[a]) continue;

@@ -40,11 +40,8 @@ void CheckHydrogen(const InputProblem& input, const Database& db, const Language
 std::vector<bool> CheckGasFixedLigands(const InputProblem& input, const Database& db, const Language& lang,
                                        std::string& warnings) {
     std::vector<bool> fixedByGas(db.components.size(), false);
-    // the gases lie within their type's range of the equilibria
-    const TypeRange gases = db.equilibriumRange[EquilibriumType::Gas];
-    for (int32_t e = gases.first; !gases.empty() && e <= gases.last && e < db.EquilibriumCount(); ++e) {
+    for (const int32_t e : EquilibriaOfType(db, EquilibriumType::Gas)) {
         const Equilibrium& eq = db.equilibria[static_cast<size_t>(e)];
-        if (eq.type != EquilibriumType::Gas) continue;
         const Component* gas = ComponentAt(db, eq.linkedComponent);
         if (!gas || !(input.components[static_cast<size_t>(eq.linkedComponent)].inputValue > 0)) continue;
         for (int32_t k = 0; k < db.ComponentCount(); ++k) {
