@@ -14,8 +14,11 @@ void InfoBlock::HoldRows(size_t rows) {
         rowKeys.reserve(std::max(rows, kUsualRows));
         cells.reserve(std::max(rows, kUsualRows) * kInfoColumns);
     }
-    rowKeys.resize(rows, 0);
-    cells.resize(rows * kInfoColumns);
+    // the usual new row is the next one: appended rather than filled in
+    while (rowKeys.size() < rows) {
+        rowKeys.push_back(0);
+        for (int32_t c = 0; c < kInfoColumns; ++c) cells.emplace_back();
+    }
 }
 
 const InfoCell* InfoBlock::FindCell(int32_t column, int32_t row) const {
