@@ -141,6 +141,8 @@ struct IniFile::Cache {
     std::shared_mutex mutex;
     bool loaded = false;
     std::unordered_map<std::string, std::string, Hash, std::equal_to<>> values;
+    // the tables made from `values`, by their key lists
+    std::vector<std::pair<const KeyList*, std::shared_ptr<const Table>>> tables;
 
     static std::string Join(std::string_view foldedSection, std::string_view foldedKey) {
         std::string joined;
@@ -151,6 +153,7 @@ struct IniFile::Cache {
 
     void Load(const std::string& path) {
         values.clear();
+        tables.clear();
         loaded = true;
         if (path.empty()) return;
         std::optional<std::vector<std::string>> lines = LoadLines(path);
@@ -169,6 +172,14 @@ struct IniFile::Cache {
         std::unique_lock<std::shared_mutex> lock(mutex);
         loaded = false;
         values.clear();
+        tables.clear();
+    }
+
+    // The table of `list`, or nullptr when none was made since the file was read.
+    std::shared_ptr<const Table> FindTable(const KeyList& list) const {
+        for (const auto& [made, table] : tables)
+            if (made == &list) return table;
+        return nullptr;
     }
 
     // The value of the joined folded names, or nullptr.
@@ -275,6 +286,25 @@ std::string IniFile::ReadString(std::string_view section, std::string_view key,
     if (!cache_->loaded) cache_->Load(path_);
     const std::string* value = cache_->Find(lookup.View());
     return CutToUtf16Units(value ? std::string_view(*value) : def, maxChars);
+}
+
+std::shared_ptr<const IniFile::Table> IniFile::ReadTable(const KeyList& list) const {
+    {
+        std::shared_lock<std::shared_mutex> lock(cache_->mutex);
+        if (cache_->loaded)
+            if (std::shared_ptr<const Table> table = cache_->FindTable(list)) return table;
+    }
+    std::unique_lock<std::shared_mutex> lock(cache_->mutex);
+    if (!cache_->loaded) cache_->Load(path_);
+    if (std::shared_ptr<const Table> table = cache_->FindTable(list)) return table;
+    auto table = std::make_shared<Table>();
+    table->reserve(list.keys.size());
+    for (const std::string_view key : list.keys) {
+        const std::string* value = cache_->Find(LookupKey(list.section, key).View());
+        table->push_back(CutToUtf16Units(value ? std::string_view(*value) : std::string_view(), list.maxChars));
+    }
+    cache_->tables.emplace_back(&list, table);
+    return table;
 }
 
 bool IniFile::Rewrite(const std::function<bool(std::vector<std::string>&)>& edit) {

@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -35,6 +36,22 @@ public:
     // the file, the section or the key is missing.
     std::string ReadString(std::string_view section, std::string_view key, std::string_view def,
                            size_t maxChars = 8192) const;
+    // A fixed list of keys of one section whose values are read together.
+    // The list is a constant of the program: a table is known by the list's
+    // address.
+    struct KeyList {
+        std::string_view section;
+        std::span<const std::string_view> keys;
+        size_t maxChars = 8192;
+    };
+    using Table = std::vector<std::string>;
+    // The values of `list`'s keys in their order, each as ReadString with
+    // an empty default answers it. The table is made at the first call after
+    // the file was read and shared by every caller until the file is read
+    // again (a write, or ReadAgain), so a table never outlives what it shows
+    // and costs one lookup per list rather than one per key.
+    std::shared_ptr<const Table> ReadTable(const KeyList& list) const;
+
     // Writes (or adds) one key; false when the file cannot be written.
     bool WriteString(std::string_view section, std::string_view key, std::string_view value);
     bool DeleteKey(std::string_view section, std::string_view key);

@@ -14,6 +14,10 @@ std::string LanguageTextOr(const Language& language, std::string_view section, s
     return language.File().ReadString(section, key, def, kLanguageTextLimit);
 }
 
+std::shared_ptr<const IniFile::Table> LanguageTexts(const Language& language, const IniFile::KeyList& list) {
+    return language.File().ReadTable(list);
+}
+
 int LanguageTextLength(const Language& language, std::string_view section, std::string_view key) {
     return static_cast<int>(Utf16Length(LanguageText(language, section, key)));
 }

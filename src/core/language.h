@@ -3,6 +3,7 @@
 // text the user sees is found by section and key, both compared without
 // regard to letter case. Line 1 of a language file is its display name and
 // stands before the first section, so lookups never see it.
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -38,6 +39,11 @@ std::string LanguageText(const Language& language, std::string_view section, std
 // missing.
 std::string LanguageTextOr(const Language& language, std::string_view section, std::string_view key,
                            std::string_view def);
+
+// The texts of a fixed list of keys, each as LanguageText answers it, looked
+// up together and kept until the file is read again (see IniFile::ReadTable;
+// `list` cuts its texts to kLanguageTextLimit).
+std::shared_ptr<const IniFile::Table> LanguageTexts(const Language& language, const IniFile::KeyList& list);
 
 // The length of the text in UTF-16 code units (the unit the file counts in).
 int LanguageTextLength(const Language& language, std::string_view section, std::string_view key);

@@ -7,8 +7,8 @@ namespace tormel {
 void BuildOtherInfo(ResultStore& store, int32_t set, const ResultContext& context, const Database* database) {
     if (set < 0 || set >= store.SetCount()) return;
     ResultSet& target = store.sets[set];
-    const OtherInfoSource source{
-        target, ViewSet(store, set), context.language, context.options, context.separator, database};
+    const std::shared_ptr<const IniFile::Table> texts = OtherInfoTexts(context.language);
+    const OtherInfoSource source{target, ViewSet(store, set), *texts, context.options, context.separator, database};
     InfoBlocks& blocks = target.otherInfo;
     BuildGeneralBlock(source, blocks[InfoGeneral]);
     BuildMsaBlock(source, blocks[InfoMsa]);

@@ -3,24 +3,22 @@
 #include <algorithm>
 
 #include "core/c_number.h"
-#include "core/chemical_types.h"
 
 namespace tormel {
 
-InfoCell& InfoBlock::Cell(int32_t column, int32_t row) {
-    const size_t rows = static_cast<size_t>(row) + 1;
-    if (rowKeys.size() < rows) {
-        // a block that is there has some dozen rows: room for them with the
-        // first, rather than the grid moving at each doubling
-        constexpr size_t kUsualRows = 24;
-        if (rowKeys.capacity() == 0) {
-            rowKeys.reserve(std::max(rows, kUsualRows));
-            cells.reserve(std::max(rows, kUsualRows) * kInfoColumns);
-        }
-        rowKeys.resize(rows, 0);
-        cells.resize(rows * kInfoColumns);
+void InfoBlock::HoldRows(size_t rows) {
+    // a block that is there has some dozen rows: room for them with the
+    // first, rather than the grid moving at each doubling
+    constexpr size_t kUsualRows = 24;
+    if (rowKeys.capacity() == 0) {
+        rowKeys.reserve(std::max(rows, kUsualRows));
+        cells.reserve(std::max(rows, kUsualRows) * kInfoColumns);
     }
-    return cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
+    // the usual new row is the next one: appended rather than filled in
+    while (rowKeys.size() < rows) {
+        rowKeys.push_back(0);
+        for (int32_t c = 0; c < kInfoColumns; ++c) cells.emplace_back();
+    }
 }
 
 const InfoCell* InfoBlock::FindCell(int32_t column, int32_t row) const {

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "core/chemical_types.h"
 #include "output/number_text.h"
 #include "output/output_options.h"
 
@@ -41,13 +42,20 @@ struct InfoBlock {
     DecimalSeparator separator;
 
     // The cell at (column, row), growing the grid when the row is new.
-    InfoCell& Cell(int32_t column, int32_t row);
+    InfoCell& Cell(int32_t column, int32_t row) {
+        if (static_cast<size_t>(row) >= rowKeys.size()) HoldRows(static_cast<size_t>(row) + 1);
+        return cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
+    }
     // The cell at (column, row), or nullptr when the grid has no such cell.
     const InfoCell* FindCell(int32_t column, int32_t row) const;
     // The text `cell` shows.
     std::string Shown(const InfoCell& cell) const;
     // The text the cell at (column, row) shows; empty when there is no cell.
     std::string ShownAt(int32_t column, int32_t row) const;
+
+private:
+    // Grows the grid to `rows` rows of empty cells with key 0.
+    void HoldRows(size_t rows);
 };
 
 using InfoBlocks = std::array<InfoBlock, kInfoBlockCount>;

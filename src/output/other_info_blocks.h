@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "core/chemical_system.h"
-#include "core/language.h"
 #include "output/number_text.h"
+#include "output/other_info_texts.h"
 #include "output/output_options.h"
 #include "output/result_store.h"
 
@@ -29,7 +29,7 @@ enum InfoBlockIndex : int32_t {
 struct OtherInfoSource {
     const ResultSet& set;
     SetView view;
-    const Language& language;
+    const IniFile::Table& texts;  // OtherInfoTexts of the language
     const OutputOptions& options;
     const DecimalSeparator& separator;
     // The database the set was calculated with, for the names of the
@@ -38,7 +38,7 @@ struct OtherInfoSource {
 
     const InputProblem& Input() const { return set.snapshot.input; }
     // The text of `key` of section "OtherInfo".
-    std::string Text(std::string_view key) const { return LanguageText(language, "OtherInfo", key); }
+    const std::string& Text(OtherInfoKey key) const { return texts[key.Index()]; }
 };
 
 void BuildGeneralBlock(const OtherInfoSource& source, InfoBlock& block);

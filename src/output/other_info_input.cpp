@@ -27,36 +27,23 @@ void DropLastCharacter(std::string& text) {
     }
 }
 
-// The texts of the kinds of input, looked up once per block rather than per
-// component.
-class InputTypeTexts {
-public:
-    explicit InputTypeTexts(const OtherInfoSource& source)
-        : total_(source.Text("InpTypeTotalConc")),
-          free_(source.Text("InpTypeFreeConc")),
-          activity_(source.Text("InpTypeFreeAct")),
-          pressure_(source.Text("InpTypeGasPres")) {}
-
-    const std::string& Of(InputType inputType) const {
-        static const std::string none;
-        switch (inputType) {
-            case InputType::NotSpecified:
-            case InputType::TotalConc:
-                return total_;
-            case InputType::FreeConc:
-                return free_;
-            case InputType::FreeAct:
-                return activity_;
-            case InputType::GasPres:
-                return pressure_;
-            default:
-                return none;
-        }
+// The text of a kind of input.
+const std::string& InputTypeText(const OtherInfoSource& source, InputType inputType) {
+    static const std::string none;
+    switch (inputType) {
+        case InputType::NotSpecified:
+        case InputType::TotalConc:
+            return source.Text("InpTypeTotalConc");
+        case InputType::FreeConc:
+            return source.Text("InpTypeFreeConc");
+        case InputType::FreeAct:
+            return source.Text("InpTypeFreeAct");
+        case InputType::GasPres:
+            return source.Text("InpTypeGasPres");
+        default:
+            return none;
     }
-
-private:
-    std::string total_, free_, activity_, pressure_;
-};
+}
 
 // The name of a database component, empty when it is not at hand.
 std::string DatabaseName(const OtherInfoSource& source, int32_t index) {
@@ -75,7 +62,7 @@ void FixedRows(const OtherInfoSource& source, InfoBlockWriter& w) {
     w.Text(1, description);
     w.NextRow();
     w.Text(0, source.Text("pH:"));
-    w.Text(1, source.Text(snapshot.protonBalance ? "VarCalc" : "InppHFix"));
+    w.Text(1, snapshot.protonBalance ? source.Text("VarCalc") : source.Text("InppHFix"));
     w.NextRow();
     w.Text(0, source.Text("I"));
     if (in.ionicStrengthFixed) {
@@ -97,7 +84,8 @@ void FixedRows(const OtherInfoSource& source, InfoBlockWriter& w) {
     w.Text(2, "\u00B0C");
     w.NextRow();
     w.Text(0, source.Text("InpTempCorr1"));
-    w.Text(1, source.Text("InpTempCorr" + std::to_string(std::clamp(in.temperatureCorrection, 0, 2) + 2)));
+    static constexpr OtherInfoKey kCorrections[] = {"InpTempCorr2", "InpTempCorr3", "InpTempCorr4"};
+    w.Text(1, source.Text(kCorrections[std::clamp(in.temperatureCorrection, 0, 2)]));
     w.NextRow();
     w.Text(0, source.Text("InpNeutr1"));
     if (in.forceNeutral)
@@ -112,7 +100,7 @@ void FixedRows(const OtherInfoSource& source, InfoBlockWriter& w) {
 void IncludedOptions(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlock& block) {
     const InputProblem& in = source.Input();
     w.MoveTo(kFirstOptionRow);
-    auto option = [&](const char* key) {
+    auto option = [&](OtherInfoKey key) {
         w.Text(1, source.Text(key));
         w.NextRow();
     };
@@ -121,8 +109,9 @@ void IncludedOptions(const OtherInfoSource& source, InfoBlockWriter& w, InfoBloc
     if (in.redox) option("EquilRed");
     if (in.organicComplexation) {
         option("OrgCompl");
-        const int32_t model = in.organicModel == Model5 ? 5 : in.organicModel == Model6 ? 6 : 7;
-        w.Text(1, source.Text("OrgModel" + std::to_string(model)) + " " + source.set.header.organicReference + ")");
+        static constexpr OtherInfoKey kModels[] = {"OrgModel5", "OrgModel6", "OrgModel7"};
+        const size_t model = in.organicModel == Model5 ? 0 : in.organicModel == Model6 ? 1 : 2;
+        w.Text(1, source.Text(kModels[model]) + " " + source.set.header.organicReference + ")");
         w.NextRow();
     }
     if (w.Row() == kFirstOptionRow) return;
@@ -164,7 +153,6 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
     }
 
     w.NextRow();
-    const InputTypeTexts typeTexts(source);
     for (size_t i = 0; i < infos.size(); ++i) {
         const ComponentInfo& info = infos[i];
         if (info.kind != ComponentType::Cation && info.kind != ComponentType::Ligand &&
@@ -176,7 +164,7 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
         w.Text(0, std::move(name));
         w.Scientific(1, ConvertAmount(info.inputValue, info.molarMass, units, order));
         w.Text(2, UnitLabel(false, info.inputType == InputType::GasPres, false, units, order));
-        if (info.inputType != InputType::RedoxMemberGiven) w.Text(3, typeTexts.Of(info.inputType));
+        if (info.inputType != InputType::RedoxMemberGiven) w.Text(3, InputTypeText(source, info.inputType));
         w.NextRow();
     }
 
@@ -184,7 +172,7 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
         w.Text(0, source.Text("DOC"));
         w.Scientific(1, in.docConcentration);
         w.Text(2, source.Text("DOCUnit"));
-        w.Text(3, typeTexts.Of(InputType::TotalConc));
+        w.Text(3, InputTypeText(source, InputType::TotalConc));
         w.NextRow();
         w.Text(0, source.Text("DOCFr"));
         w.Scientific(1, in.fulvicFraction);

@@ -24,7 +24,7 @@ void BuildMsaBlock(const OtherInfoSource& source, InfoBlock& block) {
     w.SkipRows(2);
     w.Text(0, source.Text("MSA2a"));
     w.NextRow();
-    static constexpr std::array<const char*, 6> kIonTitles = {"MSA2b", "MSA2c", "MSA2d", "MSA2e", "MSA2f", "MSA2g"};
+    static constexpr std::array<OtherInfoKey, 6> kIonTitles = {"MSA2b", "MSA2c", "MSA2d", "MSA2e", "MSA2f", "MSA2g"};
     for (int32_t c = 0; c < 6; ++c) w.Text(c, source.Text(kIonTitles[c]));
     for (const MsaIonResult& ion : source.view.msaIons) {
         w.NextRow();

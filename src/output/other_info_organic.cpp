@@ -115,9 +115,10 @@ void BuildOrganicBlock(const OtherInfoSource& source, InfoBlock& block) {
         if (!(source.set.snapshot.fractions[g].concentration > 0)) continue;
         if (g == 1 && fulvicShown) w.SkipRows(2);
         fulvicShown = true;
-        const std::string digit = std::to_string(g + 1);
-        const std::string shortName = source.Text("OrgShortName" + digit);
-        w.Text(0, source.Text("OrgLongName" + digit));
+        static constexpr OtherInfoKey kShortNames[] = {"OrgShortName1", "OrgShortName2"};
+        static constexpr OtherInfoKey kLongNames[] = {"OrgLongName1", "OrgLongName2"};
+        const std::string& shortName = source.Text(kShortNames[g]);
+        w.Text(0, source.Text(kLongNames[g]));
         for (int32_t site = 0; site < siteTypes; ++site) {
             const double a = free[g][site], b = bound[g][site], sites = a + b;
             w.NextRow();

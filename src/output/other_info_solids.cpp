@@ -17,16 +17,6 @@ constexpr int64_t kSolidPresentKey = 3;
 // Saturation indexes within this distance of 0 count as equilibrium.
 constexpr double kSaturationBand = 0.0005;
 
-// The texts of a solid's state, looked up once per block rather than per row.
-struct SolidTexts {
-    std::string absent, inEquilibrium, underSaturated, overSaturated;
-    explicit SolidTexts(const OtherInfoSource& source)
-        : absent(source.Text("SolidComponentAbsent")),
-          inEquilibrium(source.Text("SolidInEq")),
-          underSaturated(source.Text("SolidUnderSat")),
-          overSaturated(source.Text("SolidOverSat")) {}
-};
-
 // The last cells of a solid's row, from `column` on: log K, conditional
 // log K and literature. The row key grows by ten times the solid's reaction
 // definition.
@@ -40,9 +30,9 @@ void ConstantCells(InfoBlockWriter& w, int32_t column, double logK, double condi
 
 // A saturation index or value; minus infinity (a component of the solid is
 // absent) as a text that says so.
-void SaturationCell(const SolidTexts& texts, InfoBlockWriter& w, int32_t column, double value) {
+void SaturationCell(const OtherInfoSource& source, InfoBlockWriter& w, int32_t column, double value) {
     if (std::isinf(value) && value < 0)
-        w.Text(column, texts.absent);
+        w.Text(column, source.Text("SolidComponentAbsent"));
     else
         w.Logarithm(column, value);
 }
@@ -52,7 +42,6 @@ void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoB
     const ResultHeader& header = source.set.header;
     const auto& species = source.view.species;
     const int32_t units = source.options.units.units, order = source.options.units.order;
-    const SolidTexts texts(source);
     bool anyRow = false;
     for (int32_t s = std::max(0, header.firstPrecipitatedSolid); s <= header.lastPrecipitatedSolid; ++s) {
         if (static_cast<size_t>(s) >= species.size()) break;
@@ -62,12 +51,12 @@ void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoB
         w.Text(0, solid.name);
         w.Scientific(1, ConvertAmount(solid.concentration, 1, units, order));
         w.Text(2, UnitLabel(true, false, false, units, order));
-        SaturationCell(texts, w, 3, solid.saturationValue);
+        SaturationCell(source, w, 3, solid.saturationValue);
         if (solid.concentration != 0) {
-            w.Text(4, texts.inEquilibrium);
+            w.Text(4, source.Text("SolidInEq"));
             w.SetKey(kSolidPresentKey);
         } else {
-            w.Text(4, texts.underSaturated);
+            w.Text(4, source.Text("SolidUnderSat"));
         }
         ConstantCells(w, 5, solid.intrinsicLogK, solid.conditionalLogK, solid.literature, solid.reactionDefinition);
     }
@@ -83,20 +72,19 @@ void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoB
 
 void SolidSaturations(const OtherInfoSource& source, InfoBlockWriter& w, InfoBlock& block) {
     block.columnCount = 6;
-    const SolidTexts texts(source);
     bool anyRow = false;
     for (const SolidSaturation& solid : source.view.solidChecks) {
         if (anyRow) w.NextRow();
         anyRow = true;
         w.Text(0, solid.name);
-        SaturationCell(texts, w, 1, solid.saturationIndex);
+        SaturationCell(source, w, 1, solid.saturationIndex);
         if (solid.saturationIndex >= kSaturationBand) {
-            w.Text(2, texts.overSaturated);
+            w.Text(2, source.Text("SolidOverSat"));
             w.SetKey(kSolidPresentKey);
         } else if (solid.saturationIndex < -kSaturationBand) {
-            w.Text(2, texts.underSaturated);
+            w.Text(2, source.Text("SolidUnderSat"));
         } else {
-            w.Text(2, texts.inEquilibrium);
+            w.Text(2, source.Text("SolidInEq"));
         }
         ConstantCells(w, 3, solid.logK, solid.conditionalLogK, solid.literature, solid.reactionDefinition);
     }

@@ -6,7 +6,14 @@ namespace tormel {
 
 InfoBlockWriter::InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator)
     : block_(block) {
-    block_ = InfoBlock{};
+    // field by field: the grid keeps its room for the rows to come
+    block_.title.clear();
+    block_.longText.clear();
+    block_.gridHeader.clear();
+    block_.columnCount = 0;
+    block_.rowCount = 0;
+    block_.cells.clear();
+    block_.rowKeys.clear();
     block_.formats = formats;
     block_.separator = separator;
 }

@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
 #include <functional>
 #include <limits>
 
 #include "calc/reference_case.h"
+#include "input/test_language.h"
 #include "core/c_number.h"
 #include "output/build_other_info.h"
 #include "output/other_info_blocks.h"
@@ -264,6 +266,27 @@ TEST(OtherInfo, HandBuiltBlocksMatchTheirGoldenDumps) {
         for (const int32_t b : c.blocks) dump += "== block " + std::to_string(b) + "\n" + Dump(blocks[b]);
         ExpectMatchesGolden(dump, std::string("other_info/") + c.name + ".txt");
     }
+}
+
+// The report's texts are kept between builds, but a language file read again
+// (a new language installed) or written is seen by the very next build.
+TEST(OtherInfo, NextBuildShowsTheLanguageFileAsReadAgainOrWritten) {
+    const TempFolder folder;
+    const std::string path = folder.File("LANG.INI");
+    std::filesystem::copy_file(EnglishLanguageFile(), path);
+    HandSet h;
+    h.language = Language(path);
+    EXPECT_EQ(h.Build()[InfoGeneral].title, "General");
+
+    std::filesystem::copy_file(DeliveredLanguagePath("deutsch.lang"), path,
+                               std::filesystem::copy_options::overwrite_existing);
+    IniFile::ReadAgain(path);
+    const std::string german = LanguageText(German(), "OtherInfo", "General");
+    ASSERT_NE(german, "General");
+    EXPECT_EQ(h.Build()[InfoGeneral].title, german);
+
+    ASSERT_TRUE(IniFile(path).WriteString("OtherInfo", "General", "Written"));
+    EXPECT_EQ(h.Build()[InfoGeneral].title, "Written");
 }
 
 TEST(OtherInfo, RebuiltFromAnOutputFileAsItWasBuiltFromTheCalculation) {
