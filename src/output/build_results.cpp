@@ -196,8 +196,10 @@ void AddMsaRecords(CalcContext& calc, SetRecords& records, MsaSummary& summary) 
     summary.omega = st.msaOmega;
 }
 
-InputSnapshot MakeSnapshot(const CalcContext& calc) {
+// `storage`: an earlier input copy whose storage the snapshot's copy reuses.
+InputSnapshot MakeSnapshot(const CalcContext& calc, InputProblem&& storage) {
     InputSnapshot snapshot;
+    snapshot.input = std::move(storage);
     snapshot.input = calc.input;
     snapshot.protonBalance = calc.state.protonBalanceMode;
     snapshot.ionicStrength = calc.state.ionicStrength;
@@ -220,10 +222,12 @@ InputSnapshot MakeSnapshot(const CalcContext& calc) {
 void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context) {
     ChemicalSystem& chem = calc.chem;
     const SolverState& st = calc.state;
-    ResetResultStore(store, 0);
+    // the previous set's record arrays and input copy lend their storage to the new set
+    InputProblem previousInput = store.sets.empty() ? InputProblem{} : std::move(store.sets[0].snapshot.input);
+    SetRecords records;
+    ResetResultStore(store, records);
     ResultSet& set = store.sets[0];
     ResultHeader& header = set.header;
-    SetRecords records;
 
     const int32_t componentCount = static_cast<int32_t>(chem.systemComponents.size());
     records.components.reserve(static_cast<size_t>(componentCount));
@@ -272,7 +276,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
         records.componentInfos.push_back(ComponentInfo{sc.name, sc.type, sc.givenValue, sc.molarMass, sc.balanceKind});
 
     if (calc.input.ionicStrengthModel != kDaviesModel) AddMsaRecords(calc, records, set.msa);
-    set.snapshot = MakeSnapshot(calc);
+    set.snapshot = MakeSnapshot(calc, std::move(previousInput));
 
     StoreSetRecords(store, 0, std::move(records));
 
