@@ -1,6 +1,7 @@
 #include "output/build_results.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -66,17 +67,33 @@ void FillGasNames(const CalcContext& calc, int32_t c, ComponentResult& result) {
     }
 }
 
-ComponentResult MakeComponentResult(const CalcContext& calc, int32_t c) {
+// Empties a component record of an earlier set as a new record would be,
+// keeping the storage of its texts.
+void Renew(ComponentResult& record) {
+    ComponentResult fresh;
+    for (auto text : {&ComponentResult::name, &ComponentResult::displayName, &ComponentResult::gasText,
+                      &ComponentResult::speciesList}) {
+        (fresh.*text).swap(record.*text);
+        (fresh.*text).clear();
+    }
+    record = std::move(fresh);
+}
+
+// `result`: a record of an earlier set (or a new one), filled in place.
+void FillComponentResult(const CalcContext& calc, int32_t c, ComponentResult& result) {
     const ChemicalSystem& chem = calc.chem;
     const SystemComponent& sc = chem.systemComponents[c];
-    ComponentResult result;
-    if (!Reported(sc.type)) return result;
+    Renew(result);
+    if (!Reported(sc.type)) return;
     result.kind = sc.type;
     result.name = sc.name;
     if (sc.type == ComponentType::Gas) {
         FillGasNames(calc, c, result);
     } else {
-        result.displayName = calc.input.redox ? RedoxGroupName(chem, sc.name, sc.componentIndex) : sc.name;
+        if (calc.input.redox)
+            result.displayName = RedoxGroupName(chem, sc.name, sc.componentIndex);
+        else
+            result.displayName = sc.name;
     }
     result.amounts[AmountDissolved] = sc.bulkDissolved;
     result.amounts[AmountAdsorbed] = sc.bulkAdsorbed;
@@ -91,10 +108,32 @@ ComponentResult MakeComponentResult(const CalcContext& calc, int32_t c) {
     result.molarMass = sc.molarMass;
     result.percentagesAllowed =
         c != 0 || (calc.state.protonBalanceMode && sc.balanceTotal != calc.state.hydroxideReference);
-    return result;
 }
 
-SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
+// 10^(z^2 log gamma1), the activity coefficient of charge z, formed once per
+// charge of up to kCached units.
+class ActivityCoefficients {
+public:
+    explicit ActivityCoefficients(double logGamma1) : logGamma1_(logGamma1) {}
+
+    double Of(int32_t charge) {
+        const int32_t z = charge < 0 ? -charge : charge;
+        if (z >= kCached) return std::pow(10.0, charge * charge * logGamma1_);
+        if (!formed_[z]) {
+            coefficient_[z] = std::pow(10.0, charge * charge * logGamma1_);
+            formed_[z] = true;
+        }
+        return coefficient_[z];
+    }
+
+private:
+    static constexpr int32_t kCached = 8;
+    double logGamma1_;
+    std::array<double, kCached> coefficient_{};
+    std::array<bool, kCached> formed_{};
+};
+
+SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients& coefficients) {
     const ChemicalSystem& chem = calc.chem;
     const Species& sp = chem.species[s];
     SpeciesResult result;
@@ -106,7 +145,7 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
     result.concentration = sp.concentration;
     result.hasActivity = IsDissolvedKind(sp.kind);
     if (result.hasActivity)
-        result.activity = sp.concentration * std::pow(10.0, sp.charge * sp.charge * calc.state.logGamma1);
+        result.activity = sp.concentration * coefficients.Of(sp.charge);
     if (result.hasConstants) {
         result.intrinsicLogK = sp.logKDatabase;
         if (sp.kind <= SpeciesKind::RedoxPartner) {
@@ -222,26 +261,30 @@ InputSnapshot MakeSnapshot(const CalcContext& calc, InputProblem&& storage) {
 void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context) {
     ChemicalSystem& chem = calc.chem;
     const SolverState& st = calc.state;
-    // the previous set's record arrays and input copy lend their storage to the new set
+    // the previous set's record arrays and input copy lend their storage to
+    // the new set; its component records are overwritten in place
     InputProblem previousInput = store.sets.empty() ? InputProblem{} : std::move(store.sets[0].snapshot.input);
+    std::vector<ComponentResult> previousComponents = std::move(store.records.components);
     SetRecords records;
     ResetResultStore(store, records);
     ResultSet& set = store.sets[0];
     ResultHeader& header = set.header;
 
     const int32_t componentCount = static_cast<int32_t>(chem.systemComponents.size());
-    records.components.reserve(static_cast<size_t>(componentCount));
+    records.components = std::move(previousComponents);
+    records.components.resize(static_cast<size_t>(componentCount));
     records.componentInfos.reserve(static_cast<size_t>(componentCount));
     for (int32_t c = 0; c < componentCount; ++c) {
-        records.components.push_back(MakeComponentResult(calc, c));
-        if (records.components.back().Reported()) ++header.reportedComponentCount;
+        FillComponentResult(calc, c, records.components[c]);
+        if (records.components[c].Reported()) ++header.reportedComponentCount;
     }
 
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
     records.species.reserve(static_cast<size_t>(speciesCount));
     bool organicSeen = false;
+    ActivityCoefficients coefficients(st.logGamma1);
     for (int32_t s = 0; s < speciesCount; ++s) {
-        records.species.push_back(MakeSpeciesResult(calc, s));
+        records.species.push_back(MakeSpeciesResult(calc, s, coefficients));
         if (!organicSeen && !IsInorganic(chem.species[s].kind)) {
             organicSeen = true;
             header.firstOrganicSpecies = s;

@@ -62,6 +62,30 @@ void FillDefinition(const ChemicalSystem& chem, int32_t e, std::span<const Equil
     definition.literature = LiteratureText(chem, eq.literatureRef);
 }
 
+// pow(free value of component k, nu) for the terms of the solids, each
+// component and coefficient formed once: the solids share their components.
+class TermPowers {
+public:
+    explicit TermPowers(const ChemicalSystem& chem) : chem_(chem) {}
+
+    double Of(int32_t k, int32_t nu) {
+        for (const Power& p : powers_)
+            if (p.component == k && p.coefficient == nu) return p.value;
+        const double value = std::pow(FreeValue(chem_, k, 0), nu);
+        powers_.push_back({k, nu, value});
+        return value;
+    }
+
+private:
+    struct Power {
+        int32_t component;
+        int32_t coefficient;
+        double value;
+    };
+    const ChemicalSystem& chem_;
+    std::vector<Power> powers_;
+};
+
 // Files a solid check or gas result: the record takes the two log K values,
 // the literature of the equilibrium and the index of the reaction definition
 // that joins the set's reactions here (filled in place by `fill`).
@@ -105,13 +129,14 @@ void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, co
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
     records.reactions.reserve(records.reactions.size() + solids.size());
     records.solidChecks.reserve(records.solidChecks.size() + solids.size());
+    TermPowers powers(chem);
     for (const int32_t e : solids) {
         const Equilibrium& eq = chem.db().equilibria[e];
         // the solid's components: its first componentCount terms
         const std::span<const EquilibriumTerm> terms =
             index.Terms(e).first(std::min<size_t>(index.Terms(e).size(), std::max(0, eq.componentCount)));
         double product = 1;
-        for (const auto [k, nu] : terms) product *= std::pow(FreeValue(chem, k, 0), nu);
+        for (const auto [k, nu] : terms) product *= powers.Of(k, nu);
         const double conditional = ConditionalLogK(calc, eq);
 
         SolidSaturation& solid = AddWithDefinition(eq.logK, conditional, records.solidChecks, records,
