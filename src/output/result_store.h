@@ -85,7 +85,7 @@ void ForEachRecordArray(A& a, B& b, F&& f) {
     f(KindMsaIon, a.msaIons, b.msaIons);
 }
 
-// s = 0: frees every set and leaves one empty set. s > 0: grows the per-set
+// s = 0: empties the store, leaving one empty set. s > 0: grows the per-set
 // parts to s + 1 sets, clearing set s and leaving sets 0 .. s-1 untouched.
 // Either way the set count becomes s + 1.
 void ResetResultStore(ResultStore& store, int32_t s);

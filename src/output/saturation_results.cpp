@@ -1,6 +1,7 @@
 #include "output/saturation_results.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <span>
@@ -62,28 +63,31 @@ void FillDefinition(const ChemicalSystem& chem, int32_t e, std::span<const Equil
     definition.literature = LiteratureText(chem, eq.literatureRef);
 }
 
-// pow(free value of component k, nu) for the terms of the solids, each
-// component and coefficient formed once: the solids share their components.
+// pow(free value of component k, nu) for the terms of the solids, each of
+// the first kKept pairs of component and coefficient formed once: the solids
+// share their components.
 class TermPowers {
 public:
     explicit TermPowers(const ChemicalSystem& chem) : chem_(chem) {}
 
     double Of(int32_t k, int32_t nu) {
-        for (const Power& p : powers_)
-            if (p.component == k && p.coefficient == nu) return p.value;
+        for (size_t i = 0; i < count_; ++i)
+            if (powers_[i].component == k && powers_[i].coefficient == nu) return powers_[i].value;
         const double value = std::pow(FreeValue(chem_, k, 0), nu);
-        powers_.push_back({k, nu, value});
+        if (count_ < kKept) powers_[count_++] = {k, nu, value};
         return value;
     }
 
 private:
     struct Power {
-        int32_t component;
-        int32_t coefficient;
-        double value;
+        int32_t component = 0;
+        int32_t coefficient = 0;
+        double value = 0;
     };
+    static constexpr size_t kKept = 32;
     const ChemicalSystem& chem_;
-    std::vector<Power> powers_;
+    std::array<Power, kKept> powers_{};
+    size_t count_ = 0;
 };
 
 // Files a solid check or gas result: the record takes the two log K values,
