@@ -67,15 +67,13 @@ void FillGasNames(const CalcContext& calc, int32_t c, ComponentResult& result) {
     }
 }
 
-// Empties a component record of an earlier set as a new record would be,
-// keeping the storage of its texts.
-void Renew(ComponentResult& record) {
-    ComponentResult fresh;
-    for (auto text : {&ComponentResult::name, &ComponentResult::displayName, &ComponentResult::gasText,
-                      &ComponentResult::speciesList}) {
-        (fresh.*text).swap(record.*text);
-        (fresh.*text).clear();
-    }
+// Empties a record of an earlier set as a new record would be, keeping the
+// storage of its texts (the members `texts`).
+template <class Record, class... Texts>
+void Renew(Record& record, Texts... texts) {
+    Record fresh;
+    ((fresh.*texts).swap(record.*texts), ...);
+    ((fresh.*texts).clear(), ...);
     record = std::move(fresh);
 }
 
@@ -83,7 +81,8 @@ void Renew(ComponentResult& record) {
 void FillComponentResult(const CalcContext& calc, int32_t c, ComponentResult& result) {
     const ChemicalSystem& chem = calc.chem;
     const SystemComponent& sc = chem.systemComponents[c];
-    Renew(result);
+    Renew(result, &ComponentResult::name, &ComponentResult::displayName, &ComponentResult::gasText,
+          &ComponentResult::speciesList);
     if (!Reported(sc.type)) return;
     result.kind = sc.type;
     result.name = sc.name;
@@ -133,14 +132,17 @@ private:
     std::array<bool, kCached> formed_{};
 };
 
-SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients& coefficients) {
+// `result`: a record of an earlier set (or a new one), filled in place.
+void FillSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients& coefficients,
+                       SpeciesResult& result) {
     const ChemicalSystem& chem = calc.chem;
     const Species& sp = chem.species[s];
-    SpeciesResult result;
+    Renew(result, &SpeciesResult::name);
     result.kind = sp.kind;
     result.hasConstants = sp.kind >= SpeciesKind::FreeHydroxide && sp.kind <= SpeciesKind::SolidSpecies;
     result.category = Category(sp.kind);
-    result.name = IsDissolvedKind(sp.kind) ? sp.name + ChargeSuffix(sp.charge) : sp.name;
+    result.name = sp.name;
+    if (IsDissolvedKind(sp.kind)) result.name += ChargeSuffix(sp.charge);
     result.charge = IsDissolvedKind(sp.kind) || sp.kind == SpeciesKind::AdsorbedSpecies ? sp.charge : 0;
     result.concentration = sp.concentration;
     result.hasActivity = IsDissolvedKind(sp.kind);
@@ -168,7 +170,6 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoef
         }
         result.saturationValue = value;
     }
-    return result;
 }
 
 // One definition per reaction row; the species that own the rows, in
@@ -262,9 +263,10 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     ChemicalSystem& chem = calc.chem;
     const SolverState& st = calc.state;
     // the previous set's record arrays and input copy lend their storage to
-    // the new set; its component records are overwritten in place
+    // the new set; its component and species records are overwritten in place
     InputProblem previousInput = store.sets.empty() ? InputProblem{} : std::move(store.sets[0].snapshot.input);
     std::vector<ComponentResult> previousComponents = std::move(store.records.components);
+    std::vector<SpeciesResult> previousSpecies = std::move(store.records.species);
     SetRecords records;
     ResetResultStore(store, records);
     ResultSet& set = store.sets[0];
@@ -280,11 +282,12 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     }
 
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    records.species.reserve(static_cast<size_t>(speciesCount));
+    records.species = std::move(previousSpecies);
+    records.species.resize(static_cast<size_t>(speciesCount));
     bool organicSeen = false;
     ActivityCoefficients coefficients(st.logGamma1);
     for (int32_t s = 0; s < speciesCount; ++s) {
-        records.species.push_back(MakeSpeciesResult(calc, s, coefficients));
+        FillSpeciesResult(calc, s, coefficients, records.species[s]);
         if (!organicSeen && !IsInorganic(chem.species[s].kind)) {
             organicSeen = true;
             header.firstOrganicSpecies = s;
