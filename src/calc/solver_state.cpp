@@ -50,6 +50,7 @@ void Recycle(SpeciesTables& from, SpeciesTables& to) {
     Recycle(from.newtonDistinct, to.newtonDistinct);
     Recycle(from.newtonComponents, to.newtonComponents);
     Recycle(from.jacobianEntries, to.jacobianEntries);
+    Recycle(from.componentHeld, to.componentHeld);
 }
 
 }  // namespace
