@@ -138,7 +138,7 @@ void Calculation(benchmark::State& state) {
     for (auto _ : state)
         for (const InputProblem& problem : setUp.problems) {
             ws.input = problem;
-            ws.solver = SolverState{};
+            ResetSolverState(ws.solver);
             const CalculationOutcome out = CalculateInput(ws, false);
             if (!out.assembled || !out.solve.converged) ++failed;
             benchmark::DoNotOptimize(ws.results);

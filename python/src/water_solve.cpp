@@ -9,7 +9,7 @@ WaterOutcome SolveWater(Workspace& worker, MessageLog& log, std::span<const Wate
     WaterOutcome out;
     log.Clear();
     worker.input = InputProblem{};
-    worker.solver = SolverState{};
+    ResetSolverState(worker.solver);
     if (std::optional<InputFileError> error = ReadWaterFields(fields, worker.input, worker.chem.db())) {
         out.status = WaterStatus::InputRefused;
         out.message = WithoutLeadingLineFeeds(InputFileErrorText(worker.language, *error));

@@ -16,19 +16,18 @@ double InputChargeExcess(const ChemicalSystem& chem, const InputProblem& input) 
 
 namespace {
 
-std::vector<int32_t> ChargedSpecies(const ChemicalSystem& chem) {
-    std::vector<int32_t> charged;
+void ChargedSpecies(const ChemicalSystem& chem, std::vector<int32_t>& charged) {
+    charged.clear();
     for (size_t s = 0; s < chem.species.size(); ++s) {
         const Species& sp = chem.species[s];
         if ((IsDissolvedKind(sp.kind) || sp.kind == SpeciesKind::AdsorbedSpecies) && sp.charge != 0)
             charged.push_back(static_cast<int32_t>(s));
     }
-    return charged;
 }
 
 }  // namespace
 
-void BuildChargeTable(const ChemicalSystem& chem, SpeciesTables& tables) { tables.charged = ChargedSpecies(chem); }
+void BuildChargeTable(const ChemicalSystem& chem, SpeciesTables& tables) { ChargedSpecies(chem, tables.charged); }
 
 void SpeciesChargeSums(const ChemicalSystem& chem, const std::vector<int32_t>& charged, double& cationCharge,
                        double& anionCharge) {
@@ -43,7 +42,9 @@ void SpeciesChargeSums(const ChemicalSystem& chem, const std::vector<int32_t>& c
 }
 
 void SpeciesChargeSums(const ChemicalSystem& chem, double& cationCharge, double& anionCharge) {
-    SpeciesChargeSums(chem, ChargedSpecies(chem), cationCharge, anionCharge);
+    std::vector<int32_t> charged;
+    ChargedSpecies(chem, charged);
+    SpeciesChargeSums(chem, charged, cationCharge, anionCharge);
 }
 
 }  // namespace tormel

@@ -67,7 +67,8 @@ Ion Prepare(const ChemicalSystem& chem, int32_t component) {
 SolveResult SolveOnce(CalcContext& ctx) {
     ctx.state.inputChargeExcess = InputChargeExcess(ctx.chem, ctx.input);
     SolveResult result = SolveEquilibrium(ctx, true);
-    SpeciesChargeSums(ctx.chem, ctx.state.cationCharge, ctx.state.anionCharge);
+    SpeciesChargeSums(ctx.chem, TablesFor(ctx.chem, ctx.state.tables).charged, ctx.state.cationCharge,
+                      ctx.state.anionCharge);
     return result;
 }
 

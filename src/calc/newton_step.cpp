@@ -70,7 +70,6 @@ void BuildNewtonTables(const ChemicalSystem& chem, const NewtonSystem& ns, int32
     tables.newtonDistinct.clear();
     tables.newtonComponents.clear();
     tables.jacobianEntries.clear();
-    std::vector<char> used(chem.systemComponents.size(), 0);
     for (int32_t s = 0; s < end; ++s) {
         const Species& sp = chem.species[s];
         const size_t before = tables.jacobianEntries.size();
@@ -92,6 +91,8 @@ void BuildNewtonTables(const ChemicalSystem& chem, const NewtonSystem& ns, int32
         tables.newtonSpecies.Add(chem, s, [](const CompositionTerm& term) { return term.coefficient != 0; });
         tables.newtonDistinct.push_back(distinct ? 1 : 0);
     }
+    std::vector<char>& used = tables.componentHeld;
+    used.assign(chem.systemComponents.size(), 0);
     for (const CompositionTerm& term : tables.newtonSpecies.terms) used[term.systemComponent] = 1;
     for (size_t j = 0; j < used.size(); ++j)
         if (used[j]) tables.newtonComponents.push_back(static_cast<int32_t>(j));

@@ -42,7 +42,7 @@ void PostProcess(CalcContext& ctx) {
     // the sums of every unbalanced unknown (H+ among them) are then formed anew.
     if (!hydrogenIsTotal) ComputeProtonSums(ctx);
     if (ctx.input.ionicStrengthFixed) st.ionicStrengthFromComposition = IonicStrengthSum(chem);
-    SpeciesChargeSums(chem, st.cationCharge, st.anionCharge);
+    SpeciesChargeSums(chem, TablesFor(chem, st.tables).charged, st.cationCharge, st.anionCharge);
     FillUnbalancedSums(chem, st.bulkFraction);
     if (ctx.input.ionicStrengthModel == kMsaModel) BuildSaltTable(ctx);
     if (ctx.input.organicComplexation) OrganicClassSums(chem);

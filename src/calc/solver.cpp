@@ -75,7 +75,7 @@ void FirstSpeciesOfComponents(const ChemicalSystem& chem, SolverState& st) {
 }
 
 void BuildNewtonSystem(const ChemicalSystem& chem, NewtonSystem& ns) {
-    ns = NewtonSystem{};
+    ClearNewtonSystem(ns);
     ns.componentUnknown.assign(chem.systemComponents.size(), -999);
     for (size_t j = 0; j < chem.systemComponents.size(); ++j) {
         if (!IsMassBalance(chem.systemComponents[j])) continue;
@@ -179,7 +179,7 @@ void InitialiseSolve(CalcContext& ctx) {
     FreeFromActivity(ctx);
     FreeFromGivenMember(ctx);
     st.newtonCountdown = 0;
-    st.fallback = FallbackState{};
+    ClearFallback(st.fallback);
     st.abortRequested = false;
     // the organic donors and acceptors belong to this solve's organic matter only
     st.protonSums.donorOrganic = st.protonSums.acceptorOrganic = 0;

@@ -174,4 +174,13 @@ struct SolverState {
     int32_t solidBarPosition = 0;
 };
 
+// Each of these leaves its record as a default-constructed one would be,
+// but keeps the storage of its lists for the next solve, so that a worker
+// calculating one water after another does not allocate it again each time.
+void ClearNewtonSystem(NewtonSystem& ns);
+void ClearBestIterate(BestIterate& best);
+void ClearFallback(FallbackState& fallback);
+// The state of a workspace that has calculated nothing yet.
+void ResetSolverState(SolverState& st);
+
 }  // namespace tormel

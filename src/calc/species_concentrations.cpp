@@ -24,7 +24,8 @@ void BuildMassActionTable(const ChemicalSystem& chem, SpeciesTables& tables) {
     for (int32_t s = 0; s < speciesCount; ++s)
         if (ComputedHere(chem.species[s].kind))
             massAction.Add(chem, s, [](const CompositionTerm& term) { return term.coefficient != 0; });
-    std::vector<char> used(chem.systemComponents.size(), 0);
+    std::vector<char>& used = tables.componentHeld;
+    used.assign(chem.systemComponents.size(), 0);
     for (const CompositionTerm& term : massAction.terms) used[term.systemComponent] = 1;
     tables.massActionComponents.clear();
     for (size_t j = 0; j < used.size(); ++j)

@@ -80,6 +80,8 @@ struct SpeciesTables {
     std::vector<char> newtonDistinct;
     std::vector<int32_t> newtonComponents;
     std::vector<JacobianEntry> jacobianEntries;
+    // scratch of the builds: per system component, whether a table's terms hold it
+    std::vector<char> componentHeld;
 };
 
 // log10 of the free concentration of system component j, taken again only

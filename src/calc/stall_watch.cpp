@@ -70,7 +70,7 @@ int32_t IterationsWithoutProgress(const SolverState& st, BestIterate& best) {
 bool IterationStalled(CalcContext& ctx) {
     SolverState& st = ctx.state;
     BestIterate& best = st.fallback.best;
-    if (st.iterationCount == 1) best = BestIterate{};
+    if (st.iterationCount == 1) ClearBestIterate(best);
     if (!FreeConcentrationsValid(ctx.chem)) return true;
     const int32_t withoutProgress = IterationsWithoutProgress(st, best);
     if (st.worstRatio < best.worstRatio) TakeBest(ctx, best);

@@ -1,6 +1,7 @@
 #include "output/build_results.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -66,17 +67,32 @@ void FillGasNames(const CalcContext& calc, int32_t c, ComponentResult& result) {
     }
 }
 
-ComponentResult MakeComponentResult(const CalcContext& calc, int32_t c) {
+// Empties a record of an earlier set as a new record would be, keeping the
+// storage of its texts (the members `texts`).
+template <class Record, class... Texts>
+void Renew(Record& record, Texts... texts) {
+    Record fresh;
+    ((fresh.*texts).swap(record.*texts), ...);
+    ((fresh.*texts).clear(), ...);
+    record = std::move(fresh);
+}
+
+// `result`: a record of an earlier set (or a new one), filled in place.
+void FillComponentResult(const CalcContext& calc, int32_t c, ComponentResult& result) {
     const ChemicalSystem& chem = calc.chem;
     const SystemComponent& sc = chem.systemComponents[c];
-    ComponentResult result;
-    if (!Reported(sc.type)) return result;
+    Renew(result, &ComponentResult::name, &ComponentResult::displayName, &ComponentResult::gasText,
+          &ComponentResult::speciesList);
+    if (!Reported(sc.type)) return;
     result.kind = sc.type;
     result.name = sc.name;
     if (sc.type == ComponentType::Gas) {
         FillGasNames(calc, c, result);
     } else {
-        result.displayName = calc.input.redox ? RedoxGroupName(chem, sc.name, sc.componentIndex) : sc.name;
+        if (calc.input.redox)
+            result.displayName = RedoxGroupName(chem, sc.name, sc.componentIndex);
+        else
+            result.displayName = sc.name;
     }
     result.amounts[AmountDissolved] = sc.bulkDissolved;
     result.amounts[AmountAdsorbed] = sc.bulkAdsorbed;
@@ -91,22 +107,47 @@ ComponentResult MakeComponentResult(const CalcContext& calc, int32_t c) {
     result.molarMass = sc.molarMass;
     result.percentagesAllowed =
         c != 0 || (calc.state.protonBalanceMode && sc.balanceTotal != calc.state.hydroxideReference);
-    return result;
 }
 
-SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
+// 10^(z^2 log gamma1), the activity coefficient of charge z, formed once per
+// charge of up to kCached units.
+class ActivityCoefficients {
+public:
+    explicit ActivityCoefficients(double logGamma1) : logGamma1_(logGamma1) {}
+
+    double Of(int32_t charge) {
+        const int32_t z = charge < 0 ? -charge : charge;
+        if (z >= kCached) return std::pow(10.0, charge * charge * logGamma1_);
+        if (!formed_[z]) {
+            coefficient_[z] = std::pow(10.0, charge * charge * logGamma1_);
+            formed_[z] = true;
+        }
+        return coefficient_[z];
+    }
+
+private:
+    static constexpr int32_t kCached = 8;
+    double logGamma1_;
+    std::array<double, kCached> coefficient_{};
+    std::array<bool, kCached> formed_{};
+};
+
+// `result`: a record of an earlier set (or a new one), filled in place.
+void FillSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients& coefficients,
+                       SpeciesResult& result) {
     const ChemicalSystem& chem = calc.chem;
     const Species& sp = chem.species[s];
-    SpeciesResult result;
+    Renew(result, &SpeciesResult::name);
     result.kind = sp.kind;
     result.hasConstants = sp.kind >= SpeciesKind::FreeHydroxide && sp.kind <= SpeciesKind::SolidSpecies;
     result.category = Category(sp.kind);
-    result.name = IsDissolvedKind(sp.kind) ? sp.name + ChargeSuffix(sp.charge) : sp.name;
+    result.name = sp.name;
+    if (IsDissolvedKind(sp.kind)) result.name += ChargeSuffix(sp.charge);
     result.charge = IsDissolvedKind(sp.kind) || sp.kind == SpeciesKind::AdsorbedSpecies ? sp.charge : 0;
     result.concentration = sp.concentration;
     result.hasActivity = IsDissolvedKind(sp.kind);
     if (result.hasActivity)
-        result.activity = sp.concentration * std::pow(10.0, sp.charge * sp.charge * calc.state.logGamma1);
+        result.activity = sp.concentration * coefficients.Of(sp.charge);
     if (result.hasConstants) {
         result.intrinsicLogK = sp.logKDatabase;
         if (sp.kind <= SpeciesKind::RedoxPartner) {
@@ -129,7 +170,6 @@ SpeciesResult MakeSpeciesResult(const CalcContext& calc, int32_t s) {
         }
         result.saturationValue = value;
     }
-    return result;
 }
 
 // One definition per reaction row; the species that own the rows, in
@@ -196,8 +236,10 @@ void AddMsaRecords(CalcContext& calc, SetRecords& records, MsaSummary& summary) 
     summary.omega = st.msaOmega;
 }
 
-InputSnapshot MakeSnapshot(const CalcContext& calc) {
+// `storage`: an earlier input copy whose storage the snapshot's copy reuses.
+InputSnapshot MakeSnapshot(const CalcContext& calc, InputProblem&& storage) {
     InputSnapshot snapshot;
+    snapshot.input = std::move(storage);
     snapshot.input = calc.input;
     snapshot.protonBalance = calc.state.protonBalanceMode;
     snapshot.ionicStrength = calc.state.ionicStrength;
@@ -220,24 +262,32 @@ InputSnapshot MakeSnapshot(const CalcContext& calc) {
 void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context) {
     ChemicalSystem& chem = calc.chem;
     const SolverState& st = calc.state;
-    ResetResultStore(store, 0);
+    // the previous set's record arrays and input copy lend their storage to
+    // the new set; its component and species records are overwritten in place
+    InputProblem previousInput = store.sets.empty() ? InputProblem{} : std::move(store.sets[0].snapshot.input);
+    std::vector<ComponentResult> previousComponents = std::move(store.records.components);
+    std::vector<SpeciesResult> previousSpecies = std::move(store.records.species);
+    SetRecords records;
+    ResetResultStore(store, records);
     ResultSet& set = store.sets[0];
     ResultHeader& header = set.header;
-    SetRecords records;
 
     const int32_t componentCount = static_cast<int32_t>(chem.systemComponents.size());
-    records.components.reserve(static_cast<size_t>(componentCount));
+    records.components = std::move(previousComponents);
+    records.components.resize(static_cast<size_t>(componentCount));
     records.componentInfos.reserve(static_cast<size_t>(componentCount));
     for (int32_t c = 0; c < componentCount; ++c) {
-        records.components.push_back(MakeComponentResult(calc, c));
-        if (records.components.back().Reported()) ++header.reportedComponentCount;
+        FillComponentResult(calc, c, records.components[c]);
+        if (records.components[c].Reported()) ++header.reportedComponentCount;
     }
 
     const int32_t speciesCount = static_cast<int32_t>(chem.species.size());
-    records.species.reserve(static_cast<size_t>(speciesCount));
+    records.species = std::move(previousSpecies);
+    records.species.resize(static_cast<size_t>(speciesCount));
     bool organicSeen = false;
+    ActivityCoefficients coefficients(st.logGamma1);
     for (int32_t s = 0; s < speciesCount; ++s) {
-        records.species.push_back(MakeSpeciesResult(calc, s));
+        FillSpeciesResult(calc, s, coefficients, records.species[s]);
         if (!organicSeen && !IsInorganic(chem.species[s].kind)) {
             organicSeen = true;
             header.firstOrganicSpecies = s;
@@ -272,7 +322,7 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
         records.componentInfos.push_back(ComponentInfo{sc.name, sc.type, sc.givenValue, sc.molarMass, sc.balanceKind});
 
     if (calc.input.ionicStrengthModel != kDaviesModel) AddMsaRecords(calc, records, set.msa);
-    set.snapshot = MakeSnapshot(calc);
+    set.snapshot = MakeSnapshot(calc, std::move(previousInput));
 
     StoreSetRecords(store, 0, std::move(records));
 

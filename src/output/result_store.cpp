@@ -35,7 +35,10 @@ std::span<const T> Range(const std::vector<T>& all, const ResultStore& store, in
 
 void ResetResultStore(ResultStore& store, int32_t s) {
     if (s <= 0) {
-        store = ResultStore{};
+        store.sets.resize(1);
+        store.sets[0] = ResultSet{};
+        store.records = SetRecords{};
+        store.holdsLoadedOutput = false;
         return;
     }
     // records of sets beyond s go with their sets
@@ -45,6 +48,12 @@ void ResetResultStore(ResultStore& store, int32_t s) {
         });
     store.sets.resize(static_cast<size_t>(s) + 1);
     store.sets[s] = ResultSet{};
+}
+
+void ResetResultStore(ResultStore& store, SetRecords& spare) {
+    spare = std::move(store.records);
+    ForEachRecordArray(spare, spare, [](int32_t, auto& all, auto&) { all.clear(); });
+    ResetResultStore(store, 0);
 }
 
 int32_t RecordCount(const ResultHeader& header, int32_t kind) {

@@ -85,10 +85,14 @@ void ForEachRecordArray(A& a, B& b, F&& f) {
     f(KindMsaIon, a.msaIons, b.msaIons);
 }
 
-// s = 0: frees every set and leaves one empty set. s > 0: grows the per-set
+// s = 0: empties the store, leaving one empty set. s > 0: grows the per-set
 // parts to s + 1 sets, clearing set s and leaving sets 0 .. s-1 untouched.
 // Either way the set count becomes s + 1.
 void ResetResultStore(ResultStore& store, int32_t s);
+// ResetResultStore(store, 0) that hands the record arrays, emptied but with
+// their storage, to `spare`: records built into them and stored again
+// (StoreSetRecords) take no new storage.
+void ResetResultStore(ResultStore& store, SetRecords& spare);
 
 // The number of records of a kind that a set's header declares.
 int32_t RecordCount(const ResultHeader& header, int32_t kind);

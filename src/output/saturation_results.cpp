@@ -1,6 +1,7 @@
 #include "output/saturation_results.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
 #include <span>
@@ -62,6 +63,33 @@ void FillDefinition(const ChemicalSystem& chem, int32_t e, std::span<const Equil
     definition.literature = LiteratureText(chem, eq.literatureRef);
 }
 
+// pow(free value of component k, nu) for the terms of the solids, each of
+// the first kKept pairs of component and coefficient formed once: the solids
+// share their components.
+class TermPowers {
+public:
+    explicit TermPowers(const ChemicalSystem& chem) : chem_(chem) {}
+
+    double Of(int32_t k, int32_t nu) {
+        for (size_t i = 0; i < count_; ++i)
+            if (powers_[i].component == k && powers_[i].coefficient == nu) return powers_[i].value;
+        const double value = std::pow(FreeValue(chem_, k, 0), nu);
+        if (count_ < kKept) powers_[count_++] = {k, nu, value};
+        return value;
+    }
+
+private:
+    struct Power {
+        int32_t component = 0;
+        int32_t coefficient = 0;
+        double value = 0;
+    };
+    static constexpr size_t kKept = 32;
+    const ChemicalSystem& chem_;
+    std::array<Power, kKept> powers_{};
+    size_t count_ = 0;
+};
+
 // Files a solid check or gas result: the record takes the two log K values,
 // the literature of the equilibrium and the index of the reaction definition
 // that joins the set's reactions here (filled in place by `fill`).
@@ -105,13 +133,14 @@ void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, co
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
     records.reactions.reserve(records.reactions.size() + solids.size());
     records.solidChecks.reserve(records.solidChecks.size() + solids.size());
+    TermPowers powers(chem);
     for (const int32_t e : solids) {
         const Equilibrium& eq = chem.db().equilibria[e];
         // the solid's components: its first componentCount terms
         const std::span<const EquilibriumTerm> terms =
             index.Terms(e).first(std::min<size_t>(index.Terms(e).size(), std::max(0, eq.componentCount)));
         double product = 1;
-        for (const auto [k, nu] : terms) product *= std::pow(FreeValue(chem, k, 0), nu);
+        for (const auto [k, nu] : terms) product *= powers.Of(k, nu);
         const double conditional = ConditionalLogK(calc, eq);
 
         SolidSaturation& solid = AddWithDefinition(eq.logK, conditional, records.solidChecks, records,

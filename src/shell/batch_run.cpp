@@ -62,7 +62,7 @@ std::string MessageText(const std::vector<MessageBoxRequest>& messages) {
 void RunItem(Workspace& worker, CapturingUi& ui, BatchItem& item) {
     ui.target = &item.messages;
     worker.input = InputProblem{};
-    worker.solver = SolverState{};
+    ResetSolverState(worker.solver);
     const std::string input = CompleteWithFolder(item.job->input, worker.folders.inputFolder);
     const std::string output = CompleteWithFolder(item.job->output, worker.folders.outputFolder);
     item.outcome = RunJob(worker, input, output, true);

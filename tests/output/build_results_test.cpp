@@ -131,5 +131,20 @@ TEST(BuildResults, MsaIonsAndSaltsComeFromTheSolvedSystem) {
     EXPECT_TRUE(ViewSet(davies.ws.results, 0).msaIons.empty());
 }
 
+// A batch worker calculates one water after another in the same workspace:
+// nothing of an earlier water may show in a later one's set.
+TEST(BuildResults, AWorkspaceReusedCaseAfterCaseGivesTheSetsOfFreshOnes) {
+    PreparedWorkspace reused;
+    int32_t model = 1;
+    for (const std::string& file : ReferenceCaseFiles()) {
+        SCOPED_TRACE(std::filesystem::path(file).stem().string());
+        model = 3 - model;  // MSA and Davies by turns
+        CalculatedWorkspace fresh(file, model);
+        ASSERT_TRUE(fresh.ok);
+        ASSERT_TRUE(CalculateReferenceCase(reused.ws, file, model));
+        ExpectSetsEqual(fresh.ws.results, 0, reused.ws.results, 0);
+    }
+}
+
 }  // namespace
 }  // namespace tormel::test

@@ -34,7 +34,7 @@ bool CalculateReferenceCase(Workspace& ws, const std::string& file, int32_t ioni
     if (!PrepareReferenceCase(*reference, *database, 1.0001, ws.chem, ws.input)) return false;
     ws.input.ionicStrengthModel = ionicStrengthModel;
     ws.input.description = reference->TextOr("description", "");
-    ws.solver = SolverState{};
+    ResetSolverState(ws.solver);
     const CalculationOutcome outcome = CalculateInput(ws, false);
     return outcome.assembled && outcome.solve.converged;
 }
