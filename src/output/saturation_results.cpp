@@ -108,9 +108,8 @@ Record& AddWithDefinition(double logK, double conditionalLogK, std::vector<Recor
 
 // At most one record per ligand of each gas: the room the gas results take.
 size_t GasRecordRoom(const ChemicalSystem& chem, const EquilibriumIndex& index) {
-    const TypeRange range = chem.db().equilibriumRange[EquilibriumType::Gas];
     size_t room = 0;
-    for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) room += index.Terms(e).size();
+    for (const int32_t e : EquilibriaOfType(chem.db(), EquilibriumType::Gas)) room += index.Terms(e).size();
     return room;
 }
 
@@ -155,15 +154,13 @@ void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, co
 
 void AddGasResults(const CalcContext& calc, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
-    const TypeRange range = chem.db().equilibriumRange[EquilibriumType::Gas];
-    if (range.empty()) return;
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
     // room for all of them, so that filing one never moves the set's reactions
     const size_t room = GasRecordRoom(chem, index);
     records.reactions.reserve(records.reactions.size() + room);
     records.gases.reserve(records.gases.size() + room);
-    for (int32_t e = range.first; e <= range.last && e < chem.db().EquilibriumCount(); ++e) {
+    for (const int32_t e : EquilibriaOfType(chem.db(), EquilibriumType::Gas)) {
         const Equilibrium& eq = chem.db().equilibria[e];
         if (eq.linkedComponent < 0 || eq.linkedComponent >= chem.db().ComponentCount()) continue;
         if (calc.input.components[eq.linkedComponent].inputValue != 0) continue;
