@@ -16,10 +16,24 @@ const char* SaveFailureKey(SaveStatus status) {
 
 namespace {
 
-void WaitText(const Workspace& ws, bool newLine, const char* key) {
+// The steps of a job, in the order of kBatchWaitKeys. A batch shows them for
+// every water, so their texts are looked up together, once per reading of
+// the language file.
+enum WaitStep { WaitReading, WaitCalculating, WaitSaving };
+
+void WaitText(const Workspace& ws, bool newLine, WaitStep step) {
     const UiServices& ui = ws.Ui();
     if (!ui.setWaitText) return;
-    ui.setWaitText((newLine ? "\n" : "") + LanguageText(ws.language, "Batch", key));
+    static const IniFile::KeyList kList{"Batch", kBatchWaitKeys, kLanguageTextLimit};
+    const std::shared_ptr<const IniFile::Table> texts = LanguageTexts(ws.language, kList);
+    const std::string& text = (*texts)[step];
+    if (!newLine) {
+        ui.setWaitText(text);
+        return;
+    }
+    std::string onNewLine;
+    onNewLine.reserve(text.size() + 1);
+    ui.setWaitText(onNewLine.append(1, '\n').append(text));
 }
 
 }  // namespace
@@ -66,7 +80,7 @@ SaveOutcome SaveResults(const Workspace& ws, const std::string& path, int32_t se
 JobOutcome RunJob(Workspace& ws, const std::string& inputPath, const std::string& outputPath,
                   bool waitTextsOnNewLine, const std::function<void(const std::string&)>& reportConsistency) {
     JobOutcome outcome;
-    WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputInit");
+    WaitText(ws, waitTextsOnNewLine, WaitReading);
     if (std::optional<InputFileError> error = LoadInputFile(inputPath, ws.input, ws.chem.db())) {
         outcome.status = JobStatus::ReadFailed;
         outcome.detail = InputFileErrorText(ws.language, *error);
@@ -78,7 +92,7 @@ JobOutcome RunJob(Workspace& ws, const std::string& inputPath, const std::string
     outcome.consistencyReport = ConsistencyReportText(ws.language, consistency);
     if (reportConsistency && !outcome.consistencyReport.empty()) reportConsistency(outcome.consistencyReport);
 
-    WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputRun");
+    WaitText(ws, waitTextsOnNewLine, WaitCalculating);
     outcome.calculation = CalculateInput(ws, true);
     const SolveResult& solve = outcome.calculation.solve;
     if (!outcome.calculation.assembled || solve.cancelled || !solve.converged) {
@@ -87,7 +101,7 @@ JobOutcome RunJob(Workspace& ws, const std::string& inputPath, const std::string
         return outcome;
     }
 
-    WaitText(ws, waitTextsOnNewLine, "OpenAndRunInputSave");
+    WaitText(ws, waitTextsOnNewLine, WaitSaving);
     outcome.save = SaveResults(ws, outputPath);
     if (outcome.save.status != SaveStatus::Saved) outcome.status = JobStatus::SaveFailed;
     return outcome;

@@ -4,6 +4,7 @@
 // extension asks for.
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "core/text_file.h"
 #include "shell/workspace.h"
@@ -23,6 +24,11 @@ enum class SaveStatus { Saved, Failed, UnknownKind };
 
 // The [Batch] language key that names a failed save.
 const char* SaveFailureKey(SaveStatus status);
+
+// The language keys (section "Batch") of the steps of a job that the wait
+// window shows: reading, calculating, saving.
+inline constexpr std::string_view kBatchWaitKeys[] = {"OpenAndRunInputInit", "OpenAndRunInputRun",
+                                                      "OpenAndRunInputSave"};
 
 struct SaveOutcome {
     SaveStatus status = SaveStatus::Saved;

@@ -12,6 +12,7 @@
 #include "core/ini_file.h"
 #include "core/language.h"
 #include "output/other_info_texts.h"
+#include "shell/batch_job.h"
 #include "support/temp_folder.h"
 
 namespace tormel {
@@ -100,6 +101,7 @@ TEST(LanguageFiles, HoldEveryKeyTheProgramLooksUp) {
     for (int k = 1; k <= 5; ++k) lookups.emplace_back("InputEdit", "ToolTip" + std::to_string(k));
     for (int k = 1; k <= 6; ++k) lookups.emplace_back("MainMenu", "Main" + std::to_string(k));
     for (const std::string_view key : kOtherInfoTextKeys) lookups.emplace_back("OtherInfo", key);
+    for (const std::string_view key : kBatchWaitKeys) lookups.emplace_back("Batch", key);
 
     for (const char* name : kFiles) {
         const KeySet keys = KeysOf(test::DeliveredLanguagePath(name));
