@@ -69,9 +69,12 @@ std::string FileNamePart(std::string_view path) {
 }
 
 std::string CompleteWithFolder(const std::string& name, const std::string& folder) {
-    if (name.empty() || FileNamePart(name) != name) return name;
-    const std::string completed = folder + name;
-    return Utf16Length(completed) < kMaxPathChars ? completed : name;
+    if (name.empty() || name.find('/') != std::string::npos) return name;  // empty, or a folder is named
+    std::string completed;
+    completed.reserve(folder.size() + name.size());
+    completed.append(folder).append(name);
+    if (Utf16Length(completed) >= kMaxPathChars) return name;
+    return completed;
 }
 
 std::string ReplaceExtension(const std::string& name, std::string_view extension) {
