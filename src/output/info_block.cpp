@@ -16,8 +16,18 @@ void InfoBlock::HoldRows(size_t rows) {
     }
     // the usual new row is the next one: appended rather than filled in
     while (rowKeys.size() < rows) {
+        const size_t first = rowKeys.size() * kInfoColumns;
         rowKeys.push_back(0);
-        for (int32_t c = 0; c < kInfoColumns; ++c) cells.emplace_back();
+        for (size_t at = first; at < first + kInfoColumns; ++at) {
+            if (at >= cells.size()) {
+                cells.emplace_back();
+                continue;
+            }
+            InfoCell& cell = cells[at];  // room: emptied as a new cell, its text keeping its storage
+            cell.text.clear();
+            cell.format = CellFormat::Text;
+            cell.number = 0;
+        }
     }
 }
 

@@ -36,8 +36,11 @@ struct InfoBlock {
     std::string gridHeader;  // column titles separated by ","
     int32_t columnCount = 0;
     int32_t rowCount = 0;
-    std::vector<InfoCell> cells;   // row r, column c at Position(c, r, kInfoColumns)
-    std::vector<int64_t> rowKeys;  // one per row held in `cells`
+    // row r, column c at Position(c, r, kInfoColumns) for the rows held
+    // (one per row key); cells beyond them are room kept from an earlier
+    // build, not part of the grid
+    std::vector<InfoCell> cells;
+    std::vector<int64_t> rowKeys;  // one per row held
     NumberFormats formats;         // the formats of the numeric cells
     DecimalSeparator separator;
 
@@ -54,7 +57,8 @@ struct InfoBlock {
     std::string ShownAt(int32_t column, int32_t row) const;
 
 private:
-    // Grows the grid to `rows` rows of empty cells with key 0.
+    // Grows the grid to `rows` rows of empty cells with key 0, emptying
+    // cells of the room in place.
     void HoldRows(size_t rows);
 };
 

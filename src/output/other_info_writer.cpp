@@ -6,13 +6,13 @@ namespace tormel {
 
 InfoBlockWriter::InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator)
     : block_(block) {
-    // field by field: the grid keeps its room for the rows to come
+    // field by field: the grid keeps its cells, and their texts their
+    // storage, as room for the rows to come
     block_.title.clear();
     block_.longText.clear();
     block_.gridHeader.clear();
     block_.columnCount = 0;
     block_.rowCount = 0;
-    block_.cells.clear();
     block_.rowKeys.clear();
     block_.formats = formats;
     block_.separator = separator;
@@ -22,16 +22,16 @@ void InfoBlockWriter::MoveTo(int32_t row) { row_ = std::max(row_, row); }
 
 InfoCell& InfoBlockWriter::Cell(int32_t column) { return block_.Cell(std::clamp(column, 0, kInfoColumns - 1), row_); }
 
-void InfoBlockWriter::Text(int32_t column, std::string text) {
+void InfoBlockWriter::Text(int32_t column, std::string_view text) {
     InfoCell& cell = Cell(column);
-    cell.text = std::move(text);
+    cell.text.assign(text);
     cell.format = CellFormat::Text;
     cell.number = 0;
 }
 
-void InfoBlockWriter::Number(int32_t column, double value, std::string text) {
+void InfoBlockWriter::Number(int32_t column, double value, std::string_view text) {
     InfoCell& cell = Cell(column);
-    cell.text = std::move(text);
+    cell.text.assign(text);
     cell.format = CellFormat::OwnText;
     cell.number = value;
 }
@@ -49,16 +49,16 @@ void InfoBlockWriter::Logarithm(int32_t column, double value) { Put(column, Cell
 
 void InfoBlockWriter::Percentage(int32_t column, double fraction) { Put(column, CellFormat::Percentage, fraction); }
 
-void InfoBlockWriter::AmountShare(std::string label, double amount, double whole) {
-    Text(0, std::move(label));
+void InfoBlockWriter::AmountShare(std::string_view label, double amount, double whole) {
+    Text(0, label);
     Scientific(1, amount);
     Text(2, "M");
     Percentage(3, amount / whole);
 }
 
-void InfoBlockWriter::Heading(std::string title, std::string longText, int32_t columns) {
-    block_.title = std::move(title);
-    block_.longText = std::move(longText);
+void InfoBlockWriter::Heading(std::string_view title, std::string_view longText, int32_t columns) {
+    block_.title.assign(title);
+    block_.longText.assign(longText);
     block_.columnCount = columns;
 }
 

@@ -7,6 +7,7 @@
 // percentage text shows the number x 100, the number stays a fraction).
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "output/info_block.h"
 #include "output/number_text.h"
@@ -28,16 +29,18 @@ public:
     // Moves the counter forward to `row` (never back).
     void MoveTo(int32_t row);
 
-    void Text(int32_t column, std::string text);
+    // Texts are copied into the cell's own storage (kept from an earlier
+    // build), so a caller's text is not taken over.
+    void Text(int32_t column, std::string_view text);
     void Scientific(int32_t column, double value);
     void Logarithm(int32_t column, double value);
     void Percentage(int32_t column, double fraction);
     void Integer(int32_t column, int32_t value);
     // A numeric cell with a text of the caller's.
-    void Number(int32_t column, double value, std::string text);
+    void Number(int32_t column, double value, std::string_view text);
     // Columns 0 to 3 of the current row: the label, an amount in mol/L, its
     // unit "M" and the amount's share of `whole` as a percentage.
-    void AmountShare(std::string label, double amount, double whole);
+    void AmountShare(std::string_view label, double amount, double whole);
     // The key of the current row is set or increased.
     void SetKey(int64_t key);
     void AddToKey(int64_t amount);
@@ -45,7 +48,7 @@ public:
     // Title, long text, grid header and column count of the block.
     InfoBlock& Block() { return block_; }
     // Sets the block's title, long text and column count.
-    void Heading(std::string title, std::string longText, int32_t columns);
+    void Heading(std::string_view title, std::string_view longText, int32_t columns);
     // Sets the row count: `rows` as the block's rule says.
     void Finish(int32_t rows) { block_.rowCount = rows; }
 

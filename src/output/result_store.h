@@ -91,7 +91,9 @@ void ForEachRecordArray(A& a, B& b, F&& f) {
 void ResetResultStore(ResultStore& store, int32_t s);
 // ResetResultStore(store, 0) that hands the record arrays, emptied but with
 // their storage, to `spare`: records built into them and stored again
-// (StoreSetRecords) take no new storage.
+// (StoreSetRecords) take no new storage. The "Other info" blocks of the new set 0
+// take over the old one's cells as room (see InfoBlock::cells), so that a
+// rebuild writes into them.
 void ResetResultStore(ResultStore& store, SetRecords& spare);
 
 // The number of records of a kind that a set's header declares.

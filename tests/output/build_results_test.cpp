@@ -131,6 +131,22 @@ TEST(BuildResults, MsaIonsAndSaltsComeFromTheSolvedSystem) {
     EXPECT_TRUE(ViewSet(davies.ws.results, 0).msaIons.empty());
 }
 
+// The "Other info" grids, which the output file leaves out: every row held,
+// its key and each cell's text and number.
+void ExpectGridsEqual(const InfoBlocks& expected, const InfoBlocks& actual) {
+    for (int32_t b = 0; b < kInfoBlockCount; ++b) {
+        const InfoBlock& x = expected[b];
+        const InfoBlock& y = actual[b];
+        EXPECT_EQ(x.gridHeader, y.gridHeader) << "block " << b;
+        ASSERT_EQ(x.rowKeys, y.rowKeys) << "block " << b;
+        for (int32_t r = 0; r < static_cast<int32_t>(x.rowKeys.size()); ++r)
+            for (int32_t c = 0; c < kInfoColumns; ++c) {
+                EXPECT_EQ(x.ShownAt(c, r), y.ShownAt(c, r)) << "block " << b << " row " << r << " column " << c;
+                EXPECT_EQ(x.FindCell(c, r)->number, y.FindCell(c, r)->number) << "block " << b << " row " << r;
+            }
+    }
+}
+
 // A batch worker calculates one water after another in the same workspace:
 // nothing of an earlier water may show in a later one's set.
 TEST(BuildResults, AWorkspaceReusedCaseAfterCaseGivesTheSetsOfFreshOnes) {
@@ -143,6 +159,7 @@ TEST(BuildResults, AWorkspaceReusedCaseAfterCaseGivesTheSetsOfFreshOnes) {
         ASSERT_TRUE(fresh.ok);
         ASSERT_TRUE(CalculateReferenceCase(reused.ws, file, model));
         ExpectSetsEqual(fresh.ws.results, 0, reused.ws.results, 0);
+        ExpectGridsEqual(fresh.ws.results.sets[0].otherInfo, reused.ws.results.sets[0].otherInfo);
     }
 }
 
