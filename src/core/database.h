@@ -8,7 +8,6 @@
 #include <cstdint>
 #include <algorithm>
 #include <memory>
-#include <ranges>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -126,13 +125,43 @@ struct Database {
 };
 
 // The equilibria of `type` in ascending order: those within the type's range
-// that are of that type.
-inline auto EquilibriaOfType(const Database& db, EquilibriumType type) {
-    const TypeRange range = db.equilibriumRange[type];
-    const int32_t first = range.empty() ? 0 : std::max(range.first, 0);
-    const int32_t end = range.empty() ? 0 : std::clamp(range.last + 1, first, db.EquilibriumCount());
-    return std::views::iota(first, std::max(first, end)) |
-           std::views::filter([&db, type](int32_t e) { return db.equilibria[static_cast<size_t>(e)].type == type; });
-}
+// that are of that type. Used as `for (int32_t e : EquilibriaOfType(db, t))`.
+class EquilibriaOfType {
+public:
+    EquilibriaOfType(const Database& db, EquilibriumType type) : db_(db), type_(type) {
+        const TypeRange range = db.equilibriumRange[type];
+        first_ = range.empty() ? 0 : std::max(range.first, 0);
+        end_ = range.empty() ? first_ : std::clamp(range.last + 1, first_, db.EquilibriumCount());
+    }
+
+    class Iterator {
+    public:
+        Iterator(const EquilibriaOfType& all, int32_t e) : all_(all), e_(all.Next(e)) {}
+        int32_t operator*() const { return e_; }
+        Iterator& operator++() {
+            e_ = all_.Next(e_ + 1);
+            return *this;
+        }
+        bool operator!=(const Iterator& other) const { return e_ != other.e_; }
+
+    private:
+        const EquilibriaOfType& all_;
+        int32_t e_;
+    };
+    Iterator begin() const { return Iterator(*this, first_); }
+    Iterator end() const { return Iterator(*this, end_); }
+
+private:
+    // The first equilibrium of the type at or after `e`, or the end.
+    int32_t Next(int32_t e) const {
+        while (e < end_ && db_.equilibria[static_cast<size_t>(e)].type != type_) ++e;
+        return e;
+    }
+
+    const Database& db_;
+    EquilibriumType type_;
+    int32_t first_ = 0;
+    int32_t end_ = 0;
+};
 
 }  // namespace tormel
