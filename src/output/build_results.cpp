@@ -7,6 +7,7 @@
 
 #include "core/chemical_types.h"
 #include "core/equilibrium_index.h"
+#include "core/renew.h"
 #include "output/build_other_info.h"
 #include "output/charge_suffix.h"
 #include "output/saturation_results.h"
@@ -67,21 +68,11 @@ void FillGasNames(const CalcContext& calc, int32_t c, ComponentResult& result) {
     }
 }
 
-// Empties a record of an earlier set as a new record would be, keeping the
-// storage of its texts (the members `texts`).
-template <class Record, class... Texts>
-void Renew(Record& record, Texts... texts) {
-    Record fresh;
-    ((fresh.*texts).swap(record.*texts), ...);
-    ((fresh.*texts).clear(), ...);
-    record = std::move(fresh);
-}
-
 // `result`: a record of an earlier set (or a new one), filled in place.
 void FillComponentResult(const CalcContext& calc, int32_t c, ComponentResult& result) {
     const ChemicalSystem& chem = calc.chem;
     const SystemComponent& sc = chem.systemComponents[c];
-    Renew(result, &ComponentResult::name, &ComponentResult::displayName, &ComponentResult::gasText,
+    RenewKeeping(result, &ComponentResult::name, &ComponentResult::displayName, &ComponentResult::gasText,
           &ComponentResult::speciesList);
     if (!Reported(sc.type)) return;
     result.kind = sc.type;
@@ -137,7 +128,7 @@ void FillSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients&
                        SpeciesResult& result) {
     const ChemicalSystem& chem = calc.chem;
     const Species& sp = chem.species[s];
-    Renew(result, &SpeciesResult::name);
+    RenewKeeping(result, &SpeciesResult::name);
     result.kind = sp.kind;
     result.hasConstants = sp.kind >= SpeciesKind::FreeHydroxide && sp.kind <= SpeciesKind::SolidSpecies;
     result.category = Category(sp.kind);

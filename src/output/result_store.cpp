@@ -4,6 +4,8 @@
 #include <array>
 #include <iterator>
 
+#include "core/renew.h"
+
 namespace tormel {
 
 namespace {
@@ -36,10 +38,9 @@ std::span<const T> Range(const std::vector<T>& all, const ResultStore& store, in
 
 void ResetResultStore(ResultStore& store, int32_t s) {
     if (s <= 0) {
-        store.sets.resize(1);
-        store.sets[0] = ResultSet{};
-        store.records = SetRecords{};
-        store.holdsLoadedOutput = false;
+        // a fresh store, keeping the storage of its list of sets
+        RenewKeeping(store, &ResultStore::sets);
+        store.sets.emplace_back();
         return;
     }
     // records of sets beyond s go with their sets
