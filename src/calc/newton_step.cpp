@@ -84,7 +84,8 @@ void BuildNewtonTables(const ChemicalSystem& chem, const NewtonSystem& ns, int32
                 const CompositionTerm& tb = chem.composition[Position(s, b, speciesCount)];
                 const int32_t v = ns.componentUnknown[tb.systemComponent];
                 if (v < 0 || tb.coefficient == 0) continue;
-                tables.jacobianEntries.push_back({s, u, v, tb.systemComponent, ta.coefficient, tb.coefficient});
+                tables.jacobianEntries.push_back({s, u, v, tb.systemComponent, ta.coefficient, tb.coefficient,
+                                                 static_cast<double>(ta.coefficient * tb.coefficient)});
             }
         }
         if (tables.jacobianEntries.size() == before) continue;
@@ -126,10 +127,13 @@ bool BuildJacobian(const ChemicalSystem& chem, SpeciesTables& tables, NewtonSyst
     const int32_t end = chem.solidSpeciesRange.empty() ? speciesCount : chem.solidSpeciesRange.first;
     if (!tables.newtonBuilt) BuildNewtonTables(chem, ns, end, tables);
     SpeciesTerms(chem, end, tables, ns);
+    // the free concentrations, as SpeciesTerms took their logarithms: one
+    // dense array rather than a field of each component record
+    const double* free = tables.logFreeOf.data();
+    const double* speciesTerm = ns.speciesTerm.data();
     for (const JacobianEntry& entry : tables.jacobianEntries) {
-        const double cs = ns.speciesTerm[static_cast<size_t>(entry.species)];
-        double value = static_cast<double>(entry.nuU * entry.nuV) * cs /
-                       chem.systemComponents[entry.component].freeConcentration;
+        const double cs = speciesTerm[entry.species];
+        double value = entry.product * cs / free[entry.component];
         if ((cs == 0 || !std::isfinite(value)) &&
             !JacobianTerm(chem, entry.species, entry.nuU, entry.component, entry.nuV, value))
             return false;

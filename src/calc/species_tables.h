@@ -37,6 +37,7 @@ struct JacobianEntry {
     int32_t u = 0, v = 0;
     int32_t component = 0;
     int32_t nuU = 0, nuV = 0;
+    double product = 0;  // nuU nuV
 };
 
 // The class of species whose amounts the balance sums collect.
