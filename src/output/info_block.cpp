@@ -14,21 +14,28 @@ void InfoBlock::HoldRows(size_t rows) {
         rowKeys.reserve(std::max(rows, kUsualRows));
         cells.reserve(std::max(rows, kUsualRows) * kInfoColumns);
     }
-    // the usual new row is the next one: appended rather than filled in
-    while (rowKeys.size() < rows) {
-        const size_t first = rowKeys.size() * kInfoColumns;
-        rowKeys.push_back(0);
-        for (size_t at = first; at < first + kInfoColumns; ++at) {
-            if (at >= cells.size()) {
-                cells.emplace_back();
-                continue;
-            }
-            InfoCell& cell = cells[at];  // room: emptied as a new cell, its text keeping its storage
-            cell.text.clear();
-            cell.format = CellFormat::Text;
-            cell.number = 0;
-        }
+    const size_t held = rowKeys.size() * kInfoColumns, wanted = rows * kInfoColumns;
+    while (rowKeys.size() < rows) rowKeys.push_back(0);  // usually one row: no resize's general path
+    // room: emptied as new cells, their texts keeping their storage
+    const size_t room = std::min(cells.size(), wanted);
+    for (size_t at = held; at < room; ++at) {
+        InfoCell& cell = cells[at];
+        cell.text.clear();
+        cell.format = CellFormat::Text;
+        cell.number = 0;
     }
+    while (cells.size() < wanted) cells.emplace_back();
+}
+
+void InfoBlock::Empty(const NumberFormats& numberFormats, const DecimalSeparator& decimalSeparator) {
+    title.clear();
+    longText.clear();
+    gridHeader.clear();
+    columnCount = 0;
+    rowCount = 0;
+    rowKeys.clear();
+    formats = numberFormats;
+    separator = decimalSeparator;
 }
 
 const InfoCell* InfoBlock::FindCell(int32_t column, int32_t row) const {

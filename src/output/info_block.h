@@ -55,6 +55,9 @@ struct InfoBlock {
     std::string Shown(const InfoCell& cell) const;
     // The text the cell at (column, row) shows; empty when there is no cell.
     std::string ShownAt(int32_t column, int32_t row) const;
+    // Empties the block as a new one would be, with these number formats;
+    // its texts and grid keep their storage as room for the next build.
+    void Empty(const NumberFormats& numberFormats, const DecimalSeparator& decimalSeparator);
 
 private:
     // Grows the grid to `rows` rows of empty cells with key 0, emptying

@@ -6,16 +6,7 @@ namespace tormel {
 
 InfoBlockWriter::InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator)
     : block_(block) {
-    // field by field: the grid keeps its cells, and their texts their
-    // storage, as room for the rows to come
-    block_.title.clear();
-    block_.longText.clear();
-    block_.gridHeader.clear();
-    block_.columnCount = 0;
-    block_.rowCount = 0;
-    block_.rowKeys.clear();
-    block_.formats = formats;
-    block_.separator = separator;
+    block_.Empty(formats, separator);  // the grid keeps its cells as room for the rows to come
 }
 
 void InfoBlockWriter::MoveTo(int32_t row) { row_ = std::max(row_, row); }

@@ -55,7 +55,10 @@ void FillDefinition(const ChemicalSystem& chem, int32_t e, std::span<const Equil
         entry.coefficient = terms[n].coefficient;
         entry.name = comp.name;
         entry.charge = comp.charge;
-        entry.phase = comp.charge == 0 ? "(aq)" : "";
+        if (comp.charge == 0)
+            entry.phase = std::string_view("(aq)");
+        else
+            entry.phase.clear();
     }
     definition.products[0].coefficient = coefficient;
     definition.products[0].name = eq.name;
