@@ -142,7 +142,7 @@ void FillSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients&
     result.hasConstants = sp.kind >= SpeciesKind::FreeHydroxide && sp.kind <= SpeciesKind::SolidSpecies;
     result.category = Category(sp.kind);
     result.name = sp.name;
-    if (IsDissolvedKind(sp.kind)) result.name += ChargeSuffix(sp.charge);
+    if (IsDissolvedKind(sp.kind)) AppendChargeSuffix(result.name, sp.charge);
     result.charge = IsDissolvedKind(sp.kind) || sp.kind == SpeciesKind::AdsorbedSpecies ? sp.charge : 0;
     result.concentration = sp.concentration;
     result.hasActivity = IsDissolvedKind(sp.kind);

@@ -12,19 +12,14 @@ void InfoBlock::HoldRows(size_t rows) {
     constexpr size_t kUsualRows = 24;
     if (rowKeys.capacity() == 0) {
         rowKeys.reserve(std::max(rows, kUsualRows));
+        writtenColumns_.reserve(std::max(rows, kUsualRows));
         cells.reserve(std::max(rows, kUsualRows) * kInfoColumns);
     }
-    const size_t held = rowKeys.size() * kInfoColumns, wanted = rows * kInfoColumns;
-    while (rowKeys.size() < rows) rowKeys.push_back(0);  // usually one row: no resize's general path
-    // room: emptied as new cells, their texts keeping their storage
-    const size_t room = std::min(cells.size(), wanted);
-    for (size_t at = held; at < room; ++at) {
-        InfoCell& cell = cells[at];
-        cell.text.clear();
-        cell.format = CellFormat::Text;
-        cell.number = 0;
+    while (rowKeys.size() < rows) {
+        rowKeys.push_back(0);
+        writtenColumns_.push_back(0);
     }
-    while (cells.size() < wanted) cells.emplace_back();
+    while (cells.size() < rows * kInfoColumns) cells.emplace_back();
 }
 
 void InfoBlock::Empty(const NumberFormats& numberFormats, const DecimalSeparator& decimalSeparator) {
@@ -34,12 +29,15 @@ void InfoBlock::Empty(const NumberFormats& numberFormats, const DecimalSeparator
     columnCount = 0;
     rowCount = 0;
     rowKeys.clear();
+    writtenColumns_.clear();
     formats = numberFormats;
     separator = decimalSeparator;
 }
 
 const InfoCell* InfoBlock::FindCell(int32_t column, int32_t row) const {
     if (column < 0 || column >= kInfoColumns || row < 0 || static_cast<size_t>(row) >= rowKeys.size()) return nullptr;
+    static const InfoCell kUnwritten;
+    if ((writtenColumns_[static_cast<size_t>(row)] & (1u << column)) == 0) return &kUnwritten;
     return &cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
 }
 

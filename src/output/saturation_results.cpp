@@ -118,8 +118,9 @@ size_t GasRecordRoom(const ChemicalSystem& chem, const EquilibriumIndex& index) 
 
 }  // namespace
 
-SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference) {
-    if (reference < 0 || reference >= chem.db().LiteratureReferenceCount()) return {};
+const SharedText& LiteratureText(const ChemicalSystem& chem, int32_t reference) {
+    static const SharedText none;
+    if (reference < 0 || reference >= chem.db().LiteratureReferenceCount()) return none;
     return chem.db().literature[reference];
 }
 

@@ -13,7 +13,7 @@
 namespace tormel {
 
 // The text of a literature reference, empty for none.
-SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference);
+const SharedText& LiteratureText(const ChemicalSystem& chem, int32_t reference);
 
 // The reaction definitions that AddSolidChecks (for `solidCount` solids) and
 // AddGasResults append at most: room to reserve before the first.
