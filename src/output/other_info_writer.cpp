@@ -55,14 +55,13 @@ void InfoBlockWriter::Heading(std::string_view title, std::string_view longText,
 
 void InfoBlockWriter::Integer(int32_t column, int32_t value) { Put(column, CellFormat::Integer, value); }
 
-void InfoBlockWriter::SetKey(int64_t key) {
-    Cell(0);  // the row exists from here on
-    block_.rowKeys[static_cast<size_t>(row_)] = key;
+int64_t& InfoBlockWriter::Key() {
+    if (static_cast<size_t>(row_) >= block_.rowKeys.size()) Cell(0);  // the row exists from here on
+    return block_.rowKeys[static_cast<size_t>(row_)];
 }
 
-void InfoBlockWriter::AddToKey(int64_t amount) {
-    Cell(0);
-    block_.rowKeys[static_cast<size_t>(row_)] += amount;
-}
+void InfoBlockWriter::SetKey(int64_t key) { Key() = key; }
+
+void InfoBlockWriter::AddToKey(int64_t amount) { Key() += amount; }
 
 }  // namespace tormel
