@@ -175,9 +175,10 @@ void AddGasResults(const CalcContext& calc, DefinitionFiler& definitions, SetRec
         for (const auto [k, nu] : terms) {
             const Component& ligand = chem.db().components[k];
             if (ligand.type != ComponentType::Ligand || !chem.placement[k].inInput) continue;
-            GasResult& gas = AddWithDefinition(eq.logK, conditional, records.gases, definitions, [&](ReactionDefinition& d) {
+            const auto fill = [&](ReactionDefinition& d) {
                 FillDefinition(chem, e, terms, static_cast<int32_t>(eq.linkedCoefficient), d);
-            });
+            };
+            GasResult& gas = AddWithDefinition(eq.logK, conditional, records.gases, definitions, fill);
             gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);
             gas.partialPressure = pressure;
             gas.ligandConcentration = FreeValue(chem, k, 1) * calc.state.bulkFraction;
