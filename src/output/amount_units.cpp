@@ -13,16 +13,21 @@ double ConvertAmount(double value, double molarMass, int32_t units, int32_t orde
 }
 
 std::string UnitLabel(bool molarOnly, bool gas, bool massOnly, int32_t units, int32_t order) {
-    std::string label;
-    switch (order) {
-        case 1: label = "m"; break;
-        case 2: label = "\u00B5"; break;
-        case 3: label = "n"; break;
-        default: break;
-    }
-    if (gas) return label + (order == 0 ? "atm" : "-atm");
-    if (massOnly || (!molarOnly && units == 1)) return label + "g/L";
-    return label + "M";
+    return std::string(UnitLabelView(molarOnly, gas, massOnly, units, order));
+}
+
+std::string_view UnitLabelView(bool molarOnly, bool gas, bool massOnly, int32_t units, int32_t order) {
+    // per order (none, milli, micro, nano): pressure, mass, molar
+    static constexpr std::string_view kLabels[4][3] = {
+        {"atm", "g/L", "M"},
+        {"m-atm", "mg/L", "mM"},
+        {"\u00B5-atm", "\u00B5g/L", "\u00B5M"},
+        {"n-atm", "ng/L", "nM"},
+    };
+    const auto& labels = kLabels[order >= 1 && order <= 3 ? order : 0];
+    if (gas) return labels[0];
+    if (massOnly || (!molarOnly && units == 1)) return labels[1];
+    return labels[2];
 }
 
 }  // namespace tormel

@@ -2,6 +2,7 @@
 // Conversion of amounts to the units the user chose, and the unit labels.
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 namespace tormel {
 
@@ -14,5 +15,7 @@ double ConvertAmount(double value, double molarMass, int32_t units, int32_t orde
 // (order 0) or "-atm"; otherwise "g/L" when `massOnly`, or when neither
 // `molarOnly` nor molar units (0) are chosen; else "M".
 std::string UnitLabel(bool molarOnly, bool gas, bool massOnly, int32_t units, int32_t order);
+// The same text, held by the program.
+std::string_view UnitLabelView(bool molarOnly, bool gas, bool massOnly, int32_t units, int32_t order);
 
 }  // namespace tormel

@@ -133,7 +133,7 @@ void FillSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients&
     result.hasConstants = sp.kind >= SpeciesKind::FreeHydroxide && sp.kind <= SpeciesKind::SolidSpecies;
     result.category = Category(sp.kind);
     result.name = sp.name;
-    if (IsDissolvedKind(sp.kind)) result.name += ChargeSuffix(sp.charge);
+    if (IsDissolvedKind(sp.kind)) AppendChargeSuffix(result.name, sp.charge);
     result.charge = IsDissolvedKind(sp.kind) || sp.kind == SpeciesKind::AdsorbedSpecies ? sp.charge : 0;
     result.concentration = sp.concentration;
     result.hasActivity = IsDissolvedKind(sp.kind);
@@ -166,22 +166,28 @@ void FillSpeciesResult(const CalcContext& calc, int32_t s, ActivityCoefficients&
 // One definition per reaction row; the species that own the rows, in
 // species order, give them their constant, reference and note.
 // `laterRoom` more are reserved for the definitions appended after these.
-void AddReactionDefinitions(const ChemicalSystem& chem, size_t laterRoom, SetRecords& records) {
+void AddReactionDefinitions(const ChemicalSystem& chem, size_t laterRoom, DefinitionFiler& definitions) {
     const int32_t width = chem.db().maxComponentsPerEquilibrium;
-    records.reactions.reserve(static_cast<size_t>(std::max(chem.reactionRowCount, 0)) + laterRoom);
+    definitions.Reserve(static_cast<size_t>(std::max(chem.reactionRowCount, 0)) + laterRoom);
     for (int32_t r = 0; r < chem.reactionRowCount; ++r) {
-        ReactionDefinition& definition = records.reactions.emplace_back();
+        ReactionDefinition& definition = definitions.Next();
+        // the new definition's entries are empty: only the filled ones are copied
+        const auto copy = [](const std::vector<ReactionEntry>& from, size_t at, ReactionEntry& to) {
+            if (at >= from.size()) return;
+            const ReactionEntry& entry = from[at];
+            if (entry.coefficient != 0 || entry.charge != 0 || !entry.name.empty() || !entry.phase.empty()) to = entry;
+        };
         for (int32_t j = 0; j < width && j < kMaxReactionEntries; ++j) {
             const size_t at = static_cast<size_t>(Position(j, r, width));
-            if (at < chem.reactionReactants.size()) definition.reactants[j] = chem.reactionReactants[at];
-            if (at < chem.reactionProducts.size()) definition.products[j] = chem.reactionProducts[at];
+            copy(chem.reactionReactants, at, definition.reactants[j]);
+            copy(chem.reactionProducts, at, definition.products[j]);
         }
     }
     size_t n = 0;
     for (const Species& sp : chem.species) {
         if (sp.reactionRow < 0) continue;
-        if (n >= records.reactions.size()) break;
-        ReactionDefinition& definition = records.reactions[n++];
+        if (n >= definitions.Count()) break;
+        ReactionDefinition& definition = definitions[n++];
         definition.logK = sp.logKDatabase;
         definition.literature = LiteratureText(chem, sp.literatureRef);
         definition.note = sp.addInfo.value_or(std::string());
@@ -254,10 +260,12 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     ChemicalSystem& chem = calc.chem;
     const SolverState& st = calc.state;
     // the previous set's record arrays and input copy lend their storage to
-    // the new set; its component and species records are overwritten in place
+    // the new set; its component and species records and reaction definitions
+    // are overwritten in place
     InputProblem previousInput = store.sets.empty() ? InputProblem{} : std::move(store.sets[0].snapshot.input);
     std::vector<ComponentResult> previousComponents = std::move(store.records.components);
     std::vector<SpeciesResult> previousSpecies = std::move(store.records.species);
+    std::vector<ReactionDefinition> previousReactions = std::move(store.records.reactions);
     SetRecords records;
     ResetResultStore(store, records);
     ResultSet& set = store.sets[0];
@@ -291,7 +299,9 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
     // the solids tested for saturation while precipitation is off
     const std::vector<int32_t> solidChecks =
         calc.input.precipitation ? std::vector<int32_t>{} : EquilibriaInInput(chem, EquilibriumType::Solid);
-    AddReactionDefinitions(chem, CheckDefinitionRoom(chem, solidChecks.size()), records);
+    records.reactions = std::move(previousReactions);
+    DefinitionFiler definitions(records.reactions);
+    AddReactionDefinitions(chem, CheckDefinitionRoom(chem, solidChecks.size()), definitions);
     AddSpeciesLists(chem, records);
 
     header.iterationCount = st.iterationCount;
@@ -305,9 +315,11 @@ void BuildResults(CalcContext& calc, ResultStore& store, ResultContext& context)
         header.firstPrecipitatedSolid = solids.empty() ? 0 : solids.first;
         header.lastPrecipitatedSolid = solids.empty() ? -1 : solids.last;
     } else {
-        AddSolidChecks(calc, solidChecks, SharedText(LanguageText(context.language, "EqDef", "AddInfoSolid")), records);
+        AddSolidChecks(calc, solidChecks, SharedText(LanguageText(context.language, "EqDef", "AddInfoSolid")),
+                       definitions, records);
     }
-    AddGasResults(calc, records);
+    AddGasResults(calc, definitions, records);
+    definitions.Finish();
 
     for (const SystemComponent& sc : chem.systemComponents)
         records.componentInfos.push_back(ComponentInfo{sc.name, sc.type, sc.givenValue, sc.molarMass, sc.balanceKind});

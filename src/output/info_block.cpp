@@ -12,27 +12,32 @@ void InfoBlock::HoldRows(size_t rows) {
     constexpr size_t kUsualRows = 24;
     if (rowKeys.capacity() == 0) {
         rowKeys.reserve(std::max(rows, kUsualRows));
+        writtenColumns_.reserve(std::max(rows, kUsualRows));
         cells.reserve(std::max(rows, kUsualRows) * kInfoColumns);
     }
-    // the usual new row is the next one: appended rather than filled in
     while (rowKeys.size() < rows) {
-        const size_t first = rowKeys.size() * kInfoColumns;
         rowKeys.push_back(0);
-        for (size_t at = first; at < first + kInfoColumns; ++at) {
-            if (at >= cells.size()) {
-                cells.emplace_back();
-                continue;
-            }
-            InfoCell& cell = cells[at];  // room: emptied as a new cell, its text keeping its storage
-            cell.text.clear();
-            cell.format = CellFormat::Text;
-            cell.number = 0;
-        }
+        writtenColumns_.push_back(0);
     }
+    while (cells.size() < rows * kInfoColumns) cells.emplace_back();
+}
+
+void InfoBlock::Empty(const NumberFormats& numberFormats, const DecimalSeparator& decimalSeparator) {
+    title.clear();
+    longText.clear();
+    gridHeader.clear();
+    columnCount = 0;
+    rowCount = 0;
+    rowKeys.clear();
+    writtenColumns_.clear();
+    formats = numberFormats;
+    separator = decimalSeparator;
 }
 
 const InfoCell* InfoBlock::FindCell(int32_t column, int32_t row) const {
     if (column < 0 || column >= kInfoColumns || row < 0 || static_cast<size_t>(row) >= rowKeys.size()) return nullptr;
+    static const InfoCell kUnwritten;
+    if ((writtenColumns_[static_cast<size_t>(row)] & (1u << column)) == 0) return &kUnwritten;
     return &cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
 }
 

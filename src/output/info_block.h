@@ -37,29 +37,44 @@ struct InfoBlock {
     int32_t columnCount = 0;
     int32_t rowCount = 0;
     // row r, column c at Position(c, r, kInfoColumns) for the rows held
-    // (one per row key); cells beyond them are room kept from an earlier
-    // build, not part of the grid
+    // (one per row key). Only the cells written since their row was added
+    // are part of the grid (see FindCell); the others, and the cells beyond
+    // the rows held, are room kept from an earlier build.
     std::vector<InfoCell> cells;
     std::vector<int64_t> rowKeys;  // one per row held
     NumberFormats formats;         // the formats of the numeric cells
     DecimalSeparator separator;
 
-    // The cell at (column, row), growing the grid when the row is new.
+    // The cell at (column, row), growing the grid when the row is new; a
+    // cell not written before is empty.
     InfoCell& Cell(int32_t column, int32_t row) {
         if (static_cast<size_t>(row) >= rowKeys.size()) HoldRows(static_cast<size_t>(row) + 1);
-        return cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
+        InfoCell& cell = cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
+        uint16_t& written = writtenColumns_[static_cast<size_t>(row)];
+        const uint16_t bit = static_cast<uint16_t>(1u << column);
+        if ((written & bit) == 0) {  // room: emptied as a new cell, its text keeping its storage
+            written |= bit;
+            cell.text.clear();
+            cell.format = CellFormat::Text;
+            cell.number = 0;
+        }
+        return cell;
     }
-    // The cell at (column, row), or nullptr when the grid has no such cell.
+    // The cell at (column, row), or nullptr when the grid has no such cell;
+    // a cell of the grid that was never written is an empty one.
     const InfoCell* FindCell(int32_t column, int32_t row) const;
     // The text `cell` shows.
     std::string Shown(const InfoCell& cell) const;
     // The text the cell at (column, row) shows; empty when there is no cell.
     std::string ShownAt(int32_t column, int32_t row) const;
+    // Empties the block as a new one would be, with these number formats;
+    // its texts and grid keep their storage as room for the next build.
+    void Empty(const NumberFormats& numberFormats, const DecimalSeparator& decimalSeparator);
 
 private:
-    // Grows the grid to `rows` rows of empty cells with key 0, emptying
-    // cells of the room in place.
+    // Grows the grid to `rows` rows of unwritten cells with key 0.
     void HoldRows(size_t rows);
+    std::vector<uint16_t> writtenColumns_;  // per row held: bit c once column c was written
 };
 
 using InfoBlocks = std::array<InfoBlock, kInfoBlockCount>;

@@ -13,10 +13,10 @@ constexpr int32_t kGeneralRowsWithOrganic = 16;
 
 // Fills the current row with a label, a value in the scientific format and
 // the value's unit (empty for a ratio), then moves to the next row.
-void ValueRow(InfoBlockWriter& w, std::string label, double value, std::string unit) {
-    w.Text(0, std::move(label));
+void ValueRow(InfoBlockWriter& w, std::string_view label, double value, std::string_view unit) {
+    w.Text(0, label);
     w.Scientific(1, value);
-    w.Text(2, std::move(unit));
+    w.Text(2, unit);
     w.NextRow();
 }
 

@@ -158,12 +158,11 @@ void BuildInputBlock(const OtherInfoSource& source, InfoBlock& block) {
         if (info.kind != ComponentType::Cation && info.kind != ComponentType::Ligand &&
             info.kind != ComponentType::Ads && info.kind != ComponentType::RedSol && info.kind != ComponentType::Gas)
             continue;
-        std::string name = info.name;
-        if (in.redox && info.kind != ComponentType::Gas && i < components.size() && !components[i].displayName.empty())
-            name = components[i].displayName;
-        w.Text(0, std::move(name));
+        const bool displayed =
+            in.redox && info.kind != ComponentType::Gas && i < components.size() && !components[i].displayName.empty();
+        w.Text(0, displayed ? components[i].displayName : info.name);
         w.Scientific(1, ConvertAmount(info.inputValue, info.molarMass, units, order));
-        w.Text(2, UnitLabel(false, info.inputType == InputType::GasPres, false, units, order));
+        w.Text(2, UnitLabelView(false, info.inputType == InputType::GasPres, false, units, order));
         if (info.inputType != InputType::RedoxMemberGiven) w.Text(3, InputTypeText(source, info.inputType));
         w.NextRow();
     }

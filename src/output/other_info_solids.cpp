@@ -50,7 +50,7 @@ void PrecipitatedSolids(const OtherInfoSource& source, InfoBlockWriter& w, InfoB
         anyRow = true;
         w.Text(0, solid.name);
         w.Scientific(1, ConvertAmount(solid.concentration, 1, units, order));
-        w.Text(2, UnitLabel(true, false, false, units, order));
+        w.Text(2, UnitLabelView(true, false, false, units, order));
         SaturationCell(source, w, 3, solid.saturationValue);
         if (solid.concentration != 0) {
             w.Text(4, source.Text("SolidInEq"));

@@ -6,16 +6,7 @@ namespace tormel {
 
 InfoBlockWriter::InfoBlockWriter(InfoBlock& block, const NumberFormats& formats, const DecimalSeparator& separator)
     : block_(block) {
-    // field by field: the grid keeps its cells, and their texts their
-    // storage, as room for the rows to come
-    block_.title.clear();
-    block_.longText.clear();
-    block_.gridHeader.clear();
-    block_.columnCount = 0;
-    block_.rowCount = 0;
-    block_.rowKeys.clear();
-    block_.formats = formats;
-    block_.separator = separator;
+    block_.Empty(formats, separator);  // the grid keeps its cells as room for the rows to come
 }
 
 void InfoBlockWriter::MoveTo(int32_t row) { row_ = std::max(row_, row); }
@@ -64,14 +55,13 @@ void InfoBlockWriter::Heading(std::string_view title, std::string_view longText,
 
 void InfoBlockWriter::Integer(int32_t column, int32_t value) { Put(column, CellFormat::Integer, value); }
 
-void InfoBlockWriter::SetKey(int64_t key) {
-    Cell(0);  // the row exists from here on
-    block_.rowKeys[static_cast<size_t>(row_)] = key;
+int64_t& InfoBlockWriter::Key() {
+    if (static_cast<size_t>(row_) >= block_.rowKeys.size()) Cell(0);  // the row exists from here on
+    return block_.rowKeys[static_cast<size_t>(row_)];
 }
 
-void InfoBlockWriter::AddToKey(int64_t amount) {
-    Cell(0);
-    block_.rowKeys[static_cast<size_t>(row_)] += amount;
-}
+void InfoBlockWriter::SetKey(int64_t key) { Key() = key; }
+
+void InfoBlockWriter::AddToKey(int64_t amount) { Key() += amount; }
 
 }  // namespace tormel

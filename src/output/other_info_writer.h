@@ -54,6 +54,8 @@ public:
 
 private:
     InfoCell& Cell(int32_t column);
+    // The key of the current row, which exists from here on.
+    int64_t& Key();
     void Put(int32_t column, CellFormat format, double value);
 
     InfoBlock& block_;

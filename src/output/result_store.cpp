@@ -55,19 +55,19 @@ void ResetResultStore(ResultStore& store, int32_t s) {
 void ResetResultStore(ResultStore& store, SetRecords& spare) {
     spare = std::move(store.records);
     ForEachRecordArray(spare, spare, [](int32_t, auto& all, auto&) { all.clear(); });
-    // the grids of set 0's "Other info" blocks, emptied, are the new blocks' room
-    std::array<std::vector<InfoCell>, kInfoBlockCount> cells;
-    std::array<std::vector<int64_t>, kInfoBlockCount> rowKeys;
-    const auto swapGrids = [&](InfoBlocks& blocks) {
-        for (size_t b = 0; b < blocks.size(); ++b) {
-            cells[b].swap(blocks[b].cells);
-            rowKeys[b].swap(blocks[b].rowKeys);
-        }
-    };
-    if (!store.sets.empty()) swapGrids(store.sets[0].otherInfo);
-    for (std::vector<int64_t>& keys : rowKeys) keys.clear();
-    ResetResultStore(store, 0);
-    swapGrids(store.sets[0].otherInfo);
+    store.holdsLoadedOutput = false;
+    store.sets.resize(1);
+    // set 0 emptied member by member: its "Other info" blocks keep their
+    // texts and cells as room for the new set's
+    ResultSet& set = store.sets[0];
+    set.header = ResultHeader{};
+    set.snapshot = InputSnapshot{};
+    set.msa = MsaSummary{};
+    const NumberFormats formats;
+    const DecimalSeparator separator;
+    for (InfoBlock& block : set.otherInfo) block.Empty(formats, separator);
+    set.summaryPieText.clear();
+    set.detailsPieText.clear();
 }
 
 int32_t RecordCount(const ResultHeader& header, int32_t kind) {

@@ -92,7 +92,7 @@ void ResetResultStore(ResultStore& store, int32_t s);
 // ResetResultStore(store, 0) that hands the record arrays, emptied but with
 // their storage, to `spare`: records built into them and stored again
 // (StoreSetRecords) take no new storage. The "Other info" blocks of the new set 0
-// take over the old one's cells as room (see InfoBlock::cells), so that a
+// take over the old one's cells and texts as room (see InfoBlock::cells), so that a
 // rebuild writes into them.
 void ResetResultStore(ResultStore& store, SetRecords& spare);
 

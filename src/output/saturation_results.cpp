@@ -55,7 +55,10 @@ void FillDefinition(const ChemicalSystem& chem, int32_t e, std::span<const Equil
         entry.coefficient = terms[n].coefficient;
         entry.name = comp.name;
         entry.charge = comp.charge;
-        entry.phase = comp.charge == 0 ? "(aq)" : "";
+        if (comp.charge == 0)
+            entry.phase = std::string_view("(aq)");
+        else
+            entry.phase.clear();
     }
     definition.products[0].coefficient = coefficient;
     definition.products[0].name = eq.name;
@@ -94,15 +97,15 @@ private:
 // the literature of the equilibrium and the index of the reaction definition
 // that joins the set's reactions here (filled in place by `fill`).
 template <class Record, class Fill>
-Record& AddWithDefinition(double logK, double conditionalLogK, std::vector<Record>& list, SetRecords& records,
-                          const Fill& fill) {
-    ReactionDefinition& definition = records.reactions.emplace_back();
+Record& AddWithDefinition(double logK, double conditionalLogK, std::vector<Record>& list,
+                          DefinitionFiler& definitions, const Fill& fill) {
+    ReactionDefinition& definition = definitions.Next();
     fill(definition);
     Record& record = list.emplace_back();
     record.logK = logK;
     record.conditionalLogK = conditionalLogK;
     record.literature = definition.literature;
-    record.reactionDefinition = static_cast<int32_t>(records.reactions.size()) - 1;
+    record.reactionDefinition = static_cast<int32_t>(definitions.Count()) - 1;
     return record;
 }
 
@@ -115,8 +118,9 @@ size_t GasRecordRoom(const ChemicalSystem& chem, const EquilibriumIndex& index) 
 
 }  // namespace
 
-SharedText LiteratureText(const ChemicalSystem& chem, int32_t reference) {
-    if (reference < 0 || reference >= chem.db().LiteratureReferenceCount()) return {};
+const SharedText& LiteratureText(const ChemicalSystem& chem, int32_t reference) {
+    static const SharedText none;
+    if (reference < 0 || reference >= chem.db().LiteratureReferenceCount()) return none;
     return chem.db().literature[reference];
 }
 
@@ -126,11 +130,11 @@ size_t CheckDefinitionRoom(const ChemicalSystem& chem, size_t solidCount) {
 }
 
 void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, const SharedText& solidNote,
-                    SetRecords& records) {
+                    DefinitionFiler& definitions, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
-    records.reactions.reserve(records.reactions.size() + solids.size());
+    definitions.Reserve(solids.size());
     records.solidChecks.reserve(records.solidChecks.size() + solids.size());
     TermPowers powers(chem);
     for (const int32_t e : solids) {
@@ -142,7 +146,7 @@ void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, co
         for (const auto [k, nu] : terms) product *= powers.Of(k, nu);
         const double conditional = ConditionalLogK(calc, eq);
 
-        SolidSaturation& solid = AddWithDefinition(eq.logK, conditional, records.solidChecks, records,
+        SolidSaturation& solid = AddWithDefinition(eq.logK, conditional, records.solidChecks, definitions,
                                                    [&](ReactionDefinition& definition) {
                                                        FillDefinition(chem, e, terms, 1, definition);
                                                        definition.note = solidNote;
@@ -152,13 +156,13 @@ void AddSolidChecks(const CalcContext& calc, std::span<const int32_t> solids, co
     }
 }
 
-void AddGasResults(const CalcContext& calc, SetRecords& records) {
+void AddGasResults(const CalcContext& calc, DefinitionFiler& definitions, SetRecords& records) {
     const ChemicalSystem& chem = calc.chem;
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(chem.db(), temporary);
     // room for all of them, so that filing one never moves the set's reactions
     const size_t room = GasRecordRoom(chem, index);
-    records.reactions.reserve(records.reactions.size() + room);
+    definitions.Reserve(room);
     records.gases.reserve(records.gases.size() + room);
     for (const int32_t e : EquilibriaOfType(chem.db(), EquilibriumType::Gas)) {
         const Equilibrium& eq = chem.db().equilibria[e];
@@ -171,9 +175,10 @@ void AddGasResults(const CalcContext& calc, SetRecords& records) {
         for (const auto [k, nu] : terms) {
             const Component& ligand = chem.db().components[k];
             if (ligand.type != ComponentType::Ligand || !chem.placement[k].inInput) continue;
-            GasResult& gas = AddWithDefinition(eq.logK, conditional, records.gases, records, [&](ReactionDefinition& d) {
+            const auto fill = [&](ReactionDefinition& d) {
                 FillDefinition(chem, e, terms, static_cast<int32_t>(eq.linkedCoefficient), d);
-            });
+            };
+            GasResult& gas = AddWithDefinition(eq.logK, conditional, records.gases, definitions, fill);
             gas.name = eq.name + " / " + ligand.name + ChargeSuffix(ligand.charge);
             gas.partialPressure = pressure;
             gas.ligandConcentration = FreeValue(chem, k, 1) * calc.state.bulkFraction;
