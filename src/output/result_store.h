@@ -28,6 +28,9 @@ enum RecordKind : int32_t {
 inline constexpr int32_t kRecordKindCount = 7;
 
 // The parts of a set that exist once per set.
+// ResetResultStore(store, spare) empties set 0 member by member, so that the
+// Other info keeps its storage for the next water: a member added here is
+// emptied there too.
 struct ResultSet {
     ResultHeader header;
     InputSnapshot snapshot;
