@@ -36,7 +36,9 @@ public:
     std::span<const EquilibriumTerm> Terms(int32_t equilibrium) const {
         return {terms_.data() + termStart_[equilibrium], terms_.data() + termStart_[equilibrium + 1]};
     }
-    // The equilibria of `type` filed under `component`, in ascending order.
+    // The equilibria of `type` filed under `component`, in ascending order,
+    // as records: the equilibrium, the count of its other components, then
+    // those components, so that a walk checks them without looking up terms.
     std::span<const int32_t> FiledUnder(int32_t component, EquilibriumType type) const {
         const size_t slot = Slot(component, TypeSlot(type));
         return {filed_.data() + filedStart_[slot], filed_.data() + filedStart_[slot + 1]};
@@ -66,7 +68,7 @@ private:
     std::vector<int32_t> termStart_;  // per equilibrium, one more at the end
     std::vector<EquilibriumTerm> terms_;
     std::vector<int32_t> filedStart_;  // per component and type slot, one more at the end
-    std::vector<int32_t> filed_;
+    std::vector<int32_t> filed_;  // records, see FiledUnder
     std::array<std::vector<int32_t>, kTypeSlots> withoutComponents_;
 };
 
