@@ -44,6 +44,9 @@ EquilibriumIndex::EquilibriumIndex(const Database& db)
         else
             filedCount[Slot(key[e], type)] += 1 + static_cast<int32_t>(Terms(e).size());  // e, count, the others
     }
+    for (int32_t c = 0; c < componentCount_; ++c)
+        for (int32_t type = 0; type < kTypeSlots; ++type)
+            if (filedCount[Slot(c, type)] > 0) keys_[type].push_back(c);
     filedStart_.assign(filedCount.size() + 1, 0);
     for (size_t k = 0; k < filedCount.size(); ++k) filedStart_[k + 1] = filedStart_[k] + filedCount[k];
     filed_.resize(filedStart_.back());
@@ -87,8 +90,7 @@ void EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type, std::ve
     auto ofType = [&](int32_t e) { return e >= range.first && e <= range.last && db.equilibria[e].type == type; };
     for (int32_t e : index.WithoutComponents(type))
         if (ofType(e)) found.push_back(e);
-    const int32_t componentCount = db.ComponentCount();
-    for (int32_t c = 0; c < componentCount; ++c) {
+    for (const int32_t c : index.Keys(type)) {
         if (!placement[c].inInput) continue;
         const std::span<const int32_t> records = index.FiledUnder(c, type);
         for (const int32_t* r = records.data(); r != records.data() + records.size();) {

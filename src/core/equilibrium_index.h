@@ -43,6 +43,8 @@ public:
         const size_t slot = Slot(component, TypeSlot(type));
         return {filed_.data() + filedStart_[slot], filed_.data() + filedStart_[slot + 1]};
     }
+    // The components with equilibria of `type` filed under them, ascending.
+    std::span<const int32_t> Keys(EquilibriumType type) const { return keys_[TypeSlot(type)]; }
     // Equilibria of `type` without any component (formed whatever the water
     // holds), in ascending order.
     std::span<const int32_t> WithoutComponents(EquilibriumType type) const {
@@ -70,6 +72,7 @@ private:
     std::vector<int32_t> filedStart_;  // per component and type slot, one more at the end
     std::vector<int32_t> filed_;  // records, see FiledUnder
     std::array<std::vector<int32_t>, kTypeSlots> withoutComponents_;
+    std::array<std::vector<int32_t>, kTypeSlots> keys_;
 };
 
 // The index of `db`, built (and kept in `db`) when it has none or one of
