@@ -26,7 +26,8 @@ void SetInputFlags(CalcContext& ctx) {
     st.hydroxideReference = inputs[chem.db().hydroxideIndex].inputValue;
     st.redoxProtonFlag = false;
     const int32_t count = chem.db().ComponentCount();
-    for (int32_t i = 0; i < count; ++i) {
+    const TypeRange gases = chem.db().componentRange[ComponentType::Gas];
+    for (int32_t i = gases.first; !gases.empty() && i <= gases.last && i < count; ++i) {
         const Component& c = chem.db().components[i];
         if (c.type == ComponentType::Gas && placement[i].inInput && c.linkedLigand > 0)
             placement[c.linkedLigand].inInput = true;

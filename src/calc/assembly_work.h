@@ -38,14 +38,21 @@ public:
     size_t size() const { return rows_; }
     size_t Width() const { return width_; }
     // Appends a row of zeros.
-    void AddRow() { cells_.resize(++rows_ * width_, 0); }
-    void pop_back() { cells_.resize(--rows_ * width_); }
+    void AddRow() {
+        const size_t end = (rows_ + 1) * width_;
+        if (end > cells_.size())
+            cells_.resize(std::max(end, 2 * cells_.size()));  // zeros, and some rows ahead
+        else
+            std::fill_n(cells_.data() + rows_ * width_, width_, 0);
+        ++rows_;
+    }
+    void pop_back() { --rows_; }
     // Gives every row `width` columns, the new ones zero.
     void Widen(size_t width);
     void Reserve(size_t rows, size_t width);
 
 private:
-    std::vector<int32_t> cells_;
+    std::vector<int32_t> cells_;  // the rows, then room for more (contents undefined)
     size_t rows_ = 0;
     size_t width_ = 0;
 };

@@ -119,8 +119,11 @@ template <class Keep>
 void SpeciesTermList::Add(const ChemicalSystem& chem, int32_t s, Keep keep) {
     const int32_t count = static_cast<int32_t>(chem.species.size());
     species.push_back(s);
-    for (int32_t e = 0; e < chem.species[s].componentTerms; ++e) {
-        const CompositionTerm& term = chem.composition[Position(s, e, count)];
+    // read once: the appends below could otherwise alias the species record
+    const int32_t termCount = chem.species[s].componentTerms;
+    const CompositionTerm* composition = chem.composition.data();
+    for (int32_t e = 0; e < termCount; ++e) {
+        const CompositionTerm& term = composition[Position(s, e, count)];
         if (keep(term)) terms.push_back(term);
     }
     start.push_back(static_cast<int32_t>(terms.size()));

@@ -42,14 +42,23 @@ EquilibriumIndex::EquilibriumIndex(const Database& db)
         if (key[e] < 0)
             withoutComponents_[type].push_back(e);
         else
-            ++filedCount[Slot(key[e], type)];
+            filedCount[Slot(key[e], type)] += 1 + static_cast<int32_t>(Terms(e).size());  // e, count, the others
     }
+    for (int32_t c = 0; c < componentCount_; ++c)
+        for (int32_t type = 0; type < kTypeSlots; ++type)
+            if (filedCount[Slot(c, type)] > 0) keys_[type].push_back(c);
     filedStart_.assign(filedCount.size() + 1, 0);
     for (size_t k = 0; k < filedCount.size(); ++k) filedStart_[k + 1] = filedStart_[k] + filedCount[k];
     filed_.resize(filedStart_.back());
     fill.assign(filedStart_.begin(), filedStart_.end() - 1);
-    for (int32_t e = 0; e < equilibriumCount_; ++e)
-        if (key[e] >= 0) filed_[fill[Slot(key[e], TypeSlot(db.equilibria[e].type))]++] = e;
+    for (int32_t e = 0; e < equilibriumCount_; ++e) {
+        if (key[e] < 0) continue;
+        int32_t& at = fill[Slot(key[e], TypeSlot(db.equilibria[e].type))];
+        filed_[at++] = e;
+        filed_[at++] = static_cast<int32_t>(Terms(e).size()) - 1;
+        for (const EquilibriumTerm& t : Terms(e))
+            if (t.component != key[e]) filed_[at++] = t.component;
+    }
 }
 
 bool EquilibriumIndex::Fits(const Database& db) const {
@@ -76,16 +85,23 @@ void EquilibriaInInput(const ChemicalSystem& chem, EquilibriumType type, std::ve
     found.reserve(std::min<size_t>(static_cast<size_t>(range.last - range.first) + 1, 64));  // a typical water's
     std::optional<EquilibriumIndex> temporary;
     const EquilibriumIndex& index = FittingIndex(db, temporary);
-    auto consider = [&](int32_t e) {
-        if (e < range.first || e > range.last || db.equilibria[e].type != type) return;
-        for (const EquilibriumTerm& t : index.Terms(e))
-            if (!chem.placement[t.component].inInput) return;
-        found.push_back(e);
-    };
-    for (int32_t e : index.WithoutComponents(type)) consider(e);
-    for (int32_t c = 0; c < db.ComponentCount(); ++c)
-        if (chem.placement[c].inInput)
-            for (int32_t e : index.FiledUnder(c, type)) consider(e);
+    const ComponentPlacement* placement = chem.placement.data();
+    // the type is checked last: most candidates fail on a component first
+    auto ofType = [&](int32_t e) { return e >= range.first && e <= range.last && db.equilibria[e].type == type; };
+    for (int32_t e : index.WithoutComponents(type))
+        if (ofType(e)) found.push_back(e);
+    for (const int32_t c : index.Keys(type)) {
+        if (!placement[c].inInput) continue;
+        const std::span<const int32_t> records = index.FiledUnder(c, type);
+        for (const int32_t* r = records.data(); r != records.data() + records.size();) {
+            const int32_t e = r[0];
+            const int32_t* other = r + 2;
+            const int32_t* end = other + r[1];
+            r = end;
+            while (other != end && placement[*other].inInput) ++other;
+            if (other == end && ofType(e)) found.push_back(e);
+        }
+    }
     std::sort(found.begin(), found.end());
 }
 

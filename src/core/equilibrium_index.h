@@ -36,11 +36,15 @@ public:
     std::span<const EquilibriumTerm> Terms(int32_t equilibrium) const {
         return {terms_.data() + termStart_[equilibrium], terms_.data() + termStart_[equilibrium + 1]};
     }
-    // The equilibria of `type` filed under `component`, in ascending order.
+    // The equilibria of `type` filed under `component`, in ascending order,
+    // as records: the equilibrium, the count of its other components, then
+    // those components, so that a walk checks them without looking up terms.
     std::span<const int32_t> FiledUnder(int32_t component, EquilibriumType type) const {
         const size_t slot = Slot(component, TypeSlot(type));
         return {filed_.data() + filedStart_[slot], filed_.data() + filedStart_[slot + 1]};
     }
+    // The components with equilibria of `type` filed under them, ascending.
+    std::span<const int32_t> Keys(EquilibriumType type) const { return keys_[TypeSlot(type)]; }
     // Equilibria of `type` without any component (formed whatever the water
     // holds), in ascending order.
     std::span<const int32_t> WithoutComponents(EquilibriumType type) const {
@@ -66,8 +70,9 @@ private:
     std::vector<int32_t> termStart_;  // per equilibrium, one more at the end
     std::vector<EquilibriumTerm> terms_;
     std::vector<int32_t> filedStart_;  // per component and type slot, one more at the end
-    std::vector<int32_t> filed_;
+    std::vector<int32_t> filed_;  // records, see FiledUnder
     std::array<std::vector<int32_t>, kTypeSlots> withoutComponents_;
+    std::array<std::vector<int32_t>, kTypeSlots> keys_;
 };
 
 // The index of `db`, built (and kept in `db`) when it has none or one of
