@@ -13,13 +13,13 @@ void InfoBlock::HoldRows(size_t rows) {
     if (rowKeys.capacity() == 0) {
         rowKeys.reserve(std::max(rows, kUsualRows));
         writtenColumns_.reserve(std::max(rows, kUsualRows));
-        cells.reserve(std::max(rows, kUsualRows) * kInfoColumns);
+        cells_.reserve(std::max(rows, kUsualRows) * kInfoColumns);
     }
     while (rowKeys.size() < rows) {
         rowKeys.push_back(0);
         writtenColumns_.push_back(0);
     }
-    while (cells.size() < rows * kInfoColumns) cells.emplace_back();
+    while (cells_.size() < rows * kInfoColumns) cells_.emplace_back();
 }
 
 void InfoBlock::Empty(const NumberFormats& numberFormats, const DecimalSeparator& decimalSeparator) {
@@ -38,7 +38,7 @@ const InfoCell* InfoBlock::FindCell(int32_t column, int32_t row) const {
     if (column < 0 || column >= kInfoColumns || row < 0 || static_cast<size_t>(row) >= rowKeys.size()) return nullptr;
     static const InfoCell kUnwritten;
     if ((writtenColumns_[static_cast<size_t>(row)] & (1u << column)) == 0) return &kUnwritten;
-    return &cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
+    return &cells_[static_cast<size_t>(Position(column, row, kInfoColumns))];
 }
 
 std::string InfoBlock::Shown(const InfoCell& cell) const {

@@ -36,11 +36,6 @@ struct InfoBlock {
     std::string gridHeader;  // column titles separated by ","
     int32_t columnCount = 0;
     int32_t rowCount = 0;
-    // row r, column c at Position(c, r, kInfoColumns) for the rows held
-    // (one per row key). Only the cells written since their row was added
-    // are part of the grid (see FindCell); the others, and the cells beyond
-    // the rows held, are room kept from an earlier build.
-    std::vector<InfoCell> cells;
     std::vector<int64_t> rowKeys;  // one per row held
     NumberFormats formats;         // the formats of the numeric cells
     DecimalSeparator separator;
@@ -49,7 +44,7 @@ struct InfoBlock {
     // cell not written before is empty.
     InfoCell& Cell(int32_t column, int32_t row) {
         if (static_cast<size_t>(row) >= rowKeys.size()) HoldRows(static_cast<size_t>(row) + 1);
-        InfoCell& cell = cells[static_cast<size_t>(Position(column, row, kInfoColumns))];
+        InfoCell& cell = cells_[static_cast<size_t>(Position(column, row, kInfoColumns))];
         uint16_t& written = writtenColumns_[static_cast<size_t>(row)];
         const uint16_t bit = static_cast<uint16_t>(1u << column);
         if ((written & bit) == 0) {  // room: emptied as a new cell, its text keeping its storage
@@ -74,6 +69,12 @@ struct InfoBlock {
 private:
     // Grows the grid to `rows` rows of unwritten cells with key 0.
     void HoldRows(size_t rows);
+    // row r, column c at Position(c, r, kInfoColumns) for the rows held
+    // (one per row key). Only the cells written since their row was added
+    // are part of the grid, and readers see them through FindCell; the
+    // others, and the cells beyond the rows held, are room kept from an
+    // earlier build.
+    std::vector<InfoCell> cells_;
     std::vector<uint16_t> writtenColumns_;  // per row held: bit c once column c was written
 };
 

@@ -104,6 +104,8 @@ struct SpeciesResult {
     double saturationValue = 0;  // precipitated solids only
 };
 
+// DefinitionFiler::Next empties a reused definition member by member, so that
+// its texts keep their storage: a member added here is emptied there too.
 struct ReactionDefinition {
     std::array<ReactionEntry, kMaxReactionEntries> reactants{};
     std::array<ReactionEntry, kMaxReactionEntries> products{};
