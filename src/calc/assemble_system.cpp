@@ -26,11 +26,9 @@ void SetInputFlags(CalcContext& ctx) {
     st.hydroxideReference = inputs[chem.db().hydroxideIndex].inputValue;
     st.redoxProtonFlag = false;
     const int32_t count = chem.db().ComponentCount();
-    const TypeRange gases = chem.db().componentRange[ComponentType::Gas];
-    for (int32_t i = gases.first; !gases.empty() && i <= gases.last && i < count; ++i) {
+    for (const int32_t i : ComponentsOfType(chem.db(), ComponentType::Gas)) {
         const Component& c = chem.db().components[i];
-        if (c.type == ComponentType::Gas && placement[i].inInput && c.linkedLigand > 0)
-            placement[c.linkedLigand].inInput = true;
+        if (placement[i].inInput && c.linkedLigand > 0) placement[c.linkedLigand].inInput = true;
     }
     if (ctx.input.redox) {
         for (int32_t i = 0; i < count; ++i) {
@@ -115,12 +113,10 @@ void AddElectron(AssemblyWork& w) {
 // ligand becomes a species formed from the gas (and H+).
 void AddGases(AssemblyWork& w) {
     ChemicalSystem& chem = w.chem;
-    const TypeRange range = chem.db().componentRange[ComponentType::Gas];
-    if (range.empty()) return;
     const double temperature = w.ctx.input.temperature;
-    for (int32_t g = range.first; g <= range.last; ++g) {
+    for (const int32_t g : ComponentsOfType(chem.db(), ComponentType::Gas)) {
         const Component& gas = chem.db().components[g];
-        if (gas.type != ComponentType::Gas || !chem.placement[g].inInput) continue;
+        if (!chem.placement[g].inInput) continue;
         w.placed[g] = 1;
         const int32_t j = w.NewSystemComponent();
         {

@@ -124,44 +124,54 @@ struct Database {
     int32_t FindEquilibrium(std::string_view name) const;
 };
 
-// The equilibria of `type` in ascending order: those within the type's range
-// that are of that type. Used as `for (int32_t e : EquilibriaOfType(db, t))`.
-class EquilibriaOfType {
+// The indices of the records of `type` in ascending order: those within the
+// type's range that are of that type. Used as
+// `for (int32_t e : EquilibriaOfType(db, t))` or `ComponentsOfType(db, t)`.
+template <class Record, class Type>
+class RecordsOfType {
 public:
-    EquilibriaOfType(const Database& db, EquilibriumType type) : db_(db), type_(type) {
-        const TypeRange range = db.equilibriumRange[type];
+    RecordsOfType(const std::vector<Record>& records, TypeRange range, Type type) : records_(records), type_(type) {
+        const int32_t count = static_cast<int32_t>(records.size());
         first_ = range.empty() ? 0 : std::max(range.first, 0);
-        end_ = range.empty() ? first_ : std::clamp(range.last + 1, first_, db.EquilibriumCount());
+        end_ = range.empty() ? first_ : std::clamp(range.last + 1, first_, std::max(first_, count));
     }
 
     class Iterator {
     public:
-        Iterator(const EquilibriaOfType& all, int32_t e) : all_(all), e_(all.Next(e)) {}
-        int32_t operator*() const { return e_; }
+        Iterator(const RecordsOfType& all, int32_t i) : all_(all), i_(all.Next(i)) {}
+        int32_t operator*() const { return i_; }
         Iterator& operator++() {
-            e_ = all_.Next(e_ + 1);
+            i_ = all_.Next(i_ + 1);
             return *this;
         }
-        bool operator!=(const Iterator& other) const { return e_ != other.e_; }
+        bool operator!=(const Iterator& other) const { return i_ != other.i_; }
 
     private:
-        const EquilibriaOfType& all_;
-        int32_t e_;
+        const RecordsOfType& all_;
+        int32_t i_;
     };
     Iterator begin() const { return Iterator(*this, first_); }
     Iterator end() const { return Iterator(*this, end_); }
 
 private:
-    // The first equilibrium of the type at or after `e`, or the end.
-    int32_t Next(int32_t e) const {
-        while (e < end_ && db_.equilibria[static_cast<size_t>(e)].type != type_) ++e;
-        return e;
+    // The first record of the type at or after `i`, or the end.
+    int32_t Next(int32_t i) const {
+        while (i < end_ && records_[static_cast<size_t>(i)].type != type_) ++i;
+        return i;
     }
 
-    const Database& db_;
-    EquilibriumType type_;
+    const std::vector<Record>& records_;
+    Type type_;
     int32_t first_ = 0;
     int32_t end_ = 0;
 };
+
+inline RecordsOfType<Equilibrium, EquilibriumType> EquilibriaOfType(const Database& db, EquilibriumType type) {
+    return {db.equilibria, db.equilibriumRange[type], type};
+}
+
+inline RecordsOfType<Component, ComponentType> ComponentsOfType(const Database& db, ComponentType type) {
+    return {db.components, db.componentRange[type], type};
+}
 
 }  // namespace tormel
